@@ -32,8 +32,12 @@ public:
     // Time of the latest callback, or of `Start`, in units of 4 ms. Any thread.
     virtual int32_t Time() const = 0;
 
+    // As given to the constructor; only the walker's arithmetic has a use for them.
+    int Resolution() const { return _resolution; }
+    int Unit() const { return _unit; }
+
 protected:
-    // Dealers may be null and must outlive the clock. `resolution` and `unit` are only remembered.
+    // Dealers may be null and must outlive the clock.
     SoundClock(int resolution, int unit, ClockDealer* out, ClockDealer* in);
 
     ClockDealer* OutDealer() const { return _out; }

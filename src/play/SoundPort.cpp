@@ -1,0 +1,179 @@
+#include "play/SoundPort.h"
+
+#include <algorithm>
+#include <bit>
+#include <utility>
+
+#include "base/Assert.h"
+#include "base/Notify.h"
+#include "play/SoundClock.h"
+
+namespace corvane {
+namespace {
+
+// Status bytes less one, since channels count from 1.
+constexpr int kNoteOn = 0x8F;
+constexpr int kController = 0xAF;
+constexpr int kProgram = 0xBF;
+
+constexpr uint8_t kVolume = 7, kPan = 10, kPedal = 64, kAllNotesOff = 123;
+
+std::atomic<SoundPort*> _instance{nullptr};
+std::atomic<int16_t> thruPort{SoundPort::kNone};
+std::atomic<int16_t> thruChannel{SoundPort::kNone};
+std::atomic<bool> portError{false};
+
+SoundPort::Factory& TheFactory() {
+    static SoundPort::Factory factory;
+    return factory;
+}
+
+std::unique_ptr<SoundPort>& MadeByFactory() {
+    static std::unique_ptr<SoundPort> port;
+    return port;
+}
+
+}  // namespace
+
+void SoundPort::SetFactory(Factory factory) { TheFactory() = std::move(factory); }
+
+SoundPort* SoundPort::Existing() { return _instance.load(std::memory_order_acquire); }
+
+SoundPort* SoundPort::Instance() {
+    if (!Existing() && TheFactory()) MadeByFactory() = TheFactory()();
+    return Existing();
+}
+
+void SoundPort::Close() { MadeByFactory().reset(); }
+
+SoundPort::SoundPort() {
+    CORVANE_ASSERT(!_instance);
+    _instance.store(this, std::memory_order_release);
+}
+
+SoundPort::~SoundPort() { _instance = nullptr; }
+
+// The port tested is the one before: what goes to device 0 depends on the synthesiser being open.
+bool SoundPort::Passes(int16_t port, int channel) const {
+    if (channel < 1) return false;
+    if (port == kBuiltIn) return true;
+    return port >= 0 && port < std::min(Count(), kMaxDevices) && IsOpen(static_cast<int16_t>(port - 1));
+}
+
+void SoundPort::SendChecked(int16_t port, int status, int channel, int data1, int data2) {
+    AskedOf(port).channels.fetch_or(static_cast<uint16_t>(1u << (channel - 1)), std::memory_order_relaxed);
+    const auto byte = [](int v) { return static_cast<uint8_t>(v); };
+    if (!Send(port, byte(status + channel), byte(data1), byte(data2))) NoteError();
+}
+
+void SoundPort::SendNote(int16_t port, int channel, int pitch, int velocity) {
+    if (!Passes(port, channel) || channel > 16 || pitch < 0 || pitch > 127) return;
+    Asked& asked = AskedOf(port);
+    const auto index = static_cast<size_t>(channel - 1);
+    asked.channels.fetch_or(static_cast<uint16_t>(1u << index), std::memory_order_relaxed);
+    const auto loudness = static_cast<uint8_t>(std::clamp(velocity, 0, 127));
+    const bool sent =
+        Send(port, static_cast<uint8_t>(kNoteOn + channel), static_cast<uint8_t>(pitch), loudness);
+    // Noted behind the sending: a key that another thread's Silence misses still counts as sounding for the
+    // next.
+    std::atomic<uint64_t>& keys = asked.keys[index][static_cast<size_t>(pitch >> 6)];
+    const uint64_t key = uint64_t{1} << (pitch & 63);
+    if (loudness == 0)
+        keys.fetch_and(~key, std::memory_order_relaxed);
+    else if (sent)
+        keys.fetch_or(key, std::memory_order_relaxed);
+}
+
+void SoundPort::SetVolume(int16_t port, int channel, int volume) {
+    if (!Passes(port, channel)) return;
+    CORVANE_ASSERT(channel <= 16);
+    CORVANE_ASSERT(volume <= 127);
+    SendChecked(port, kController, channel, kVolume, std::max(volume, 0));
+}
+
+void SoundPort::SetPan(int16_t port, int channel, int pan) { SendController(port, channel, kPan, pan); }
+
+void SoundPort::SetInstrument(int16_t port, int channel, int instrument) {
+    if (!Passes(port, channel)) return;
+    CORVANE_ASSERT(channel <= 16);
+    CORVANE_ASSERT(instrument <= 128);
+    SendChecked(port, kProgram, channel, instrument - 1, 0);
+}
+
+void SoundPort::SendController(int16_t port, int channel, int controller, int value) {
+    if (!Passes(port, channel)) return;
+    CORVANE_ASSERT(channel <= 16);
+    CORVANE_ASSERT(controller >= 0 && controller <= 127);
+    CORVANE_ASSERT(value >= 0 && value <= 127);
+    SendChecked(port, kController, channel, controller, value);
+}
+
+void SoundPort::StopKeys(int16_t port) {
+    for (size_t channel = 0; channel < 16; ++channel)
+        for (size_t half = 0; half < 2; ++half) {
+            uint64_t keys = AskedOf(port).keys[channel][half].exchange(0, std::memory_order_relaxed);
+            for (; keys; keys &= keys - 1)
+                Send(port, static_cast<uint8_t>(kNoteOn + 1 + channel),
+                     static_cast<uint8_t>(half * 64 + static_cast<size_t>(std::countr_zero(keys))), 0);
+        }
+}
+
+void SoundPort::StopChannels(int16_t port) {
+    unsigned channels = AskedOf(port).channels.load(std::memory_order_relaxed);
+    for (; channels; channels &= channels - 1) {
+        const auto status = static_cast<uint8_t>(kController + 1 + std::countr_zero(channels));
+        Send(port, status, kPedal, 0);
+        Send(port, status, kAllNotesOff, 0);
+    }
+}
+
+void SoundPort::Silence() {
+    const int16_t count = std::min(Count(), kMaxDevices);
+    for (int16_t port = kBuiltIn; port < count; ++port) StopKeys(port);
+    for (int16_t port = kBuiltIn; port < count; ++port) StopChannels(port);
+    for (int16_t port = kBuiltIn; port < count; ++port)
+        if (IsOpen(port)) ResetDevice(port);
+}
+
+int16_t SoundPort::GetThruPort() { return thruPort; }
+void SoundPort::SetThruPort(int16_t port) { thruPort = port; }
+int16_t SoundPort::GetThruChannel() { return thruChannel; }
+void SoundPort::SetThruChannel(int16_t channel) { thruChannel = channel; }
+
+void SoundPort::RecordInput(uint32_t message) {
+    const InputFlags& flags = TheInputFlags();
+    if (!flags.ignore) {
+        const SoundClock* clock = SoundClock::Instance();
+        if (clock && flags.running)
+            _input.Push(message, static_cast<uint32_t>(clock->Time()));
+        else if (flags.mode == InputMode::Step)
+            _input.Push(message, 0);
+    }
+    EchoInput(message);
+}
+
+void SoundPort::EchoInput(uint32_t message) {
+    const int16_t port = thruPort;
+    if (port == kNone) return;
+    const bool noteOff = (message & 0xF0) == 0x80;
+    SendNote(port, thruChannel, message >> 8 & 0xFF, noteOff ? 0 : static_cast<int>(message >> 16 & 0xFF));
+}
+
+void SoundPort::NoteError() { portError.store(true, std::memory_order_relaxed); }
+
+void SoundPort::PollError() {
+    static bool shown = false;
+    if (shown || !portError.exchange(false, std::memory_order_relaxed)) return;
+    shown = true;
+    Notify(Severity::Message, "MIDI device already in use.");
+}
+
+void SoundPort::PollSilence() {
+    static bool shown = false;
+    const SoundPort* port = Existing();
+    if (shown || !port || !port->IsSilent()) return;
+    shown = true;
+    Notify(Severity::Message, "There is no sound card: playing is silent.");
+}
+
+}  // namespace corvane
