@@ -121,7 +121,7 @@ public:
     // Fills what lies between the edges p1-p2 and p3-p4, neither p2 above p1 nor p4 above p3: corners p1 p2
     // p4 p3.
     void DrawThickLine(Point p1, Point p2, Point p3, Point p4);
-    // A cubic from p1 to p4 with the control points p2 and p3, as a polyline.
+    // A cubic from p1 to p4 with the control points p2 and p3.
     void DrawCurve(Point p1, Point p2, Point p3, Point p4);
     // Joined cubics: a start, then three points each. 1 + 3n points.
     void DrawBezier(const std::vector<Point>& points);
@@ -193,14 +193,15 @@ protected:
     PenPattern Pattern() const { return _penPattern; }
 
 private:
-    bool Recorded(Path::Call call);
-    bool Tracing() const { return _trace != nullptr; }
-    void Trace(const char* what, std::initializer_list<int64_t> numbers, std::string_view tail = {});
+    void Trace(const char* what, const std::vector<int64_t>& numbers, const std::string& tail);
     std::string FontTail() const;
+    std::string PenTail() const;
+    std::string FillTail() const;
     DevicePoint Exact(Point p) const;
     DeviceRect Exact(const Rect& rect) const;
     std::vector<DevicePoint> Exact(const std::vector<Point>& points) const;
     double PenWidth() const;
+    double ExactFontSize() const;
     Point RegionShift() const;
     void ClipMoved();
     void PaintRegionAs(const WRegion& region, bool invert);

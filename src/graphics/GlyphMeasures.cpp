@@ -1,0 +1,19 @@
+#include "graphics/GlyphMeasures.h"
+
+#include "base/Assert.h"
+
+namespace corvane {
+namespace {
+
+GlyphMeasures* theMeasures = nullptr;
+
+}  // namespace
+
+void SetGlyphMeasures(GlyphMeasures* measures) { theMeasures = measures; }
+
+GlyphMeasures& TheGlyphMeasures() {
+    CORVANE_ASSERT(theMeasures);
+    return *theMeasures;
+}
+
+}  // namespace corvane
