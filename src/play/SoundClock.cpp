@@ -21,7 +21,6 @@ ManualClock::ManualClock(int resolution, int unit, ClockDealer* out, ClockDealer
     : SoundClock(resolution, unit, out, in) {}
 
 void ManualClock::Start() {
-    if (_armed) return;
     _time = static_cast<int32_t>(_milliseconds / 4);
     _armed = true;
 }

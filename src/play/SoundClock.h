@@ -23,7 +23,7 @@ public:
     SoundClock(const SoundClock&) = delete;
     SoundClock& operator=(const SoundClock&) = delete;
 
-    // Reads the time and begins the chain; nothing while one runs.
+    // Reads the time and begins the chain, in place of one that still runs.
     virtual void Start() = 0;
     virtual void EnableOut() = 0;
     virtual void EnableIn() = 0;
