@@ -55,15 +55,28 @@ private:
     std::array<void*, level::kCount> _levels{};
 };
 
+// The same path seen at another level; what lies below that level stays and is ignored.
+template <class Crd>
+Crd Slice(const TarnCrd& path) {
+    Crd crd;
+    static_cast<TarnCrd&>(crd) = path;
+    return crd;
+}
+
+// Fills every empty level above the lowest filled ones by walking source links upward.
+void CompleteUpward(TarnCrd& path);
+
 // A level: its object under a path that already holds what lies above it. The required upper level is asserted.
-#define CORVANE_CRD(Name, Parent, Object)                       \
-    class Name : public Parent {                                \
-    public:                                                     \
-        Name() = default;                                       \
-        Name(const Parent& above, Object* object) : Parent(above) { Set<Object>(object); }
+#define CORVANE_CRD(Name, Parent, Class)                                                    \
+    class Name : public Parent {                                                            \
+    public:                                                                                 \
+        using Object = Class;                                                               \
+        Name() = default;                                                                   \
+        Name(const Parent& above, Class* object) : Parent(above) { Set<Class>(object); }
 
 class DocCrd : public TarnCrd {
 public:
+    using Object = Document;
     DocCrd() = default;
     explicit DocCrd(Document* document) { Set<Document>(document); }
 };
