@@ -1,0 +1,23 @@
+// From a press on the page to the handler of the current tool.
+#pragma once
+
+#include "edit/WindowTarn.h"
+
+namespace corvane {
+
+enum Modifier : uint32_t { kShift = 1, kCtrl = 2, kAlt = 4 };
+
+// A press at absolute page units of the window's current page. Nothing happens while playing.
+void MouseDown(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers);
+// A typed character; those from 32 to 115 act, letters in both cases.
+void KeyChar(WindowTarn& window, char character);
+
+// The system, staff and measure under a point; the walks always end on one. y on the boundary belongs to the lower
+// system; the gap is shared in proportion to the heights. A page without systems, or a system without staves or
+// measures, gives null.
+System* FindSystem(const Page* page, int32_t y);
+Staff* FindStaff(const System* system, int32_t y);
+Measure* FindMeasure(const System* system, int32_t x);
+MeasureStaff* FindMeasureStaff(const System* system, Point p);
+
+}  // namespace corvane

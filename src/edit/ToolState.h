@@ -1,0 +1,45 @@
+// What the person holds: tool, palettes and their items, voice. Process-wide; survives a change of window.
+#pragma once
+
+#include <cstdint>
+
+namespace corvane {
+
+inline constexpr int32_t ModeArrow = 1, ModePencil = 2, ModeEraser = 3;
+
+struct ToolState {
+    int32_t toolMode = ModePencil;
+    uint16_t currentVoice = 0;    // 0 for all; whoever needs one voice reads it as 1
+    uint8_t paletteGroup = 1;
+    uint16_t items[12] = {0, 9, 1, 1, 1, 1, 1, 1, 1, 0, 0, 1};  // current item of each group; notes start with an eighth
+    bool graceMode = false, accidentParenthesis = false, ornamentParenthesis = false;
+
+    uint16_t NoteItem() const { return items[1]; }
+    int OneVoice() const { return currentVoice ? currentVoice : 1; }
+    bool AllVoices() const { return currentVoice == 0; }
+};
+
+ToolState& Tools();
+
+// A run of play-back is on: presses and keys are shut off. Written on the main thread, read anywhere.
+bool IsPlaying();
+void SetPlaying(bool playing);
+
+// Switches read by insertion, from the document's preferences and the menus.
+struct EditSwitches {
+    bool autoSpace = true, autoBeam = true, playbackNotes = true, deleteNotesToRests = true;
+    int16_t accidentalScope = 1;
+};
+EditSwitches& Switches();
+
+// Each does nothing while playing, and tells the active window's shell.
+void SetToolMode(int32_t mode);
+void ApplyToolMode();
+void SetPaletteGroup(uint8_t group);
+void SetItem(uint16_t item);
+void SetCurrentVoice(uint16_t voice);
+void ToggleGrace();
+void ToggleAccidentParenthesis();
+void ToggleOrnamentParenthesis();
+
+}  // namespace corvane
