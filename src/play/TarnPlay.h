@@ -1,0 +1,138 @@
+// Plays a score by walking its measures: each clock callback fires the time elements that are due, and beside
+// them a click. Ticks are the clock's units of 4 ms; a quarter at 60 lasts 240 of them.
+//
+// Main thread makes, starts and destroys; `Tick` comes on the clock's thread, allocates nothing, locks
+// nothing and only reads the score, which nobody may edit meanwhile. Destroy the clock first.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+#include "play/MeasureClock.h"
+#include "play/PlayWalk.h"
+
+namespace corvane {
+
+class SoundPort;
+
+inline constexpr int kNormalResolution = 240;  // ticks of a quarter at 60
+inline constexpr int kLeadTicks = 120;         // from the press of play to the first beat
+
+// Ticks of a quarter for the tempo slider's place, 0 (ten times slower) to 200 (ten times faster).
+int ResolutionOfSlider(int place);
+
+// What passes between the walker and the main thread's idle tick.
+struct PlayFlags {
+    std::atomic<bool> playing{false};       // play is wanted; cleared to ask for a stop, and at the end
+    std::atomic<bool> clockRunning{false};  // the clock calls the walker
+    std::atomic<bool> stop{false};          // the walker has come to its end
+    std::atomic<bool> recording{false};
+};
+PlayFlags& ThePlayFlags();
+// A score plays in this program: no edit may run.
+bool IsPlaying();
+
+struct ClickSettings {
+    bool on = false;
+    int16_t port = -10;  // -10 for none
+    int channel = 10;
+    int barPitch = 76, barVolume = 127, barDuration = 6;  // durations in sixtieths of a second
+    int beatPitch = 77, beatVolume = 100, beatDuration = 6;
+    int countOffMeasures = 0;
+    bool muteAfterCountOff = false;
+};
+
+// Told on the clock's thread: may set atomics, nothing else.
+class PlayListener {
+public:
+    virtual ~PlayListener() = default;
+    virtual void Counter(const Measure*, int /*beat, from 1*/) {}
+    virtual void Elapsed(int32_t /*ticks since the count-off*/) {}
+    virtual void TempoChanged(const Measure*, int /*figure*/, int /*bpm*/) {}
+    virtual void MoveCursor(const Measure*, int /*beat, from 0*/) {}
+    virtual void NewBar() {}
+    virtual void Click(const Measure*, int /*beat, from 0*/, bool /*on*/) {}
+};
+
+class TarnPlay {
+public:
+    // Sends programs and volumes. `listener` may be null; both must outlive the walker.
+    void Init(const Document* document, SoundPort* port, int resolution, const ClickSettings& click = {},
+              PlayListener* listener = nullptr);
+    // From a measure on, null for the first; `time` is the clock's. False, with the play flag cleared, where
+    // no element is to come and nothing is recorded.
+    bool Start(int32_t time, const Measure* from = nullptr);
+    void Tick(int32_t time);
+
+    // `Tick` may be called.
+    bool IsReady() const { return _ready; }
+    // From the next tick on. Any thread.
+    void SetResolution(int ticks) { _askedResolution = ticks; }
+    // Reads the tempo in force at the current measure anew, at the next tick. Any thread.
+    void ApplyTempoAtCursor() { _askedTempo = true; }
+
+private:
+    struct Pickup {
+        bool has = false, pending = false;
+        const Measure* measure = nullptr;
+        double beat = 0, correction = 0;
+        int32_t offset = 0;
+    };
+
+    void SendPrograms();
+    bool BeginEvents(const Measure* from);
+    void ResetTempo();
+
+    void FireDue();
+    void Fire(const TimeElement* element);
+    void PlayEvents(const TimeElement* element);
+    bool IsSimultaneous(const Measure* m1, const TimeElement* e1, const Measure* m2, const TimeElement* e2);
+    const TimeElement* NextElement(const TimeElement* element);
+    const TimeElement* FirstElementFromHere();
+    void EnterEvents(const Measure* measure);
+    double DueTime(const TimeElement* element) const;
+    void EndOfScore();
+
+    void ApplyTempo(const Tempo* tempo);
+    const Measure* NextMeasureOf(Lane& lane);
+    void TakeRequests();
+    void ChangeResolution(int ticks);
+
+    void SetUpClick(const Measure* from);
+    void SetUpCountOff(const Measure* from);
+    void ClickAction();
+    void SendClick();
+    void TellClick();
+    int32_t NextClickTime();
+    void LeaveClickMeasure();
+    bool CountOffIsOver() const { return _countOffBeats < 1; }
+
+    const Document* _doc = nullptr;
+    SoundPort* _port = nullptr;
+    PlayListener* _listener = nullptr;
+    ClickSettings _settings;
+    bool _hasSolo = false;
+
+    Lane _events, _click;
+    int32_t _now = 0;  // clock value less the count-off
+    const TimeElement* _currentEvent = nullptr;
+    double _eventTime = 0;
+    TimePlace _last;  // of the element that fired last
+    bool _overrun = false;
+    bool _tempoTold = false;  // a tempo has been applied in this play
+
+    bool _clickReady = false, _clickOnNext = false, _clickIsBeat = false;
+    int32_t _clickNextTime = 0;
+    int _clickBeatIndex = 0;
+    int32_t _countOffBeats = 0, _countOffTicks = 0;
+    int _countOffMeasures = 0;
+    Pickup _pickup;
+    bool _firstTick = false;
+    int32_t _startTime = 0;
+
+    std::atomic<bool> _ready{false};
+    std::atomic<int> _askedResolution{0};  // 0 for none
+    std::atomic<bool> _askedTempo{false};
+};
+
+}  // namespace corvane
