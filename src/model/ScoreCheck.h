@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/Status.h"
-#include "store/Verifier.h"
+#include "store/ObjectFile.h"
 
 namespace corvane {
 
@@ -19,9 +19,8 @@ std::vector<Finding> CheckScore(const NewMemoryPool& pool, std::span<const void*
                                 size_t limit = 20);
 
 // A whole score from the bytes of a file: LoadScore, then the same proof. Counts and numbers that the score
-// itself tells are set right and told in `healed`; other faults refuse the file ("Invalid file") and leave
+// itself tells are set right and told in the report; other faults refuse the file ("Invalid file") and leave
 // the pool empty.
-Status ReadScore(NewMemoryPool& pool, std::span<const uint8_t> bytes,
-                 std::vector<std::string>* healed = nullptr);
+Status ReadScore(NewMemoryPool& pool, std::span<const uint8_t> bytes, LoadReport* report = nullptr);
 
 }  // namespace corvane
