@@ -84,6 +84,25 @@ CORVANE_SIZE(Linea, 52);
 CORVANE_SIZE(CompositeObj, 34);
 CORVANE_SIZE(Quadrato, 48);
 CORVANE_SIZE(Cerchio, 46);
+CORVANE_SIZE(MeasurePreferences, 64);
+CORVANE_SIZE(IrregPref, 46);
+CORVANE_SIZE(ConnectionPref, 36);
+CORVANE_SIZE(RipetitionPref, 36);
+CORVANE_SIZE(PagePref, 70);
+CORVANE_SIZE(NotePref, 94);
+CORVANE_SIZE(VoicePref, 48);
+CORVANE_SIZE(TimeMeasurePref, 72);
+CORVANE_SIZE(StangPref, 36);
+CORVANE_SIZE(TiePref, 36);
+CORVANE_SIZE(GracePref, 44);
+CORVANE_SIZE(AuxNotePref, 88);
+CORVANE_SIZE(PowerEditPref, 38);
+CORVANE_SIZE(TextPref, 34);
+CORVANE_SIZE(LirichePref, 32);
+CORVANE_SIZE(ToolbarPref, 40);
+CORVANE_SIZE(ExtractionPref, 36);
+CORVANE_SIZE(PalettePref, 64);
+CORVANE_SIZE(StaffPref, 28);
 #undef CORVANE_SIZE
 
 }  // namespace corvane
