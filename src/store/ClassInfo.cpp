@@ -61,19 +61,20 @@ std::vector<SwapField> ParsePlan(const char* text) {
     return plan;
 }
 
-// The classes that a whole-object word names.
 constexpr struct {
     const char* word;
-    int16_t target;
-} kTargets[] = {{"str", -1}, {"raw", -1},      {"any", 0},   {"sym", 0},    {"font", 12},
-                {"record", 16}, {"docstaff", 16}, {"time", 32}, {"staff", 0}};
+    Aim aim;
+} kAims[] = {{"str", Aim::Text},         {"raw", Aim::Raw},     {"any", Aim::Any},
+             {"sym", Aim::Symbol},       {"font", Aim::Font},   {"record", Aim::Record},
+             {"time", Aim::Time},        {"staff", Aim::Staff}, {"text", Aim::GenericText},
+             {"docstaff", Aim::DocStaff}};
 
 LinkField ParseLink(std::string_view item) {
-    LinkField link{TakeNumber(item), LinkRole::Whole, 0, 0, 0, 0};
+    LinkField link{TakeNumber(item), LinkRole::Whole, 0, 0, 0, Aim::Any};
     item.remove_prefix(1);
-    for (const auto& t : kTargets)
-        if (item == t.word) {
-            link.target = t.target;
+    for (const auto& a : kAims)
+        if (item == a.word) {
+            link.aim = a.aim;
             return link;
         }
     const char* roles = "NPST";
@@ -121,7 +122,8 @@ void Administrator::Rebind(void* object, const ClassInfo& info) {
 }
 
 void Administrator::SwapBytes(void* object, const ClassInfo& info) {
-    for (const SwapField& field : info.plan) ReverseBytes(static_cast<uint8_t*>(object) + field.offset, field.width);
+    for (const SwapField& field : info.plan)
+        ReverseBytes(static_cast<uint8_t*>(object) + field.offset, field.width);
 }
 
 void CreateClassTable(int capacity) {
@@ -138,9 +140,9 @@ void RegisterClass(const ClassRow& row, Administrator* creator) {
     CORVANE_ASSERT_AS(_infoArray, "_infoArray");
     CORVANE_ASSERT_AS(ClassCount() < _infoArray->capacity, "next - 1 < size");
     CORVANE_ASSERT(row.number == ClassCount() + 1);
-    auto info = std::make_unique<ClassInfo>(ClassInfo{row.number, row.name, row.size, ParsePointers(row.pointers),
-                                                      ParsePlan(row.plan), ParseLinks(row.links), row.secondWord,
-                                                      creator ? creator : &plain});
+    auto info = std::make_unique<ClassInfo>(
+        ClassInfo{row.number, row.name, row.size, ParsePointers(row.pointers), ParsePlan(row.plan),
+                  ParseLinks(row.links), row.secondWord, creator ? creator : &plain});
     _infoArray->numbers.emplace(row.name, row.number);
     _infoArray->classes.push_back(std::move(info));
 }

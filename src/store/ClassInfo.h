@@ -1,4 +1,5 @@
-// What the store must know of a persistent class without an instance at hand: one row a class in the class table
+// What the store must know of a persistent class without an instance at hand: one row a class in the class
+// table
 // `_infoArray`. Filled once at start-up, read-only afterwards; safe on any thread then.
 #pragma once
 
@@ -12,18 +13,34 @@ class Administrator;
 
 // What a stored pointer of a record is.
 enum class LinkRole : uint8_t {
-    Next, Prev, Source,  // the child end of a relation
-    Last,                // its parent end
-    Whole,               // an object as a whole, or a raw block
+    Next,
+    Prev,
+    Source,  // the child end of a relation
+    Last,    // its parent end
+    Whole,   // an object as a whole, or a raw block
+};
+
+// What a Whole may aim at.
+enum class Aim : uint8_t {
+    Any,   // any object or raw block: the owner decides
+    Raw,   // a raw block
+    Text,  // a raw block that holds a zero-ended text
+    Symbol,
+    Font,
+    DocStaff,
+    Time,
+    Staff,
+    GenericText,  // an object of that class or an heir
+    Record,       // the place of one of the voice records inside a DocStaff
 };
 
 struct LinkField {
-    uint16_t offset;    // of the memory form
+    uint16_t offset;  // of the memory form
     LinkRole role;
     uint16_t relation;  // number; 0 for Whole
     char family;        // tells the pairs of relations 3 and 4 apart: f, s, p; else 0
     uint16_t other;     // a second relation that the place may serve; 0 for none
-    int16_t target;     // for Whole: the class that it must aim at; -1 a raw block, 0 any
+    Aim aim;            // for Whole
 };
 
 // A field whose bytes a file holds the other way round.
@@ -34,12 +51,12 @@ struct SwapField {
 
 struct ClassInfo {
     int16_t number;
-    const char* name;                 // as written in files
-    uint16_t size;                    // behaviour words included
-    std::vector<uint16_t> pointers;   // stored pointers in the order in which a save visits them
+    const char* name;                // as written in files
+    uint16_t size;                   // behaviour words included
+    std::vector<uint16_t> pointers;  // stored pointers in the order in which a save visits them
     std::vector<SwapField> plan;
-    std::vector<LinkField> links;     // one for each of `pointers`, by offset
-    uint16_t secondWord;              // place of a second behaviour word; 0 for none
+    std::vector<LinkField> links;  // one for each of `pointers`, by offset
+    uint16_t secondWord;           // place of a second behaviour word; 0 for none
     Administrator* creator;
 
     // Null for an offset that holds no stored pointer.
@@ -63,9 +80,9 @@ public:
     virtual void SwapBytes(void* object, const ClassInfo& info);
 };
 
-// A row of the table as it is written down. `pointers` "4,8,12", `plan` "4 p2, 20 w" (p, l: 32 bits, w: 16, b: 8; a
-// digit is a run), `links` "4 N1; 8 S1; 12 T2; 16 str" (N, P, S, T and a relation; str, raw, any, or sym, font, record,
-// docstaff, time, staff for a whole object).
+// A row of the table as it is written down. `pointers` "4,8,12", `plan` "4 p2, 20 w" (p, l: 32 bits, w: 16,
+// b: 8; a digit is a run), `links` "4 N1; 8 S1; 12 T2; 16 str" (N, P, S, T and a relation; str, raw, any, or
+// sym, font, record, docstaff, time, staff, text for a whole object).
 struct ClassRow {
     int16_t number;
     const char* name;
