@@ -61,6 +61,8 @@ FontFace::FontFace(const FontFile& file) : _file(file) {
     if (file.path.empty() || FT_New_Face(Library(), file.path.c_str(), file.index, &_face) != 0)
         _face = nullptr;
     if (!_face || _face->units_per_EM == 0) return;
+    _ownStyle = static_cast<uint8_t>((_face->style_flags & FT_STYLE_FLAG_BOLD ? kBoldStyle : 0) |
+                                     (_face->style_flags & FT_STYLE_FLAG_ITALIC ? kItalicStyle : 0));
     _em = _face->units_per_EM;
     _ascent = _face->ascender / _em;
     _descent = -_face->descender / _em;

@@ -35,6 +35,8 @@ public:
     const EmBox& Box(uint32_t glyph) { return Known(glyph).box; }
     double Advance(uint32_t glyph) { return Known(glyph).advance; }
     double Kerning(uint32_t left, uint32_t right) const;
+    // The style bits that the face itself says it has.
+    uint8_t OwnStyle() const { return _ownStyle; }
     double Ascent() const { return _ascent; }
     double Descent() const { return _descent; }
     // Slanted where the file says so.
@@ -51,6 +53,7 @@ private:
 
     FontFile _file;
     FT_FaceRec_* _face = nullptr;
+    uint8_t _ownStyle = kPlainStyle;
     double _em = 1, _ascent = 0, _descent = 0;
     std::unordered_map<uint32_t, Figures> _known;
 };

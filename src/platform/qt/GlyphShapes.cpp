@@ -1,5 +1,7 @@
 #include "platform/qt/GlyphShapes.h"
 
+#include <QFont>
+#include <QFontDatabase>
 #include <QPainter>
 #include <cmath>
 #include <cstring>
@@ -74,6 +76,22 @@ GlyphPicture MakePicture(FontFace& face, const PictureKey& key) {
     return {std::move(image), corner};
 }
 
+// Documents embed only what the font database knows by its file name, so the way goes through a family.
+QRawFont MakeRunFont(const QString& path, uint8_t style) {
+    const QStringList families =
+        QFontDatabase::applicationFontFamilies(QFontDatabase::addApplicationFont(path));
+    if (families.isEmpty()) return {};
+    QFont font(families.first());
+    font.setPixelSize(kRunSize);
+    font.setBold(style & kBoldStyle);
+    font.setItalic(style & kItalicStyle);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(QFont::NoFontMerging);
+    const QRawFont found = QRawFont::fromFont(font);
+    const bool same = found.fontTable("head") == QRawFont(path, kRunSize).fontTable("head");
+    return same ? found : QRawFont();
+}
+
 }  // namespace
 
 const QPainterPath& GlyphPath(FontFace& face, uint32_t glyph) {
@@ -101,12 +119,13 @@ const GlyphPicture* PictureOf(FontFace& face, uint32_t glyph, double size, Colou
 }
 
 const QRawFont& RunFont(const FontFace& face) {
-    static std::map<std::pair<std::string, int32_t>, QRawFont> fonts;
+    // Never destroyed: at the program's end Qt's own fonts may be gone before ours.
+    static auto& fonts = *new std::map<std::pair<std::string, int32_t>, QRawFont>;
     const FontFile& file = face.File();
     const auto [entry, isNew] = fonts.try_emplace({file.path, file.index});
     // Qt reads only the first face of a collection.
     if (isNew && file.index == 0)
-        entry->second = QRawFont(QString::fromStdString(file.path), kRunSize, QFont::PreferNoHinting);
+        entry->second = MakeRunFont(QString::fromStdString(file.path), face.OwnStyle());
     return entry->second;
 }
 

@@ -29,7 +29,7 @@ const GlyphPicture* PictureOf(FontFace& face, uint32_t glyph, double size, Colou
 
 // The file's own font at an em of kRunSize pixels, one object however many sizes are drawn, so that a file
 // embeds it once. Not valid for files that Qt cannot read.
-inline constexpr double kRunSize = 100;
+inline constexpr int kRunSize = 100;
 const QRawFont& RunFont(const FontFace& face);
 
 inline QColor ToQt(Colour colour) {
