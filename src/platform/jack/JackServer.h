@@ -1,0 +1,16 @@
+// Whether a JACK server is there to be joined. Libraries that use one print on stderr, or start one, where
+// none runs.
+#pragma once
+
+namespace corvane {
+
+// From now on no library of this process starts a JACK server or prints JACK's own messages. Main thread,
+// before other threads run, since the environment changes.
+void KeepJackQuiet();
+
+// The period, in milliseconds and rounded up, of the server that runs and takes clients; 0 where none does.
+// Joins and leaves it to find out: some milliseconds where one runs, far less else.
+int JackPeriod();
+inline bool JackServerRuns() { return JackPeriod() > 0; }
+
+}  // namespace corvane

@@ -1,0 +1,36 @@
+// One MIDI output device, open.
+#pragma once
+
+#include <atomic>
+#include <memory>
+
+#include "play/MessageQueue.h"
+
+class RtMidiOut;
+
+namespace corvane {
+
+struct MidiPlace;
+
+class MidiOutput {
+public:
+    // Null where the device cannot be opened. Main thread.
+    static std::unique_ptr<MidiOutput> Open(const MidiPlace& place);
+    ~MidiOutput();
+    MidiOutput(const MidiOutput&) = delete;
+    MidiOutput& operator=(const MidiOutput&) = delete;
+
+    // False if the message cannot be taken, or if the device has failed since the last call. Our part neither
+    // locks nor allocates. Any thread.
+    bool Send(ShortMessage message);
+
+private:
+    MidiOutput();
+    void Deliver(const ShortMessage& message);
+
+    std::unique_ptr<RtMidiOut> _device;
+    MessageQueue _queue;  // the library takes messages from one thread at a time
+    std::atomic<bool> _failed{false};
+};
+
+}  // namespace corvane

@@ -1,0 +1,44 @@
+#include "platform/rtmidi/RtMidiPort.h"
+
+#include <chrono>
+#include <thread>
+
+#include "platform/jack/JackServer.h"
+#include "platform/rtmidi/MidiOutput.h"
+#include "platform/rtmidi/MidiSystems.h"
+
+namespace corvane {
+
+RtMidiPort::RtMidiPort(BuiltInSynth* synth) : _synth(synth) {
+    bool usesJack = false;
+    for (const MidiPlace& place : OutputPlaces()) {
+        _outputs.push_back(MidiOutput::Open(place));
+        usesJack |= _outputs.back() && place.api == RtMidi::UNIX_JACK;
+    }
+    if (usesJack) _settling = 3 * JackPeriod();
+    Settle();
+}
+
+RtMidiPort::~RtMidiPort() {
+    Silence();
+    Settle();
+}
+
+void RtMidiPort::Settle() const {
+    if (_settling) std::this_thread::sleep_for(std::chrono::milliseconds(_settling));
+}
+
+MidiOutput* RtMidiPort::OutputOf(int16_t port) const {
+    return port == kBuiltIn ? nullptr : _outputs[static_cast<size_t>(port)].get();
+}
+
+bool RtMidiPort::Send(int16_t port, uint8_t status, uint8_t data1, uint8_t data2) {
+    if (MidiOutput* output = OutputOf(port)) return output->Send({status, data1, data2});
+    return _synth && _synth->Send(status, data1, data2);
+}
+
+void RtMidiPort::ResetDevice(int16_t port) {
+    if (port == kBuiltIn && _synth) _synth->Reset();
+}
+
+}  // namespace corvane

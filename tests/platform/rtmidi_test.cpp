@@ -1,0 +1,178 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include "platform/rtmidi/MidiKeyboard.h"
+#include "platform/rtmidi/MidiSystems.h"
+#include "platform/rtmidi/RtMidiPort.h"
+#include "rtmidi_jackd.h"
+
+namespace corvane {
+namespace {
+
+using Bytes = std::vector<unsigned char>;
+using std::chrono::milliseconds;
+
+class NotingSynth : public BuiltInSynth {
+public:
+    bool Send(uint8_t status, uint8_t data1, uint8_t data2) override {
+        sent.push_back({status, data1, data2});
+        return true;
+    }
+    void Reset() override { ++resets; }
+    std::vector<Bytes> sent;
+    int resets = 0;
+};
+
+// Some other program's MIDI input, which our port finds as a device.
+class Receiver {
+public:
+    Receiver() : _in(RtMidi::UNIX_JACK, "receiver") {
+        _in.setCallback(
+            [](double, Bytes* message, void* self) {
+                auto* receiver = static_cast<Receiver*>(self);
+                const std::lock_guard lock(receiver->_mutex);
+                receiver->_got.push_back(*message);
+            },
+            this);
+        _in.openVirtualPort("in");
+    }
+    // What has come once `count` messages have, or after two seconds.
+    std::vector<Bytes> Wait(size_t count) {
+        for (int i = 0; i < 2000; ++i) {
+            {
+                const std::lock_guard lock(_mutex);
+                if (_got.size() >= count) break;
+            }
+            std::this_thread::sleep_for(milliseconds(1));
+        }
+        std::this_thread::sleep_for(milliseconds(20));  // whatever should not come
+        const std::lock_guard lock(_mutex);
+        return _got;
+    }
+
+private:
+    std::mutex _mutex;
+    std::vector<Bytes> _got;
+    RtMidiIn _in;
+};
+
+int16_t OutputNamed(const std::string& part) {
+    for (const MidiDevice& device : ListMidiDevices())
+        if (device.isOutput && device.name.find(part) != std::string::npos) return device.number;
+    return SoundPort::kNone;
+}
+
+TEST(RtMidiPort, WithoutDevicesEverythingForTheBuiltInPortReachesTheSynthesiser) {
+    setenv("JACK_DEFAULT_SERVER", "corvane-no-such-server", 1);
+    NotingSynth synth;
+    {
+        RtMidiPort port(&synth);
+        port.SetInstrument(-1, 2, 1);
+        port.SendNote(-1, 2, 60, 100);
+        port.SendNote(port.Count(), 2, 60, 100);
+    }
+    const std::vector<Bytes> expected = {
+        {0xC1, 0, 0}, {0x91, 60, 100}, {0x91, 60, 0}, {0xB1, 64, 0}, {0xB1, 123, 0}};
+    EXPECT_EQ(synth.sent, expected) << "closing leaves nothing sounding";
+    EXPECT_EQ(synth.resets, 1);
+    RtMidiPort(nullptr).SendNote(-1, 1, 60, 100);
+    unsetenv("JACK_DEFAULT_SERVER");
+}
+
+TEST(RtMidiPort, AnotherProgramReceivesEveryMessageInOrderOnceAndNoNoteHangs) {
+    const TestJackd jackd;
+    if (!jackd.Runs()) GTEST_SKIP() << "no JACK server could be started here";
+    Receiver receiver;
+    const int16_t device = OutputNamed("receiver");
+    ASSERT_GE(device, 0);
+    NotingSynth synth;
+    std::vector<Bytes> expected;
+    {
+        RtMidiPort port(&synth);
+        port.SetInstrument(device, 1, 41);
+        port.SetInstrument(device, 1, 0);  // 255 fits on no wire
+        expected.push_back({0xC0, 40});
+        for (unsigned char key = 0; key < 127; ++key) {
+            port.SendNote(device, 1, key, 100);
+            port.SendNote(device, 1, key, 0);
+            expected.push_back({0x90, key, 100});
+            expected.push_back({0x90, key, 0});
+        }
+        port.SetVolume(device, 16, 90);
+        port.SendNote(device, 16, 60, 1);
+        expected.insert(expected.end(), {{0xBF, 7, 90}, {0x9F, 60, 1}, {0x9F, 60, 0}});
+        for (const unsigned char status : {0xB0, 0xBF}) {
+            expected.push_back({status, 64, 0});
+            expected.push_back({status, 123, 0});
+        }
+    }
+    EXPECT_EQ(receiver.Wait(expected.size()), expected);
+    EXPECT_TRUE(synth.sent.empty());
+}
+
+TEST(RtMidiPort, ThreadsThatSendAtOnceDoNotMixTheirMessages) {
+    const TestJackd jackd;
+    if (!jackd.Runs()) GTEST_SKIP() << "no JACK server could be started here";
+    Receiver receiver;
+    const int16_t device = OutputNamed("receiver");
+    ASSERT_GE(device, 0);
+    NotingSynth synth;  // device 0 is reached only past an open built-in port
+    RtMidiPort port(&synth);
+    constexpr int each = 200;
+    std::vector<std::thread> senders;
+    for (int channel = 1; channel <= 3; ++channel)
+        senders.emplace_back([&, channel] {
+            for (int i = 0; i < each; ++i) port.SendNote(device, channel, i % 128, 1 + i % 100);
+        });
+    for (auto& sender : senders) sender.join();
+    const auto got = receiver.Wait(3 * each);
+    int next[3] = {};
+    for (const Bytes& m : got) {
+        ASSERT_EQ(m.size(), 3u);
+        int& i = next[m[0] & 3];
+        EXPECT_EQ(
+            m, (Bytes{m[0], static_cast<unsigned char>(i % 128), static_cast<unsigned char>(1 + i % 100)}));
+        ++i;
+    }
+    for (const int count : next) EXPECT_EQ(count, each);
+}
+
+TEST(MidiKeyboard, WhatIsPlayedReachesTheRingAndIsEchoed) {
+    const TestJackd jackd;
+    if (!jackd.Runs()) GTEST_SKIP() << "no JACK server could be started here";
+    RtMidiOut keys(RtMidi::UNIX_JACK, "keys");
+    keys.openVirtualPort("out");
+    int16_t number = -1;
+    for (const MidiDevice& device : ListMidiDevices())
+        if (!device.isOutput && device.name.find("keys") != std::string::npos) number = device.number;
+    ASSERT_GE(number, 0);
+
+    NotingSynth synth;
+    RtMidiPort port(&synth);
+    MidiKeyboard keyboard;
+    EXPECT_EQ(keyboard.Open(99, port, MidiKeyboard::Use::Record).message(), "Invalid input port/device");
+    ASSERT_TRUE(keyboard.Open(number, port, MidiKeyboard::Use::Record).ok());
+    std::this_thread::sleep_for(milliseconds(100));  // some periods until the server knows of it
+    SoundPort::SetThruPort(SoundPort::kBuiltIn);
+    SoundPort::SetThruChannel(2);
+    TheInputFlags().mode = InputMode::Step;
+    const Bytes on{0x93, 64, 70};
+    keys.sendMessage(&on);
+    for (int i = 0; i < 2000 && port.Input().IsEmpty(); ++i) std::this_thread::sleep_for(milliseconds(1));
+    std::this_thread::sleep_for(milliseconds(20));
+    keyboard.Close();
+    InputRecord record;
+    ASSERT_FALSE(port.Input().Pop(record));
+    EXPECT_EQ(record.message, 0x464093u);
+    EXPECT_EQ(synth.sent, (std::vector<Bytes>{{0x91, 64, 70}}));
+    TheInputFlags().mode = InputMode::RealTime;
+    SoundPort::SetThruPort(SoundPort::kNone);
+}
+
+}  // namespace
+}  // namespace corvane
