@@ -10,6 +10,8 @@ namespace corvane {
 
 // Code of a new stem from the value, the line of the outer head and the voice's preference.
 StemDirection DefaultStemDirection(const Voice* voice, uint8_t value, int line);
+// Every stem of the voice takes its default direction and length anew; the caller beams afterwards.
+void RestemVoice(Voice* voice);
 // The free end at the preferred length from the outer head.
 void SetDefaultStemLength(Stem* stem);
 // Stores the code, the heads' sides and the flags' symbols ("up" and "down" swapped).

@@ -1,0 +1,110 @@
+// Accidentals and augmentation dots on what is under the press.
+#include "base/Assert.h"
+#include "edit/Audition.h"
+#include "edit/Insertion.h"
+#include "edit/MeasureRedraw.h"
+#include "edit/ToolState.h"
+#include "layout/Beaming.h"
+#include "layout/Engraving.h"
+#include "layout/NoteGeometry.h"
+#include "layout/Spacing.h"
+#include "model/Clefs.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+#include "model/SymbolTable.h"
+#include "play/MIDIUtility.h"
+
+namespace corvane {
+namespace {
+
+constexpr struct {
+    const char* descriptor;
+    Alteration alteration;
+} kAccidentals[] = {
+    {"_Bequadro_", Alteration::None},          {"_Diesis_", Alteration::Sharp},
+    {"_Bemolle_", Alteration::Flat},           {"_DDiesis_", Alteration::DoubleSharp},
+    {"_DBemolle_", Alteration::DoubleFlat},    {"_Monesis_", Alteration::HalfSharp},
+    {"_MonoBemolle_", Alteration::HalfFlat},   {"_Triesis_", Alteration::ThreeQuarterSharp},
+    {"_TriBemolle_", Alteration::ThreeQuarterFlat}, {"_BequadroSu_", Alteration::NaturalUp},
+    {"_BequadroGiu_", Alteration::NaturalDown},
+};
+
+Alteration AlterationOf(std::string_view descriptor) {
+    for (const auto& accidental : kAccidentals)
+        if (descriptor.starts_with(accidental.descriptor)) return accidental.alteration;
+    CORVANE_ASSERT_AS(false, "descriptor");
+    return Alteration::None;
+}
+
+// The event under a press: a chord's column or a rest; null for neither.
+DrawPatch EventUnder(WindowTarn& window, Point p) {
+    DrawPatch patch = window.Sheet().HitSymbol(p);
+    if (patch && !patch.Record<ChordSymbol>() && !patch.Record<Pause>()) patch = window.Sheet().HitSymbol(p, patch);
+    return patch;
+}
+
+GenericNote* NoteUnder(WindowTarn& window, Point p) {
+    const DrawPatch first = window.Sheet().HitSymbol(p);
+    for (const DrawPatch& patch : {first, first ? window.Sheet().HitSymbol(p, first) : first})
+        if (patch)
+            if (auto* chordSymbol = patch.Record<ChordSymbol>())
+                if (GenericNote* note = HeadAt(chordSymbol, p)) return note;
+    return nullptr;
+}
+
+Alteration KeyAlterationOf(const GenericNote* note) {
+    const MeasureStaff* measureStaff = MeasureStaffPar(note);
+    const int clef = ClefInForce(measureStaff, StemPar(note)->_x);
+    return AlterationOfKey(KeyInForce(measureStaff), DiatonicStep(clef, note->_line));
+}
+
+// A bracketed sign stands whatever the key and earlier notes say; the same sign asked for twice goes again.
+void SetBracketed(GenericNote* note, Alteration alteration) {
+    const std::string name = AccidentName(alteration, As<Grace>(note) != nullptr, true);
+    const Accident* old = AccidentOf(note);
+    const bool same = old && SymbolName(old->_symbol) == name;
+    RemoveAccidents(note);
+    if (same) {
+        note->_alteration = note->_alteration == alteration ? KeyAlterationOf(note) : alteration;
+        return;
+    }
+    note->_alteration = alteration;
+    AttachAccident(note, alteration, true);
+}
+
+void SetDotsOf(WindowTarn& window, VoiceSymbol* symbol, int count) {
+    Voice* voice = VoicePar(symbol);
+    const MeasureRedraw redraw(window, MeasureStaffPar(voice));
+    SetDots(symbol, count);
+    RebuildVoiceEvents(voice);
+    if (Switches().autoSpace) SpaceVoice(voice);
+    if (Switches().autoBeam) BeamVoice(voice);
+}
+
+}  // namespace
+
+void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
+    GenericNote* note = NoteUnder(place.window, place.point);
+    if (!note) return;
+    const Alteration alteration = AlterationOf(descriptor);
+    const MeasureRedraw redraw(place.window, MeasureStaffPar(note));
+    if (descriptor.find('(') != std::string_view::npos) {
+        SetBracketed(note, alteration);
+    } else {
+        note->_alteration = alteration;
+        RemoveAccidents(note);
+        UpdateAccidentals(note, UpdateNoteHeight);
+    }
+    UpdateNoteHeight(note);
+    AuditionNote(note);
+}
+
+void DotInsertion(const InsertionPlace& place, int count) {
+    const DrawPatch patch = EventUnder(place.window, place.point);
+    if (!patch) return;
+    if (auto* pause = patch.Record<Pause>()) SetDotsOf(place.window, pause, count);
+    if (auto* chordSymbol = patch.Record<ChordSymbol>())
+        for (Chords* chord : chordSymbolChords.Of(chordSymbol)) SetDotsOf(place.window, chord, count);
+}
+
+}  // namespace corvane

@@ -1,0 +1,130 @@
+#include <algorithm>
+
+#include "base/Assert.h"
+#include "edit/Audition.h"
+#include "edit/Deletion.h"
+#include "edit/Insertion.h"
+#include "edit/MeasureRedraw.h"
+#include "edit/TarnClick.h"
+#include "edit/ToolState.h"
+#include "layout/Beaming.h"
+#include "layout/Engraving.h"
+#include "layout/Frames.h"
+#include "layout/NoteGeometry.h"
+#include "layout/Spacing.h"
+#include "model/Clefs.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+#include "play/MIDIGrace.h"
+#include "play/MIDIUtility.h"
+
+namespace corvane {
+namespace {
+
+int32_t PerMilleAt(const MeasureStaff* measureStaff, int32_t x) {
+    return std::clamp(FrameOf(MeasurePar(measureStaff)).PerMilleOfX(x), 0, 1000);
+}
+
+bool HasNoteOn(const Chords* chord, int line) {
+    for (const GenericNote* note : chordNotes.Of(chord))
+        if (note->_line == line) return true;
+    return false;
+}
+
+// Timed events of a note that is linked in its chord, the chord's first or a further one.
+void AddEvents(GenericNote* note, bool joined) {
+    Chords* chord = ChordPar(note);
+    if (IsGrace(chord)) MakeGraceEvents(static_cast<GraceChord*>(chord));
+    else if (joined) AddNoteEvents(note);
+    else AddChordEvents(chord);
+}
+
+// When a voice gets its first event beside others, theirs turn their stems away from it.
+void RestemOthers(Voice* voice) {
+    if (voiceSymbols.First(voice) != voiceSymbols.Last(voice)) return;
+    for (Voice* other : measureStaffVoices.Of(MeasureStaffPar(voice))) {
+        if (other == voice || voiceSymbols.IsEmpty(other)) continue;
+        RestemVoice(other);
+        if (Switches().autoBeam) BeamVoice(other);
+    }
+}
+
+void TakeKeyAlteration(GenericNote* note) {
+    const MeasureStaff* measureStaff = MeasureStaffPar(note);
+    const int clef = ClefInForce(measureStaff, StemPar(note)->_x);
+    note->_alteration = AlterationOfKey(KeyInForce(measureStaff), DiatonicStep(clef, note->_line));
+}
+
+void InsertAsNewChord(const InsertionPlace& place, MeasureStaff* measureStaff, int line, const NoteKind& kind) {
+    Voice* voice = FindOrMakeVoice(measureStaff, place.voice);
+    GenericNote* note = InsertNewChord(voice, PerMilleAt(measureStaff, place.point.x), line, kind);
+    AddEvents(note, false);
+    if (Switches().autoSpace && !kind.grace && IsMeasureFull(voice)) {
+        place.step.Split();
+        DeleteNote(place.window, note, {place.voice, place.allVoices, false});
+        place.window.Shell().Tell("The measure is full.");
+        return;
+    }
+    RestemOthers(voice);
+    FollowUp(note, false, false);
+}
+
+void JoinChord(const InsertionPlace& place, Chords* chord, int line, const NoteKind& kind) {
+    if (HasNoteOn(chord, line)) return;
+    if (ValueOf(chord) != kind.value || IsGrace(chord) != kind.grace) {
+        place.window.Shell().Tell("A chord has one value for all its notes.");
+        return;
+    }
+    GenericNote* note = AddNoteToChord(chord, line, kind);
+    const bool beamed = BeamOf(StemPar(note)) != nullptr;
+    AddEvents(note, true);
+    FollowUp(note, true, beamed);
+}
+
+}  // namespace
+
+void NoteInsertion(const InsertionPlace& place, std::string_view descriptor) {
+    const NoteKind kind = NoteKindOf(descriptor);
+    MeasureStaff* measureStaff = FindMeasureStaff(place.system, place.point);
+    if (!measureStaff || !measureStaff->_staff.Get()) return;
+    const int line = StaffPosition(FrameOf(measureStaff->_staff.Get()), place.point.y);
+    const MeasureRedraw redraw(place.window, measureStaff);
+    if (Chords* chord = ChordAt(measureStaff, place.point.x, place.voice)) JoinChord(place, chord, line, kind);
+    else InsertAsNewChord(place, measureStaff, line, kind);
+}
+
+void FollowUp(GenericNote* note, bool joined, bool beamed) {
+    Stem* stem = StemPar(note);
+    Voice* voice = VoicePar(note);
+    TakeKeyAlteration(note);
+    UpdateNoteHeight(note);
+    if (!beamed) SetDefaultStemLength(stem);
+    SetDirection(stem, stem->_direction);
+    if (Switches().autoSpace && !joined) SpaceVoice(voice);
+    UpdateAccidentals(note, UpdateNoteHeight);
+    if (Switches().autoBeam && !beamed) BeamVoice(voice);
+    if (beamed) RefitBeam(BeamOf(stem));
+    AuditionNote(note);
+}
+
+void PauseInsertion(const InsertionPlace& place, std::string_view descriptor) {
+    const RestKind kind = RestKindOf(descriptor);
+    MeasureStaff* measureStaff = FindMeasureStaff(place.system, place.point);
+    if (!measureStaff || !measureStaff->_staff.Get()) return;
+    const MeasureRedraw redraw(place.window, measureStaff);
+    Voice* voice = FindOrMakeVoice(measureStaff, place.voice);
+    Pause* pause = InsertNewPause(voice, PerMilleAt(measureStaff, place.point.x), kind);
+    const bool alone = voiceSymbols.First(voice) == voiceSymbols.Last(voice);
+    InsertVoiceSymbolEvents(pause);
+    if (Switches().autoSpace && IsMeasureFull(voice) && !(alone && kind.value == 1)) {
+        place.step.Split();
+        DeletePause(place.window, pause, {place.voice, place.allVoices, false});
+        place.window.Shell().Tell("The measure is full.");
+        return;
+    }
+    RestemOthers(voice);
+    if (Switches().autoBeam) BeamVoice(voice);
+    if (Switches().autoSpace) SpaceVoice(voice);
+}
+
+}  // namespace corvane

@@ -1,0 +1,26 @@
+// The items of the palettes: what each enters and which handler does it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "edit/Insertion.h"
+
+namespace corvane {
+
+struct PaletteItem {
+    uint8_t group;
+    uint16_t item;
+    const char* descriptor;  // "" where the item alone tells
+    const char* name;        // for tooltips and the status line
+    void (*handler)(const InsertionPlace& place, const PaletteItem& item, const std::string& descriptor);
+    // An accidental takes "(" and a note "_Grace_" behind its descriptor where the switch is on.
+    enum Suffix { Plain, GraceNote, Bracketed } suffix;
+};
+
+// Null for an item that enters nothing.
+const PaletteItem* FindPaletteItem(int group, int item);
+// The item's descriptor with what the switches of the tool state add.
+std::string DescriptorOf(const PaletteItem& item);
+
+}  // namespace corvane

@@ -1,0 +1,91 @@
+#include "edit/TarnClick.h"
+
+#include "edit/Deletion.h"
+#include "edit/PaletteTable.h"
+#include "edit/ToolState.h"
+#include "layout/Frames.h"
+#include "layout/NoteGeometry.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+
+namespace corvane {
+namespace {
+
+// What a tool does with a press; a row a tool.
+struct Press {
+    WindowTarn& window;
+    System* system;
+    Point point;
+    uint32_t modifiers;
+};
+
+void MoveCaret(const Press& press) {
+    const MeasureStaff* crossing = FindMeasureStaff(press.system, press.point);
+    if (!crossing) return;
+    press.window.caret.measure = MeasurePar(crossing);
+    press.window.caret.staff = DocStaffPar(crossing);
+    press.window.caret.x = press.point.x;
+}
+
+void UsePencil(const Press& press) {
+    const ToolState& tools = Tools();
+    const PaletteItem* item = FindPaletteItem(tools.paletteGroup, tools.items[tools.paletteGroup]);
+    if (!item) return;
+    press.window.caret.visible = false;
+    EditStep step(press.window);
+    item->handler({press.window, step, press.system, press.point, tools.OneVoice(), tools.AllVoices()}, *item,
+                  DescriptorOf(*item));
+}
+
+DeletionChoice ErasersChoice() {
+    return {Tools().OneVoice(), Tools().AllVoices(), Switches().deleteNotesToRests, true};
+}
+
+// What the eraser does with a hit object, in the fixed order of the classes.
+bool EraseRest(const Press& press, const DrawPatch& patch) {
+    auto* pause = patch.Record<Pause>();
+    if (pause) DeletePause(press.window, pause, ErasersChoice());
+    return pause != nullptr;
+}
+bool EraseNote(const Press& press, const DrawPatch& patch) {
+    auto* chordSymbol = patch.Record<ChordSymbol>();
+    GenericNote* note = chordSymbol ? HeadAt(chordSymbol, press.point) : nullptr;
+    if (note) DeleteNote(press.window, note, ErasersChoice());
+    return chordSymbol != nullptr;
+}
+constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {EraseRest, EraseNote};
+
+void UseEraser(const Press& press) {
+    press.window.caret.visible = false;
+    EditStep step(press.window);
+    const DrawPatch patch = press.window.Sheet().HitSymbol(press.point);
+    if (!patch) return;
+    for (const auto row : kEraserRows)
+        if (row(press, patch)) return;
+}
+
+void UseArrow(const Press& press) {
+    press.window.caret.visible = true;
+    press.window.Shell().StateChanged(press.window);
+    press.window.Shell().Refresh(press.window);
+}
+
+constexpr struct {
+    int32_t mode;
+    void (*use)(const Press&);
+} kTools[] = {{ModePencil, UsePencil}, {ModeEraser, UseEraser}, {ModeArrow, UseArrow}};
+
+}  // namespace
+
+void MouseDown(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
+    if (IsPlaying() || !window.CurrentPage()) return;
+    window.Activate();
+    System* system = FindSystem(window.CurrentPage(), y);
+    if (!system || systemStaffs.IsEmpty(system) || systemMeasures.IsEmpty(system)) return;
+    const Press press{window, system, {x, y}, modifiers};
+    MoveCaret(press);
+    for (const auto& tool : kTools)
+        if (tool.mode == Tools().toolMode) return tool.use(press);
+}
+
+}  // namespace corvane

@@ -1,0 +1,72 @@
+#include "edit/ToolState.h"
+
+#include <atomic>
+
+#include "edit/WindowTarn.h"
+
+namespace corvane {
+namespace {
+
+std::atomic<bool> playing{false};
+
+void TellShell() {
+    if (WindowTarn::instance) WindowTarn::instance->Shell().ToolChanged();
+}
+
+void Toggle(bool& flag) {
+    flag = !flag;
+    TellShell();
+}
+
+}  // namespace
+
+ToolState& Tools() {
+    static ToolState state;
+    return state;
+}
+
+EditSwitches& Switches() {
+    static EditSwitches switches;
+    return switches;
+}
+
+bool IsPlaying() { return playing.load(std::memory_order_acquire); }
+void SetPlaying(bool on) { playing.store(on, std::memory_order_release); }
+
+void SetToolMode(int32_t mode) {
+    if (!IsPlaying()) Tools().toolMode = mode;
+}
+
+void ApplyToolMode() {
+    if (IsPlaying()) return;
+    WindowTarn* window = WindowTarn::instance;
+    if (window && Tools().toolMode != ModeArrow) window->caret.visible = false;
+    TellShell();
+}
+
+void SetPaletteGroup(uint8_t group) {
+    if (group < std::size(Tools().items)) Tools().paletteGroup = group;
+    TellShell();
+}
+
+void SetItem(uint16_t item) {
+    if (IsPlaying()) return;
+    Tools().items[Tools().paletteGroup] = item;
+    TellShell();
+}
+
+void SetCurrentVoice(uint16_t voice) {
+    if (voice <= DocStaff::kVoices) Tools().currentVoice = voice;
+    for (WindowTarn* window : WindowTarn::All()) {
+        window->Sheet().SetEditVoice(voice);
+        window->Sheet().MarkAllDirty();
+        window->Shell().Refresh(*window);
+    }
+    TellShell();
+}
+
+void ToggleGrace() { Toggle(Tools().graceMode); }
+void ToggleAccidentParenthesis() { Toggle(Tools().accidentParenthesis); }
+void ToggleOrnamentParenthesis() { Toggle(Tools().ornamentParenthesis); }
+
+}  // namespace corvane

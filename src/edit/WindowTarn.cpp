@@ -1,0 +1,152 @@
+#include "edit/WindowTarn.h"
+
+#include "base/Assert.h"
+#include "store/CommandObserver.h"
+#include "store/MemoryManager.h"
+
+namespace corvane {
+namespace {
+
+using WindowKit = relation::Kit<relation::CollectionChild<kWindows>, kWindows>;
+
+// The ring of all score windows, in creation order.
+SingleRingT<WindowTarn, 1, kWindows> windowRing{};
+
+class Observer : public CommandObserver {
+public:
+    void CommandBegins(NewMemoryPool& pool) override {
+        if (WindowTarn* window = WindowTarn::OfPool(&pool)) window->CommandBegins();
+    }
+    void CommandEnds(NewMemoryPool& pool) override {
+        if (WindowTarn* window = WindowTarn::OfPool(&pool)) window->CommandEnds();
+    }
+};
+
+}  // namespace
+
+void WatchCommands() {
+    static Observer observer;
+    MemoryManager::Instance().SetObserver(&observer);
+}
+
+WindowTarn::WindowTarn(EditorShell& shell)
+    : ElemT{}, _shell(shell), _sheet(std::make_unique<NewWindowSheet>()), _port(std::make_unique<MemoryPort>()) {
+    _pool = MemoryManager::Instance().NewPool();
+    WindowKit::Add(&windowRing, this);
+    ++wndCounter;
+    if (!instance) instance = this;
+}
+
+WindowTarn::~WindowTarn() {
+    WindowKit::Remove(&windowRing, this);
+    --wndCounter;
+    CORVANE_ASSERT(wndCounter >= 0);
+    NewMemoryPool* before = MemoryManager::Instance().GetCurrentPool();
+    if (instance == this) {
+        instance = nullptr;
+        for (WindowTarn* other : All()) instance = other;
+    }
+    _pool->DisableUndo();
+    _port.reset();
+    _sheet.reset();
+    MemoryManager::Instance().DeletePool(_pool);
+    MemoryManager::Instance().SetCurrentPool(before == _pool ? (instance ? instance->_pool : nullptr) : before);
+}
+
+std::vector<WindowTarn*> WindowTarn::All() {
+    std::vector<WindowTarn*> all;
+    relation::Cursor<relation::CollectionChild<kWindows>, kWindows> cursor(&windowRing);
+    while (auto* end = cursor.NextOnly()) all.push_back(static_cast<WindowTarn*>(end));
+    return all;
+}
+
+WindowTarn* WindowTarn::OfPool(const NewMemoryPool* pool) {
+    relation::Cursor<relation::CollectionChild<kWindows>, kWindows> cursor(&windowRing);
+    while (auto* end = cursor.NextOnly())
+        if (auto* window = static_cast<WindowTarn*>(end); window->_pool == pool) return window;
+    return nullptr;
+}
+
+void WindowTarn::Activate() {
+    instance = this;
+    MemoryManager::Instance().SetCurrentPool(_pool);
+}
+
+void WindowTarn::Bind(Document* document) {
+    _document = document;
+    SetCurrentPage(documentPages.First(document));
+    _pool->EnableUndo();
+}
+
+void WindowTarn::SetCurrentPage(Page* page) {
+    _page = page;
+    RefilePage();
+    _shell.PageChanged(*this);
+}
+
+void WindowTarn::RefilePage() {
+    if (_page) _sheet->FilePage(_page);
+    _shell.Refresh(*this);
+}
+
+bool WindowTarn::Modified() const { return _pool->Modified(); }
+
+void WindowTarn::SetIdentity(std::string title, std::string path, bool readOnly, bool neverSaved) {
+    _title = std::move(title);
+    _path = std::move(path);
+    _readOnly = readOnly;
+    _neverSaved = neverSaved;
+    _shell.StateChanged(*this);
+}
+
+// ---- undo
+
+void WindowTarn::CommandBegins() { _pageBeforeEdit = _page; }
+
+void WindowTarn::CommandEnds() {
+    _pageAfterEdit = _page;
+    _canUndo = true;
+    _canRedo = false;
+}
+
+void WindowTarn::Undo() {
+    if (_canUndo) Exchange(false);
+}
+
+void WindowTarn::Redo() {
+    if (_canRedo) Exchange(true);
+}
+
+void WindowTarn::Exchange(bool redo) {
+    const PoolScope scope(_pool);
+    _canUndo = redo;
+    _canRedo = !redo;
+    redo ? _pool->Redo() : _pool->Undo();
+    _pool->SetModified(true);
+    caret.visible = false;
+    caret.measure = nullptr;
+    for (ClassPreferences* preferences : documentPreferences.Of(_document)) {
+        const ClassInfo* info = InfoOfObject(preferences);
+        info->creator->Refresh(preferences);
+    }
+    SetCurrentPage(redo ? _pageAfterEdit : _pageBeforeEdit);
+    _shell.StateChanged(*this);
+}
+
+EditStep::EditStep(WindowTarn& window) : _window(window) {
+    window.Activate();
+    MemoryManager::Instance().BeginCommand();
+}
+
+EditStep::~EditStep() {
+    MemoryManager::Instance().EndCommand();
+    _window.Shell().StateChanged(_window);
+    _window.Shell().Refresh(_window);
+}
+
+void EditStep::Split() {
+    MemoryManager::Instance().EndCommand();
+    MemoryManager::Instance().BeginCommand();
+}
+
+}  // namespace corvane
