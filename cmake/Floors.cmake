@@ -8,7 +8,8 @@ endif()
 add_library(corvane_flags INTERFACE)
 target_compile_options(corvane_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror
-  -Wno-invalid-offsetof -ffp-contract=off)
+  -Wno-invalid-offsetof -ffp-contract=off
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)  # false alarms of GCC 12 on std::string
 if(CORVANE_SANITIZE)
   target_compile_options(corvane_flags INTERFACE
     -fsanitize=${CORVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
