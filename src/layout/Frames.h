@@ -1,5 +1,5 @@
-// Where measures and staves stand on their page, in absolute page units, and the conversions between the units of notes
-// and the page. Plain values, made afresh from the records whenever needed.
+// Where measures and staves stand on their page, in absolute page units, and the conversions between the
+// units of notes and the page. Plain values, made afresh from the records whenever needed.
 #pragma once
 
 #include "base/Geometry.h"
@@ -9,12 +9,13 @@ namespace corvane {
 
 // Horizontal frame of a measure.
 struct MeasureFrame {
-    int32_t left = 0;      // of the measure, absolute
-    int32_t width = 0;     // right less left
-    int32_t header = 0;    // width of the clef, key and time signature area, gaps included
+    int32_t left = 0;    // of the measure, absolute
+    int32_t width = 0;   // right less left
+    int32_t header = 0;  // from the left edge to the note area: NoteAreaLeft
 
     int32_t NoteArea() const { return width - header; }
-    // Absolute x of a place in per mille of the note area. A measure no wider than its header leaves it unscaled.
+    // Absolute x of a place in per mille of the note area. A measure no wider than its header leaves it
+    // unscaled.
     int32_t XOf(int32_t perMille) const;
     // A width or a place counted from the note area's start, in per mille.
     int32_t PerMille(int32_t units) const;
@@ -24,7 +25,7 @@ struct MeasureFrame {
 // Vertical frame of a staff.
 struct StaffFrame {
     int32_t left = 0, right = 0;
-    int32_t top = 0;            // of the top line, absolute
+    int32_t top = 0;  // of the top line, absolute
     int32_t lineDistance = 100;
     int32_t lineCount = 5;
 
@@ -35,11 +36,11 @@ struct StaffFrame {
 
 MeasureFrame FrameOf(const Measure* measure);
 StaffFrame FrameOf(const Staff* staff);
-// Absolute left of a system's own coordinates: the page's left margin plus nothing else.
-Point OriginOf(const System* system);  // what measure left/right and staff left/top count from, absolute
-Rect PageRect(const Page* page);       // 0, 0, page width, page height
+// The absolute point from which the measures and staves of a system count.
+Point OriginOf(const System* system);
+Rect PageRect(const Page* page);  // 0, 0, page width, page height
 
-// The staff step nearest to y, a quarter of a space biased upward, as a click is read; 0 where the distance is 0.
+// The staff step nearest to y, as a click is read; 0 where the line distance is 0.
 int StaffPosition(const StaffFrame& staff, int32_t y);
 
 }  // namespace corvane

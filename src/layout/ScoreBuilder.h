@@ -21,27 +21,37 @@ struct StaffRequest {
     int16_t argument = 1;
 };
 
-// The document of a new score in the current pool: preferences, fonts, one page with its systems, measures and staves,
-// clefs, key of C and 4/4, laid out. Undo must be off.
+// The document of a new score in the current pool: preferences, fonts, one page with its systems, measures
+// and staves, clefs, key of C and 4/4, laid out. Undo must be off.
 Document* BuildNewScore(const PageLayout& layout, std::string_view staffs);
 
-// For each letter of a staff string a request; other letters make none.
+// For each letter of a staff string a request: S a staff, D a braced pair, B a bass staff, E a percussion
+// staff, Cmn a custom staff of n groups of m lines (digits from 1). Other letters make none. Layout is left
+// to the caller.
 void BuildStaffs(Document* document, std::string_view staffs);
-// Adds the staves of a request to every page, system and measure of the document.
+// Adds the staves of a request below the others, to every page, system and measure of the document, with
+// clefs and the keys and meters in force. Layout is left to the caller (LayOutPages in PageLayout.h).
 void AddStaffs(Document* document, const StaffRequest& request);
 
+// Each of these makes its object behind a sibling, or first where `behind` is null, with all that belongs to
+// it: a page like its model (empty without one), a system with the staffs of its neighbour, a measure with a
+// crossing for each staff, clefs and keys where it is its system's first. Layout and the numbers of later
+// measures are left to the caller.
 Page* MakePage(Document* document, Page* behind, const Page* model);
 System* MakeSystem(Page* page, System* behind, int measures);
 Measure* MakeMeasure(System* system, Measure* behind);
 // The crossing with one voice, linked in both ways.
-MeasureStaff* MakeMeasureStaff(Measure* measure, DocStaff* docStaff, Staff* staff, MeasureStaff* behindOnStaff);
+MeasureStaff* MakeMeasureStaff(Measure* measure, DocStaff* docStaff, Staff* staff,
+                               MeasureStaff* behindOnStaff);
 Voice* MakeVoice(MeasureStaff* measureStaff, int number);
 
 void CenterSystems(Document* document, Page* page);      // equal bands, staves refitted
 void DistributeSystems(Document* document, Page* page);  // tops only
+// Spreads a system's staves evenly over its height, braced pairs excepted; its height becomes what they take.
 void CenterStaves(System* system);
+// Puts the second staff of each braced pair at the preferred distance; what stands below moves along.
 void AdjustPianoStaves(System* system);
-// Measures of a system share its width so that their note areas are equal.
+// Measures of a system share its width so that their note areas are equal, but for a unit of rounding.
 void FitMeasures(System* system);
 // Numbers all measures from 1.
 void NumberMeasures(Document* document);

@@ -5,15 +5,16 @@
 
 namespace corvane {
 
-// Width of a measure's header in page units: the widest sum, over its staves, of clef, key and time signature with their
-// gaps.
+// Width of a measure's header in page units: the widest sum, over its staves, of clef, key and time signature
+// with their gaps.
 int32_t NoteAreaLeft(const Measure* measure);
 
-// The mathematical rule for one voice: every event strictly in proportion to its duration. True if some x changed.
+// The mathematical rule for one voice: every event strictly in proportion to its duration. True if some x
+// changed.
 bool SpaceVoice(Voice* voice);
 
-// What a measure can hold and what a voice fills of it, in whole notes. Denominators that are no power of two are
-// rounded to the nearest one.
+// What a measure can hold and what a voice fills of it, in whole notes. Denominators that are no power of two
+// are rounded to the nearest one.
 double MeasureFraction(const Measure* measure);
 double VoiceFraction(const Voice* voice);
 // More than the measure can hold, by more than 0.0001; `sum` is what the voice fills.

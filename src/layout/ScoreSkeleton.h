@@ -1,0 +1,25 @@
+// The records that every new measure, staff or system needs, beyond what ScoreBuilder.h offers.
+#pragma once
+
+#include "model/Relations.h"
+
+namespace corvane {
+
+// Signs of a measure's header, made in front of a crossing's other symbols in the order clef, key, time
+// signature.
+void AddClef(MeasureStaff* crossing, int code);
+void AddKey(MeasureStaff* crossing, int key);  // sharps less flats
+void AddTime(MeasureStaff* crossing);          // of the measure's meter
+
+// A staff of a system behind the others, drawn over the system's whole width.
+SimpleStaff* MakeSimpleStaff(System* system, AllStaff* allStaff, StaffKind kind, int lineCount);
+StaffCustom* MakeStaffCustom(System* system, AllStaff* allStaff, StaffKind kind);
+StaffBot* MakeStaffBot(StaffCustom* custom, System* system, StaffKind kind, int lineCount);
+
+// Joins two staffs of a system at their left end.
+Connection* Connect(System* system, Staff* first, Staff* last, FontSymbol* symbol);
+
+// Gives a system without staffs and measures the staffs of its neighbour in the score, connections included.
+void CopyStaffs(const System* model, System* system, bool modelStandsBefore);
+
+}  // namespace corvane

@@ -1,0 +1,99 @@
+#include "layout/SpacingHeader.h"
+
+#include <algorithm>
+
+#include "layout/Frames.h"
+#include "layout/Spacing.h"
+#include "model/Clefs.h"
+#include "model/Par.h"
+#include "model/Preferences.h"
+#include "model/SymbolTable.h"
+
+namespace corvane {
+namespace {
+
+constexpr int kColumns = 3;  // clefs, keys, time signatures
+
+struct Sign {
+    int column = -1;  // -1 for a symbol that belongs to no header
+    const FontSymbol* symbol = nullptr;
+    int32_t dx = 0, dy = 0;
+};
+
+template <class Record>
+Sign SignIn(int column, const Record* record) {
+    return {column, record->_symbol, record->_x, record->_y};
+}
+
+Sign SignOf(const StaffMeasureSymbol* symbol) {
+    if (const auto* clef = As<StaticClaf>(symbol)) return SignIn(0, clef);
+    if (const auto* key = As<ClafSignature>(symbol)) return SignIn(1, key);
+    if (const auto* time = As<TimeSignature>(symbol)) return SignIn(2, time);
+    return {};
+}
+
+Rect InkOf(const Sign& sign, const Staff* staff) {
+    return sign.symbol ? SymbolRect(sign.symbol, staff ? staff->_lineDistance : 100, 100) : Rect{};
+}
+
+bool ShowsTime(const Document* document) {
+    const auto* preferences = Preferences<TimeMeasurePref>(document);
+    return !preferences || preferences->_showTimeSignature;
+}
+
+// Widest ink of each column; 0 for a column without any, such as the keys of C.
+void MeasureColumns(const Measure* measure, int32_t (&widths)[kColumns]) {
+    for (const MeasureStaff* crossing : measureStaffs.Of(measure))
+        for (const StaffMeasureSymbol* symbol : staffSymbols.Of(crossing)) {
+            const Sign sign = SignOf(symbol);
+            if (sign.column >= 0)
+                widths[sign.column] = std::max(widths[sign.column], InkOf(sign, crossing->_staff).Width());
+        }
+}
+
+}  // namespace
+
+SpacingGaps GapsOf(const Document* document) {
+    const auto* page = document ? Preferences<PagePref>(document) : nullptr;
+    if (!page) return {};
+    return {page->_barlineClefGap, page->_clefKeyGap, page->_keyTimeGap, page->_firstNoteGap,
+            page->_lastNoteGap};
+}
+
+HeaderPlaces PlacesOf(const Measure* measure) {
+    const Document* document = DocumentPar(measure);
+    const SpacingGaps gaps = GapsOf(document);
+    int32_t widths[kColumns] = {};
+    MeasureColumns(measure, widths);
+    if (widths[2] && !ShowsTime(document)) widths[2] = 0;
+
+    const int32_t before[kColumns] = {gaps.barlineClef, gaps.clefKey, gaps.keyTime};
+    int32_t places[kColumns], x = 0;
+    for (int i = 0; i < kColumns; ++i) {
+        places[i] = x += widths[i] ? before[i] : 0;
+        x += widths[i];
+    }
+    return {places[0], places[1], places[2], x + gaps.firstNote};
+}
+
+int32_t NoteAreaLeft(const Measure* measure) { return PlacesOf(measure).noteArea; }
+
+Point PlaceOfSign(const StaffMeasureSymbol* sign) {
+    const MeasureStaff* crossing = MeasureStaffPar(sign);
+    const Measure* measure = MeasurePar(crossing);
+    const Staff* staff = crossing->_staff;
+    if (!measure || !staff) return {};
+    const HeaderPlaces places = PlacesOf(measure);
+    const int32_t columns[kColumns] = {places.clef, places.key, places.time};
+    const Sign kind = SignOf(sign);
+    CORVANE_ASSERT_AS(kind.column >= 0, "sign");
+
+    const StaffFrame frame = FrameOf(staff);
+    const auto* clef = As<StaticClaf>(sign);
+    const Point reference{OriginOf(SystemPar(measure)).x + measure->_left + columns[kind.column],
+                          frame.YOfLine(clef ? ClefOf(clef->_code).line : frame.lineCount)};
+    const Point moved{kind.dx * frame.lineDistance / 100, kind.dy * frame.lineDistance / 100};
+    return reference + moved - Point{InkOf(kind, staff).left, 0};
+}
+
+}  // namespace corvane
