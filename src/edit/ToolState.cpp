@@ -1,13 +1,9 @@
 #include "edit/ToolState.h"
 
-#include <atomic>
-
 #include "edit/WindowTarn.h"
 
 namespace corvane {
 namespace {
-
-std::atomic<bool> playing{false};
 
 void TellShell() {
     if (WindowTarn::instance) WindowTarn::instance->Shell().ToolChanged();
@@ -29,9 +25,6 @@ EditSwitches& Switches() {
     static EditSwitches switches;
     return switches;
 }
-
-bool IsPlaying() { return playing.load(std::memory_order_acquire); }
-void SetPlaying(bool on) { playing.store(on, std::memory_order_release); }
 
 void SetToolMode(int32_t mode) {
     if (!IsPlaying()) Tools().toolMode = mode;

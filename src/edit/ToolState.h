@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "play/TarnPlay.h"
+
 namespace corvane {
 
 inline constexpr int32_t ModeArrow = 1, ModePencil = 2, ModeEraser = 3;
@@ -20,10 +22,6 @@ struct ToolState {
 };
 
 ToolState& Tools();
-
-// A run of play-back is on: presses and keys are shut off. Written on the main thread, read anywhere.
-bool IsPlaying();
-void SetPlaying(bool playing);
 
 // Switches read by insertion, from the document's preferences and the menus.
 struct EditSwitches {

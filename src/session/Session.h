@@ -21,7 +21,6 @@ struct SessionParts {
     FileLayer* files = nullptr;
     SettingsStore* settings = nullptr;
     EditorShell* shell = nullptr;          // null for a headless run
-    std::string recoveryFolder;            // where an assertion puts unsaved scores; empty for nowhere
 };
 
 class Session {

@@ -1,0 +1,121 @@
+#include "session/Dumps.h"
+
+#include <algorithm>
+#include <map>
+
+#include "layout/LayoutDump.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+#include "model/SymbolTable.h"
+#include "play/NoteDump.h"
+#include "store/NewMemoryPool.h"
+
+namespace corvane {
+namespace {
+
+constexpr int kMostStaffs = 16, kMostMeasures = 15, kMostSystems = 15;
+
+void Line(std::string& out, int depth, const std::string& text) {
+    out.append(static_cast<size_t>(2 * depth), ' ').append(text).append("\n");
+}
+
+std::string Number(int64_t n) { return std::to_string(n); }
+
+void DumpEvent(const VoiceSymbol* symbol, std::string& out) {
+    const std::string name = InfoOf(symbol->ClassNumber())->name;
+    std::string text = name + " value " + Number(ValueOf(symbol)) + " x " + Number(XOf(symbol));
+    if (const int dots = DotCount(symbol)) text += " dots " + Number(dots);
+    if (const auto* chord = As<Chords>(symbol)) {
+        const Stem* stem = StemOf(chord);
+        text += " stem " + Number(static_cast<int>(stem->_direction.Get())) + " length " + Number(stem->_length);
+        if (BeamOf(stem)) text += " beamed";
+        for (const GenericNote* note : chordNotes.Of(chord)) {
+            text += " line " + Number(note->_line);
+            if (const auto alteration = static_cast<int>(note->_alteration.Get())) text += " alteration " + Number(alteration);
+            if (AccidentOf(note)) text += " accidental";
+        }
+    } else if (const auto* pause = As<Pause>(symbol); pause && BeamOf(pause)) {
+        text += " beamed";
+    }
+    Line(out, 5, text);
+}
+
+void DumpCrossing(const MeasureStaff* crossing, int number, std::string& out) {
+    Line(out, 3, "staff " + Number(number));
+    for (const StaffMeasureSymbol* symbol : staffSymbols.Of(crossing)) Line(out, 4, InfoOf(symbol->ClassNumber())->name);
+    for (const Voice* voice : measureStaffVoices.Of(crossing)) {
+        Line(out, 4, "voice " + Number(voice->_number));
+        for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) DumpEvent(symbol, out);
+    }
+}
+
+Status DumpTree(WindowTarn& window, std::string& out) {
+    for (const Page* page : documentPages.Of(window.GetDocument())) {
+        Line(out, 0, "page " + Number(page->_pageNumber));
+        int systemNumber = 0;
+        for (const System* system : pageSystems.Of(page)) {
+            Line(out, 1, "system " + Number(++systemNumber));
+            for (const Measure* measure : systemMeasures.Of(system)) {
+                Line(out, 2, "measure " + Number(measure->_number) + " " + Number(measure->_num) + "/" +
+                                 Number(measure->_den));
+                int staffNumber = 0;
+                for (const MeasureStaff* crossing : measureStaffs.Of(measure)) DumpCrossing(crossing, ++staffNumber, out);
+            }
+        }
+    }
+    return Status::Ok();
+}
+
+Status DumpObjects(WindowTarn& window, std::string& out) {
+    std::map<std::string, int> counts;
+    const NewMemoryPool& pool = *window.Pool();
+    for (void* object = pool.FirstObject(); object; object = pool.NextObject(object)) {
+        const int16_t number = ClassNumberOf(object);
+        ++counts[number < 0 ? "raw" : InfoOf(number)->name];
+    }
+    for (const auto& [name, count] : counts) out += name + " " + Number(count) + "\n";
+    return Status::Ok();
+}
+
+Status DumpLayoutOf(WindowTarn& window, std::string& out) {
+    out += DumpLayout(window.CurrentPage());
+    return Status::Ok();
+}
+
+Status DumpNotesOf(WindowTarn& window, std::string& out) {
+    out += DumpNotes(window.GetDocument());
+    return Status::Ok();
+}
+
+constexpr struct {
+    const char* name;
+    Status (*dump)(WindowTarn&, std::string&);
+} kDumps[] = {{"layout", DumpLayoutOf}, {"tree", DumpTree}, {"notes", DumpNotesOf}, {"objects", DumpObjects}};
+
+int StaffCount(std::string_view staffs) {
+    int count = 0;
+    for (const char letter : staffs) count += letter == 'D' ? 2 : letter == 'S' || letter == 'B' || letter == 'E' || letter == 'C';
+    return count;
+}
+
+}  // namespace
+
+Status DumpScore(WindowTarn& window, std::string_view what, std::string& out) {
+    for (const auto& dump : kDumps)
+        if (what == dump.name) return dump.dump(window, out);
+    return {Fault::Refused, "dump wants layout, tree, notes or objects"};
+}
+
+Status CheckNewScore(const PageLayout& layout, std::string_view staffs) {
+    if (layout.measuresPerSystem < 1) return {Fault::Refused, "The number of measures must be higher than 0!"};
+    if (layout.systemsPerPage < 1) return {Fault::Refused, "The number of systems must be higher than 0!"};
+    if (layout.measuresPerSystem > kMostMeasures || layout.systemsPerPage > kMostSystems)
+        return {Fault::Refused, "A new score takes at most 15 measures to a system and 15 systems to a page"};
+    if (StaffCount(staffs) > kMostStaffs) return {Fault::Refused, "It is impossible to insert more than 16 staves!"};
+    const bool known = std::all_of(staffs.begin(), staffs.end(), [](char letter) {
+        return std::string_view("SDCBE0123456789").find(letter) != std::string_view::npos;
+    });
+    return known ? Status::Ok() : Status{Fault::Refused, "Staves are the letters S, D, C, B and E"};
+}
+
+}  // namespace corvane
