@@ -16,7 +16,10 @@ class RoundMeasures : public GlyphMeasures {
 public:
     RoundMeasures() { SetGlyphMeasures(this); }
     ~RoundMeasures() override { SetGlyphMeasures(nullptr); }
-    EmBox GlyphBox(FontId, uint8_t, uint8_t code) override { return {0.05, -0.5, 0.05 + code * 0.001, 0}; }
+    EmBox GlyphBox(FontId, uint8_t, uint8_t code) override {
+        const double left = code < 128 ? 0.05 : 0.06;
+        return {left, -0.5, left + code * 0.001, 0};
+    }
     double GlyphAdvance(FontId, uint8_t, uint8_t code) override { return 0.1 + code * 0.001; }
     TextExtent MeasureText(FontId, uint8_t, std::string_view text) override {
         return {0.5 * static_cast<double>(text.size()), 0.8, 0.2};

@@ -85,15 +85,17 @@ TEST(Port, FiveCodesAreDrawnAsOthersButMeasuredAsThemselves) {
 
 TEST(Port, SideLettersPutTheInkNotThePenAtX) {
     RoundMeasures measures;
-    RecordingPort port;  // code 200 at size 1000: ink from 50 to 250
+    RecordingPort port;  // code 200 at size 1000: ink from 60 to 260; code 47 is drawn as 148: from 60 to 208
     const struct {
+        uint8_t code;
         char side;
         double pen;
-    } cases[] = {{0, 3000}, {'l', 3000 - 50}, {'r', 3000 - (250 - 1)}, {'c', 3000}};
+    } cases[] = {{200, 0, 3000},   {200, 'l', 3000 - 60}, {200, 'r', 3000 - (260 - 1)},
+                 {200, 'c', 3000}, {47, 'l', 3000 - 60},  {47, 'r', 3000 - (208 - 1)}};
     for (const auto& c : cases) {
-        port.DrawChar(200, 3000, 40, c.side);
-        EXPECT_EQ(port.glyphs.back().baseline.x, c.pen) << c.side;
-        EXPECT_EQ(port.glyphs.back().baseline.y, 40) << c.side;
+        port.DrawChar(c.code, 3000, 40, c.side);
+        EXPECT_EQ(port.glyphs.back().baseline.x, c.pen) << int{c.code} << c.side;
+        EXPECT_EQ(port.glyphs.back().baseline.y, 40) << int{c.code} << c.side;
     }
 }
 
