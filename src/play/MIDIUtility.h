@@ -22,7 +22,7 @@ struct TimePlace {
     friend bool operator==(const TimePlace&, const TimePlace&) = default;
     friend auto operator<=>(const TimePlace&, const TimePlace&) = default;
 };
-TimePlace PlaceOf(const TimeElement* element);
+TimePlace TimePlaceOf(const TimeElement* element);
 
 // Where a note or an event starts by the durations before it in its voice.
 TimePlace NotePosition(const GenericNote* note);
@@ -56,11 +56,13 @@ void RenewChordEvents(Chords* chord);
 
 // Moves one event of a note to another place of its measure.
 void MoveEvent(SoundEvent* event, TimePlace place);
+// Takes one event away from its note and its place, and destroys it.
+void DestroyEvent(SoundEvent* event);
 // The event of a note; null if a tie spares it.
 NoteOn* NoteOnOf(const GenericNote* note);
 NoteOff* NoteOffOf(const GenericNote* note);
 // Where an event falls.
-TimePlace PlaceOf(const SoundEvent* event);
+TimePlace TimePlaceOf(const SoundEvent* event);
 // Adds a NoteOn or NoteOff of a note that has none, with the note's height.
 NoteOn* MakeNoteOn(GenericNote* note, TimePlace place);
 NoteOff* MakeNoteOff(GenericNote* note, TimePlace place);

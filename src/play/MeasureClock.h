@@ -26,7 +26,7 @@ const Tempo* TempoInForce(const Measure* measure);
 
 struct MeasureLength {
     int32_t ticks = 0;     // at factor 1.0
-    int32_t duration = 0;  // tempo changes inside included
+    int32_t duration = 0;  // tempo changes inside included; at least 1
     int32_t carry = 0;     // what rounding left over, for the next measure
 };
 // `factor` is the one in force as the measure begins; `carry` comes from the measure before.

@@ -50,7 +50,7 @@ struct Lane {
     int num = 0, den = 0;
     int32_t start = 0, duration = 0;
     int32_t ticks = 0;  // of the measure at factor 1.0
-    int32_t carry = 0, carryBefore = 0;
+    int32_t carry = 0;  // what rounding left over, for the next measure
     double factor = 1.0;
 
     void Begin(int32_t time);

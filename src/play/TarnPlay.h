@@ -80,15 +80,13 @@ private:
     };
 
     void SendPrograms();
-    bool BeginEvents(const Measure* from);
-    void ResetTempo();
-
     void FireDue();
     void Fire(const TimeElement* element);
-    void PlayEvents(const TimeElement* element);
+    void PlayEvents(const MarkUp* markUp, const TimeElement* element);
     bool IsSimultaneous(const Measure* m1, const TimeElement* e1, const Measure* m2, const TimeElement* e2);
     const TimeElement* NextElement(const TimeElement* element);
     const TimeElement* FirstElementFromHere();
+    bool EnterNext();
     void EnterEvents(const Measure* measure);
     double DueTime(const TimeElement* element) const;
     void EndOfScore();
