@@ -11,6 +11,8 @@ GlyphMeasures* theMeasures = nullptr;
 
 void SetGlyphMeasures(GlyphMeasures* measures) { theMeasures = measures; }
 
+bool HasGlyphMeasures() { return theMeasures != nullptr; }
+
 GlyphMeasures& TheGlyphMeasures() {
     CORVANE_ASSERT(theMeasures);
     return *theMeasures;

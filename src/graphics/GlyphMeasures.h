@@ -38,6 +38,9 @@ public:
 // away.
 void SetGlyphMeasures(GlyphMeasures* measures);
 
+// Whether any are installed.
+bool HasGlyphMeasures();
+
 // What is installed; none is our own mistake and ends the program.
 GlyphMeasures& TheGlyphMeasures();
 

@@ -17,7 +17,8 @@ P* Preferences(const Document* document) {
     return static_cast<P*>(FindPreferences(document, InfoOf(P::kClass)->name));
 }
 
-// Allocates, fills and adds the default records of a new score, in their order.
+// Allocates, fills and adds the default records of a new score, in their order. The document's standard fonts, "Times
+// New Roman", "Marcelane" and "Courier New" at size 189, come first; the document itself holds one use of each.
 void MakeDefaultPreferences(Document* document);
 
 }  // namespace corvane

@@ -20,6 +20,7 @@ inline constexpr DoubleAggregation<Document, TarnFont, 3> documentFonts;
 inline constexpr DoubleAggregation<Document, ClassPreferences, 4> documentPreferences;
 inline constexpr SingleAggregation<Document, DocStaff, 13> documentDocStaffs;
 inline constexpr SingleCollection<Document, FontSymbol, 30> documentFontSymbols;
+inline constexpr SingleCollection<CompositeSymbol, FontSymbol, 34> compositeParts;
 inline constexpr SingleAggregation<Page, System, 2> pageSystems;
 inline constexpr SingleAggregation<Page, PageText, 50> pageTexts;
 inline constexpr DoubleAggregation<System, MultiStaff, 3> systemStaffs;
