@@ -13,6 +13,10 @@ namespace corvane {
 
 class NewMemoryPool;
 
+inline constexpr const char* kInvalidFile = "Invalid file";
+inline constexpr const char* kNoMemoryToOpen =
+    "Not enough memory to open this file; assign more memory to the program!";
+
 // What a load has to tell.
 struct LoadReport {
     std::vector<std::string> healed;  // what was set right without guessing, a line each
