@@ -4,10 +4,10 @@
 
 #include "layout/Frames.h"
 #include "layout/Spacing.h"
+#include "layout/SymbolInk.h"
 #include "model/Clefs.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
-#include "model/SymbolTable.h"
 
 namespace corvane {
 namespace {
@@ -32,8 +32,9 @@ Sign SignOf(const StaffMeasureSymbol* symbol) {
     return {};
 }
 
+// Around the point at which the sign is drawn.
 Rect InkOf(const Sign& sign, const Staff* staff) {
-    return sign.symbol ? SymbolRect(sign.symbol, staff ? staff->_lineDistance : 100, 100) : Rect{};
+    return sign.symbol ? InkOf(sign.symbol, Point{}, staff ? staff->_lineDistance.Get() : 100, 100) : Rect{};
 }
 
 bool ShowsTime(const Document* document) {
