@@ -6,6 +6,7 @@
 #include "base/Rounding.h"
 #include "graphics/GlyphMeasures.h"
 #include "model/Relations.h"
+#include "model/SymbolTable.h"
 
 namespace corvane {
 namespace {

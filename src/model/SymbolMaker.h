@@ -41,9 +41,6 @@ FontSymbol* BuildSymbol(const SymbolDesign& design, std::string_view name);
 
 // Ink of a part at line distance 100 and 100 percent, its offset included; empty without glyph measures.
 Rect InkOf(const SymbolPart& part);
-// Measures what was made or loaded without; true if there was any. Its writes mark the pool modified.
-bool MeasureDirtySymbols(Document* document);
-
 // The families, each empty for a name that is not theirs.
 std::optional<SymbolDesign> DesignTimeSignature(const Document* document, std::string_view name);
 std::optional<SymbolDesign> DesignKeySignature(const Document* document, std::string_view name);

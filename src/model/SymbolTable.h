@@ -41,6 +41,10 @@ inline int32_t SymbolWidth(const FontSymbol* symbol, int32_t lineDistance, int32
     return SymbolRect(symbol, lineDistance, percent).Width();
 }
 
+// Measures the symbols that were made or loaded without glyph measures; true if there was any. Its writes mark the pool
+// modified.
+bool MeasureDirtySymbols(Document* document);
+
 // A second use of a symbol that is at hand.
 inline FontSymbol* ShareSymbol(FontSymbol* symbol) {
     symbol->_useCount += 1;
