@@ -1,10 +1,9 @@
 // Settings as one readable file, "settings" in the person's configuration folder.
 #pragma once
 
-#include <map>
 #include <optional>
-#include <set>
 
+#include "platform/files/FileSettingsText.h"
 #include "store/FileLayer.h"
 #include "store/SettingsStore.h"
 
@@ -13,15 +12,12 @@ namespace corvane {
 // $CORVANE_CONFIG_DIR, else "corvane" in $XDG_CONFIG_HOME, else in ~/.config. Need not exist.
 std::string ConfigFolder();
 
-// Reads at construction; a missing file is an empty store, a damaged one is renamed to "settings.damaged" and
-// replaced. A Commit takes over what another running program has committed meanwhile and replaces the file in
-// one step.
+// Reads at construction. A missing file is an empty store; a damaged one, or one of another version, is
+// renamed to "settings.damaged" and starts an empty store. A Commit takes over what another running program
+// has committed meanwhile and replaces the file in one step.
 class FileSettings : public SettingsStore {
 public:
-    using Values = std::map<std::string, std::vector<uint8_t>, std::less<>>;
-    using Keys = std::map<std::string, Values, std::less<>>;
-
-    FileSettings(FileLayer& files, std::string folder = ConfigFolder());
+    explicit FileSettings(FileLayer& files, std::string folder = ConfigFolder());
 
     bool Open(std::string_view key) const override;
     void Create(std::string_view key) override;
@@ -38,14 +34,13 @@ private:
         std::string key, name;                      // an empty name creates the key
         std::optional<std::vector<uint8_t>> value;  // none removes the name
     };
-    void Apply(const Change& change);
+    static void Apply(const Change& change, SettingsKeys& keys);
     void Record(Change change);
-    bool LoadFile(Keys& keys);
 
     FileLayer& _files;
     std::string _folder, _path, _message;
-    Keys _keys;
-    std::vector<Change> _changes;
+    SettingsKeys _keys;
+    std::vector<Change> _changes;  // since the last Commit
 };
 
 }  // namespace corvane
