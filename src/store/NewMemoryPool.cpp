@@ -179,6 +179,7 @@ void NewMemoryPool::Release(void* object) {
             CORVANE_ASSERT_AS(pointer.Get() == 0, "Invalid_deallocation");
         }
     uint32_t span = SpanOfWord(word);
+    PutWord(place, 0);  // a second release of it is found out, also once it is part of a larger hole
     _free += span;
     if (object == _document) _document = nullptr;
 

@@ -71,6 +71,7 @@ void NewMemoryPool::Account(const PoolBlock& block, int sign) {
 }
 
 void NewMemoryPool::Exchange(bool redo) {
+    _modified = true;
     for (auto& block : _blocks) {
         BlockTrailer& trailer = block->Trailer();
         if (!trailer.touched) continue;
