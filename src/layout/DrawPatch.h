@@ -1,8 +1,9 @@
-// How the sheet sees everything that can appear on a page: a handle on a record or a transient object, with the
-// behaviour of its class behind it. Handles are values; equal handles name the same object.
+// How the sheet sees everything that can appear on a page: a handle on a record or a transient object, with
+// the behaviour of its class behind it. Handles are values; equal handles name the same object.
 #pragma once
 
 #include "base/Geometry.h"
+#include "layout/VoiceColours.h"
 #include "model/Relations.h"
 
 namespace corvane {
@@ -10,14 +11,25 @@ namespace corvane {
 class GraphicPort;
 class WRegion;
 
-// What a paint wants to know beyond the object.
-struct DrawContext {
-    bool printing = false;
-    bool showHidden = true;       // on screen, in grey
+// Whether hidden objects of one kind are seen: in grey on screen, in black on paper.
+struct HiddenRule {
+    bool show = true;
     bool hideInPrint = true;
 };
 
-// Drawing of one class; stateless. Rectangles are absolute page units.
+// What a paint wants to know beyond the object.
+struct DrawContext {
+    bool printing = false;
+    HiddenRule hiddenNotes, hiddenStems, hiddenRests;
+    VoiceColouring colouring;
+    int editVoice = 0;  // 0 for all
+
+    // Printing knows no colours of voices.
+    uint32_t ColourOf(int voice) const { return printing ? 0 : ColourOfVoice(colouring, voice, editVoice); }
+};
+
+// Drawing of one class; stateless. Rectangles are absolute page units. Drawing leaves the port's colour and
+// pen as they were, and never writes a record.
 class PatchBehaviour {
 public:
     virtual ~PatchBehaviour() = default;
@@ -25,7 +37,8 @@ public:
     virtual Rect Bounds(const void* object) const = 0;
     // Strictly inside the rectangle, unless a class knows better.
     virtual bool Hit(const void* object, Point p) const { return Bounds(object).EnclosesStrictly(p); }
-    virtual bool HitRegion(const void* object, const WRegion& region) const;
+    // The region is one of this port.
+    virtual bool HitRegion(const GraphicPort& port, const void* object, const WRegion& region) const;
     // Drawn after the rest of its tile: accidentals and handles.
     virtual bool IsLate() const { return false; }
     // The voice whose colour it takes; 0 for none.
@@ -43,7 +56,12 @@ public:
     void* Object() const { return _object; }
     int16_t ClassNumber() const { return _behaviour->ClassNumber(); }
     const PatchBehaviour& Behaviour() const { return *_behaviour; }
-    // The record as a concrete class, or as an abstract one that stands first in all its heirs; null for another class.
+    Rect Bounds() const { return _behaviour->Bounds(_object); }
+    void Draw(GraphicPort& port, const DrawContext& context) const {
+        _behaviour->Draw(port, _object, context);
+    }
+    // The record as a concrete class, or as an abstract one that stands first in all its heirs; null for
+    // another class.
     template <class R>
     R* Record() const {
         return _object && IsClass<R>(ClassNumber()) ? static_cast<R*>(_object) : nullptr;

@@ -1,24 +1,16 @@
-// The tiled plane of a score window: knows every visible object of the current page by its rectangle, finds what lies
-// under a point or in a region, and keeps which tiles must be painted anew. Objects beyond the plane belong to the
-// outermost tiles. Main thread only.
+// The tiled plane of a score window: knows every visible object of the current page by its rectangle, finds
+// what lies under a point or in a region, and keeps which tiles must be painted anew. Objects beyond the
+// plane belong to the outermost tiles. Main thread only.
 #pragma once
 
-#include <array>
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 #include "layout/DrawPatch.h"
 
 namespace corvane {
 
-// How voices are coloured on screen.
-struct VoiceColouring {
-    bool coloured = false;                 // each voice in its own colour
-    std::array<uint32_t, 8> colours{};     // of voices 1 to 8, red in the low byte
-};
-
-// Told of every patch that is filed or taken off, for undo's local repaints.
+// Told of every patch that is filed or taken off, for undo's local repaints; not of the filing of a page.
 class SheetRecorder {
 public:
     virtual ~SheetRecorder() = default;
@@ -26,39 +18,49 @@ public:
     virtual void Removed(const DrawPatch& patch, int voice) = 0;
 };
 
+// The cost of filing or removing an object does not depend on how many others there are. A filed object keeps
+// the rectangle that it had then, so it can be removed when its record is gone; until then the record must
+// stay as it was.
 class NewWindowSheet {
 public:
+    // Extents of the plane in page units, and the grid of its tiles.
     NewWindowSheet(int32_t width = 15000, int32_t height = 15000, int across = 10, int down = 10);
     ~NewWindowSheet();
+    NewWindowSheet(const NewWindowSheet&) = delete;
 
-    // Empties the sheet and files all objects of a page; all tiles become dirty.
+    // Empties the sheet and files all objects of a page; all tiles become dirty. Null only empties it.
     void FilePage(Page* page);
     Page* CurrentPage() const { return _page; }
 
+    // Files it last, where it stands now; its tiles become dirty. What is filed already is filed anew.
     void AddObject(const DrawPatch& patch, int voice);
     // Takes it off; its tiles become dirty with markDirty. Nothing happens if it is not filed.
     void RemoveObject(const DrawPatch& patch, bool markDirty = true);
     // Files it anew where it stands now: both its old and its new tiles become dirty.
     void RedrawObject(const DrawPatch& patch, int voice);
     bool IsFiled(const DrawPatch& patch) const;
+    // As it was when filed; empty if it is not.
+    Rect FiledRect(const DrawPatch& patch) const;
     void MarkAllDirty();
     void MarkDirty(const Rect& rect);
 
     int TileCount() const;
-    Rect TileRect(int tile) const;      // the outermost tiles reach to the end of the page and beyond
+    Rect TileRect(int tile) const;  // the outermost tiles reach to the end of the page and beyond
     bool IsDirty(int tile) const;
     void ClearDirty(int tile);
 
-    // Draws the objects of the tiles that meet `area`, each once, accidentals and handles last.
+    // Draws the objects that meet `area`, each once, in the order of their filing, accidentals and handles
+    // last. The picture is the same whether a page is drawn at once or area by area.
     void Draw(GraphicPort& port, const Rect& area, const DrawContext& context) const;
 
-    // The first patch under the point that is not `exclude`, in list order, accidentals and handles last. Symbols of
-    // another voice than the edited one are skipped where both are told.
+    // The first patch under the point that is not `exclude`, in list order, accidentals and handles last.
+    // Symbols of another voice than the edited one are skipped where both are told.
     DrawPatch HitSymbol(Point p, const DrawPatch& exclude = {}) const;
-    // Each patch that meets the region, once.
-    std::vector<DrawPatch> PatchesIn(const WRegion& region) const;
+    // Each patch that meets a region of the port, once, in the order of their filing.
+    std::vector<DrawPatch> PatchesIn(const GraphicPort& port, const WRegion& region) const;
     std::vector<DrawPatch> AllPatches() const;
 
+    // The caller marks dirty what changes its looks by these.
     void SetEditVoice(int voice) { _editVoice = voice; }
     int EditVoice() const { return _editVoice; }
     void SetColouring(const VoiceColouring& colouring) { _colouring = colouring; }
@@ -66,6 +68,8 @@ public:
 
 private:
     struct Tiles;
+    void File(const DrawPatch& patch, int voice);
+
     std::unique_ptr<Tiles> _tiles;
     Page* _page = nullptr;
     int _editVoice = 0;  // 0 for all
@@ -74,6 +78,6 @@ private:
 };
 
 // Draws a whole page without a sheet, as printers and files want it.
-void DrawPage(GraphicPort& port, Page* page, const DrawContext& context);
+void DrawPage(GraphicPort& port, const Page* page, const DrawContext& context);
 
 }  // namespace corvane

@@ -1,0 +1,29 @@
+// A beam is painted by its first marker; the others add nothing.
+#include "layout/DrawFamilies.h"
+#include "layout/NoteGeometry.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+
+namespace corvane {
+
+Rect InkOf(const BeamMarker& marker) { return RectOf(&marker); }
+
+void Paint(GraphicPort& port, const BeamMarker& marker, const DrawContext&) {
+    const Beam* beam = beamMarkers.ParentOf(&marker);
+    if (!beam || beamMarkers.First(beam) != &marker) return;
+    const PenKept kept(port);
+    for (const BeamStroke& stroke : StrokesOf(beam)) {
+        port.SetPenSize(1, stroke.thickness);
+        port.DrawLine(stroke.from.x, stroke.from.y, stroke.to.x, stroke.to.y);
+    }
+}
+
+int VoiceNumberOf(const BeamMarker& marker) {
+    const BeamSymbol* symbol = beamSymbolAttributes.ParentOf(&marker);
+    if (const auto* pause = As<Pause>(symbol)) return VoiceNumberOf(*pause);
+    const auto* stem = As<Stem>(symbol);
+    const ChordSymbol* chordSymbol = stem ? ChordSymbolPar(stem) : nullptr;
+    return chordSymbol ? VoiceNumberOf(*chordSymbol) : 0;
+}
+
+}  // namespace corvane

@@ -1,0 +1,88 @@
+// A column: for each chord its heads, each followed by its ledger lines, then stem, flags and the slash of a
+// grace chord.
+#include "layout/DrawFamilies.h"
+#include "layout/LineWeights.h"
+#include "layout/NoteGeometry.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+#include "model/SymbolTable.h"
+
+namespace corvane {
+namespace {
+
+int32_t DistanceAt(const GenericNote* note) { return FrameOf(StaffPar(note)).lineDistance; }
+
+void PaintLedgerLines(GraphicPort& port, const LedgerLines& ledgers) {
+    for (int i = 0; i < ledgers.count; ++i)
+        PaintLevel(port, ledgers.left, ledgers.right, ledgers.first + i * ledgers.step, ledgers.weight);
+}
+
+void PaintHead(GraphicPort& port, const GenericNote* note, const Column& column, const DrawContext& context) {
+    const PenKept kept(port);
+    if (note->_hidden && !UseHiddenColour(port, context.hiddenNotes, context.printing)) return;
+    const Point place = DrawnPlaceOf(note, column);
+    DrawSymbol(port, note->_symbol, place.x, place.y, DistanceAt(note), note->_size, SideLetterOf(note));
+    if (!note->_hidden) PaintLedgerLines(port, LedgerLinesOf(note, column));
+}
+
+void PaintStem(GraphicPort& port, const Column& column, const DrawContext& context) {
+    if (!HasStemInk(column.stem)) return;
+    const PenKept kept(port);
+    const bool visible = IsVisible(column.stem->_direction);
+    if (!visible && !UseHiddenColour(port, context.hiddenStems, context.printing)) return;
+    const Rect ink = StemInk(column);
+    PaintUpright(port, ink.left, ink.top, ink.bottom, ink.Width());
+}
+
+void PaintSlash(GraphicPort& port, const Column& column, const GenericNote* outer) {
+    const PenKept kept(port);
+    const StemLine line = LineOf(column);
+    const int32_t distance = DistanceAt(outer), d = distance * 50 / 100, weight = StemWeight(distance);
+    const int32_t down = IsUp(column.stem->_direction) ? 2 * d : -2 * d;
+    port.SetPenSize(weight, weight);
+    port.DrawLine(line.x - d, line.end + down, line.x + d, line.end);
+}
+
+void PaintFlags(GraphicPort& port, const Column& column) {
+    const GenericNote* outer = NoteOuter(column.stem);
+    bool flagged = false;
+    for (const BeamSymbolAttribute* attribute : beamSymbolAttributes.Of(column.stem)) {
+        const Flag* flag = As<Flag>(attribute);
+        if (!flag || !outer) continue;
+        const Point place = PlaceOf(flag, column);
+        DrawSymbol(port, flag->_symbol, place.x, place.y, DistanceAt(outer), 100);
+        flagged = true;
+    }
+    const auto* grace = outer ? As<GraceChord>(ChordPar(outer)) : nullptr;
+    if (flagged && grace && grace->_slash) PaintSlash(port, column, outer);
+}
+
+}  // namespace
+
+Rect InkOf(const ChordSymbol& chordSymbol) { return RectOf(&chordSymbol); }
+
+void Paint(GraphicPort& port, const ChordSymbol& chordSymbol, const DrawContext& context) {
+    const PenKept kept(port);
+    const Colour columnColour = port.CurrentColor();
+    for (const Chords* chord : chordSymbolChords.Of(&chordSymbol)) {
+        const Voice* voice = VoicePar(chord);
+        if (!voice) continue;
+        port.SetColor(context.ColourOf(voice->_number));
+        for (const GenericNote* note : chordNotes.Of(chord))
+            if (const Stem* stem = StemPar(note)) PaintHead(port, note, Column(stem), context);
+    }
+    port.SetColor(columnColour);
+    for (const Stem* stem : chordSymbolStems.Of(&chordSymbol)) {
+        const Column column(stem);
+        PaintStem(port, column, context);
+        PaintFlags(port, column);
+    }
+}
+
+int VoiceNumberOf(const ChordSymbol& chordSymbol) {
+    const Chords* chord = chordSymbolChords.First(&chordSymbol);
+    const Voice* voice = chord ? VoicePar(chord) : nullptr;
+    return voice ? voice->_number.Get() : 0;
+}
+
+}  // namespace corvane

@@ -1,0 +1,78 @@
+// What each drawn class adds of its own: its ink, how it is painted, whose voice it is. One file for each
+// family; DrawPatch.cpp lists them in one table.
+#pragma once
+
+#include "graphics/GraphicPort.h"
+#include "layout/DrawPatch.h"
+
+namespace corvane {
+
+// Staff lines and what spans staves: DrawStaff.cpp, DrawMeasure.cpp, DrawConnection.cpp.
+Rect InkOf(const Staff& staff);
+void Paint(GraphicPort& port, const Staff& staff, const DrawContext& context);
+Rect InkOf(const Measure& measure);
+void Paint(GraphicPort& port, const Measure& measure, const DrawContext& context);
+Rect InkOf(const Connection& connection);
+void Paint(GraphicPort& port, const Connection& connection, const DrawContext& context);
+
+// Signs of the header and clefs within: DrawHeader.cpp.
+Rect InkOf(const StaticClaf& clef);
+void Paint(GraphicPort& port, const StaticClaf& clef, const DrawContext& context);
+Rect InkOf(const MovingClaf& clef);
+void Paint(GraphicPort& port, const MovingClaf& clef, const DrawContext& context);
+Rect InkOf(const ClafSignature& key);
+void Paint(GraphicPort& port, const ClafSignature& key, const DrawContext& context);
+Rect InkOf(const TimeSignature& time);
+void Paint(GraphicPort& port, const TimeSignature& time, const DrawContext& context);
+
+// Notes: DrawChord.cpp, DrawRest.cpp, DrawSigns.cpp, DrawBeam.cpp.
+Rect InkOf(const ChordSymbol& chordSymbol);
+void Paint(GraphicPort& port, const ChordSymbol& chordSymbol, const DrawContext& context);
+Rect InkOf(const Pause& pause);
+void Paint(GraphicPort& port, const Pause& pause, const DrawContext& context);
+Rect InkOf(const Accident& accident);
+void Paint(GraphicPort& port, const Accident& accident, const DrawContext& context);
+Rect InkOf(const Dot& dot);
+void Paint(GraphicPort& port, const Dot& dot, const DrawContext& context);
+Rect InkOf(const BeamMarker& marker);
+void Paint(GraphicPort& port, const BeamMarker& marker, const DrawContext& context);
+
+// Text: DrawText.cpp.
+Rect InkOf(const PageText& text);
+void Paint(GraphicPort& port, const PageText& text, const DrawContext& context);
+Rect InkOf(const MeasureStaffText& text);
+void Paint(GraphicPort& port, const MeasureStaffText& text, const DrawContext& context);
+
+// The voice of a record's own; 0 for what belongs to none.
+int VoiceNumberOf(const ChordSymbol& chordSymbol);
+int VoiceNumberOf(const Pause& pause);
+int VoiceNumberOf(const Accident& accident);
+int VoiceNumberOf(const Dot& dot);
+int VoiceNumberOf(const BeamMarker& marker);
+
+// ---- Helpers of these files
+
+// Puts colour and pen back at its end.
+class PenKept {
+public:
+    explicit PenKept(GraphicPort& port) : _port(port), _colour(port.CurrentColor()), _pen(port.PenSize()) {}
+    ~PenKept() {
+        _port.SetColor(_colour);
+        _port.SetPenSize(_pen.x, _pen.y);
+    }
+    PenKept(const PenKept&) = delete;
+
+private:
+    GraphicPort& _port;
+    Colour _colour;
+    Point _pen;
+};
+
+// Whether something hidden is painted now; its colour is set then. The caller keeps the pen.
+bool UseHiddenColour(GraphicPort& port, const HiddenRule& rule, bool printing);
+
+// An upright line that fills [x, x + weight), and a level one that is centred on y.
+void PaintUpright(GraphicPort& port, int32_t x, int32_t top, int32_t bottom, int32_t weight);
+void PaintLevel(GraphicPort& port, int32_t left, int32_t right, int32_t y, int32_t weight);
+
+}  // namespace corvane

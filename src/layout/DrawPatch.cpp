@@ -1,0 +1,110 @@
+#include "layout/DrawPatch.h"
+
+#include <array>
+
+#include "layout/DrawFamilies.h"
+
+namespace corvane {
+namespace {
+
+enum class Hits { Rectangle, Never };
+enum class When { InOrder, Late };
+
+// A class by its overloads of InkOf, Paint and, where it has one, VoiceNumberOf. `Base` is what they take.
+template <class R, class Base, Hits kHits, When kWhen>
+class RecordBehaviour : public PatchBehaviour {
+public:
+    void Draw(GraphicPort& port, void* object, const DrawContext& context) const override {
+        Paint(port, Of(object), context);
+    }
+    Rect Bounds(const void* object) const override { return InkOf(Of(object)); }
+    bool Hit(const void* object, Point p) const override {
+        return kHits == Hits::Rectangle && PatchBehaviour::Hit(object, p);
+    }
+    bool HitRegion(const GraphicPort& port, const void* object, const WRegion& region) const override {
+        return kHits == Hits::Rectangle && PatchBehaviour::HitRegion(port, object, region);
+    }
+    bool IsLate() const override { return kWhen == When::Late; }
+    int VoiceOf(const void* object) const override {
+        if constexpr (requires(const R& r) { VoiceNumberOf(r); })
+            return VoiceNumberOf(Of(object));
+        else
+            return 0;
+    }
+    int16_t ClassNumber() const override { return R::kClass; }
+
+private:
+    static const Base& Of(const void* object) { return *static_cast<const R*>(object); }
+};
+
+struct Row {
+    int16_t number;
+    const PatchBehaviour* behaviour;
+};
+
+template <class R, Hits kHits = Hits::Rectangle, When kWhen = When::InOrder, class Base = R>
+Row RowOf() {
+    static const RecordBehaviour<R, Base, kHits, kWhen> behaviour;
+    return {R::kClass, &behaviour};
+}
+
+constexpr size_t kClasses = 112;
+
+// The drawn classes. What spans whole staves is never hit: a press there is meant for what stands on them.
+std::array<const PatchBehaviour*, kClasses> MakeTable() {
+    std::array<const PatchBehaviour*, kClasses> table{};
+    for (const Row& row : {
+             RowOf<SimpleStaff, Hits::Never, When::InOrder, Staff>(),
+             RowOf<StaffBot, Hits::Never, When::InOrder, Staff>(),
+             RowOf<Measure, Hits::Never>(),
+             RowOf<MultiMeasure, Hits::Never, When::InOrder, Measure>(),
+             RowOf<Connection, Hits::Never>(),
+             RowOf<StaticClaf>(),
+             RowOf<MovingClaf>(),
+             RowOf<ClafSignature>(),
+             RowOf<TimeSignature>(),
+             RowOf<ChordSymbol>(),
+             RowOf<Pause>(),
+             RowOf<Accident, Hits::Rectangle, When::Late>(),
+             RowOf<Dot>(),
+             RowOf<BeamMarker>(),
+             RowOf<PageText>(),
+             RowOf<MeasureStaffText>(),
+         })
+        table[static_cast<size_t>(row.number)] = row.behaviour;
+    return table;
+}
+
+}  // namespace
+
+bool PatchBehaviour::HitRegion(const GraphicPort& port, const void* object, const WRegion& region) const {
+    return port.RectMeetsRegion(region, Bounds(object));
+}
+
+DrawPatch PatchOf(void* record) {
+    static const std::array<const PatchBehaviour*, kClasses> table = MakeTable();
+    if (!record) return {};
+    const auto number = static_cast<size_t>(static_cast<const BehaviourWord*>(record)->ClassNumber());
+    const PatchBehaviour* behaviour = number < kClasses ? table[number] : nullptr;
+    return behaviour ? DrawPatch(record, behaviour) : DrawPatch();
+}
+
+// ---- Helpers of the families
+
+bool UseHiddenColour(GraphicPort& port, const HiddenRule& rule, bool printing) {
+    if (printing ? rule.hideInPrint : !rule.show) return false;
+    port.SetColor(printing ? kBlack : kGrey);
+    return true;
+}
+
+void PaintUpright(GraphicPort& port, int32_t x, int32_t top, int32_t bottom, int32_t weight) {
+    port.SetPenSize(weight, weight);
+    port.DrawLine(x + weight / 2, top, x + weight / 2, bottom);
+}
+
+void PaintLevel(GraphicPort& port, int32_t left, int32_t right, int32_t y, int32_t weight) {
+    port.SetPenSize(weight, weight);
+    port.DrawLine(left, y, right, y);
+}
+
+}  // namespace corvane

@@ -1,0 +1,21 @@
+#include "layout/DrawFamilies.h"
+#include "layout/Frames.h"
+#include "layout/LineWeights.h"
+
+namespace corvane {
+
+Rect InkOf(const Staff& staff) {
+    const StaffFrame frame = FrameOf(&staff);
+    const int32_t half = (StaffLineWeight(frame.lineDistance) + 1) / 2;
+    return {frame.left, frame.top - half, frame.right, frame.Bottom() + half};
+}
+
+void Paint(GraphicPort& port, const Staff& staff, const DrawContext&) {
+    const PenKept kept(port);
+    const StaffFrame frame = FrameOf(&staff);
+    for (int32_t i = 0; i < frame.lineCount; ++i)
+        PaintLevel(port, frame.left, frame.right, frame.top + i * frame.lineDistance,
+                   StaffLineWeight(frame.lineDistance));
+}
+
+}  // namespace corvane

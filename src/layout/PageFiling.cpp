@@ -1,0 +1,81 @@
+#include "layout/PageFiling.h"
+
+#include "layout/PageLayout.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+
+namespace corvane {
+namespace {
+
+void Visit(void* record, int voice, const PatchVisitor& visit) {
+    if (const DrawPatch patch = PatchOf(record)) visit(patch, voice);
+}
+
+void VisitMarkers(const BeamSymbol* symbol, int voice, const PatchVisitor& visit) {
+    for (BeamSymbolAttribute* attribute : beamSymbolAttributes.Of(symbol)) Visit(attribute, voice, visit);
+}
+
+// A column of several chords is given with each of them, or once.
+enum class Columns { WithEachChord, WithFirstChord };
+
+void VisitChord(const Chords* chord, int voice, Columns columns, const PatchVisitor& visit) {
+    ChordSymbol* column = ChordSymbolPar(chord);
+    if (column && (columns == Columns::WithEachChord || chordSymbolChords.First(column) == chord)) {
+        Visit(column, voice, visit);
+        for (const Stem* stem : chordSymbolStems.Of(column)) VisitMarkers(stem, voice, visit);
+    }
+    for (const GenericNote* note : chordNotes.Of(chord))
+        for (NoteAttribute* attribute : noteAttributes.Of(note)) Visit(attribute, voice, visit);
+}
+
+void VisitEvent(const VoiceSymbol* symbol, Columns columns, const PatchVisitor& visit) {
+    const Voice* voice = VoicePar(symbol);
+    const int number = voice ? voice->_number.Get() : 0;
+    if (const auto* chord = As<Chords>(symbol)) VisitChord(chord, number, columns, visit);
+    if (const auto* pause = As<Pause>(symbol)) {
+        Visit(const_cast<Pause*>(pause), number, visit);
+        VisitMarkers(pause, number, visit);
+    }
+    for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(symbol)) Visit(attribute, number, visit);
+}
+
+void VisitEvents(const MeasureStaff* crossing, Columns columns, const PatchVisitor& visit) {
+    for (const Voice* voice : measureStaffVoices.Of(crossing))
+        for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) VisitEvent(symbol, columns, visit);
+}
+
+// A crossing without a staff of its own is not drawn.
+void VisitCrossing(const MeasureStaff* crossing, const PatchVisitor& visit) {
+    if (!crossing->_staff) return;
+    for (StaffMeasureSymbol* symbol : staffSymbols.Of(crossing)) Visit(symbol, 0, visit);
+    VisitEvents(crossing, Columns::WithFirstChord, visit);
+}
+
+void VisitSystem(const System* system, const PatchVisitor& visit) {
+    for (Staff* staff : StaffsFromTop(system)) Visit(staff, 0, visit);
+    for (Measure* measure : systemMeasures.Of(system)) Visit(measure, 0, visit);
+    for (Connection* connection : systemConnections.Of(system)) Visit(connection, 0, visit);
+    for (const Measure* measure : systemMeasures.Of(system)) {
+        for (const MeasureStaff* crossing : measureStaffs.Of(measure)) VisitCrossing(crossing, visit);
+        // The columns were given with their chords.
+        for (MeasureSymbol* symbol : measureSymbols.Of(measure))
+            if (!As<ChordSymbol>(symbol) && !As<CrossBeam>(symbol)) Visit(symbol, 0, visit);
+    }
+}
+
+}  // namespace
+
+void ForEachPatch(const Page* page, const PatchVisitor& visit) {
+    for (const System* system : pageSystems.Of(page)) VisitSystem(system, visit);
+    for (PageText* text : pageTexts.Of(page)) Visit(text, 0, visit);
+}
+
+void ForEachPatch(const MeasureStaff* measureStaff, const PatchVisitor& visit) {
+    VisitEvents(measureStaff, Columns::WithEachChord, visit);
+}
+
+void ForEachPatch(const VoiceSymbol* symbol, const PatchVisitor& visit) {
+    VisitEvent(symbol, Columns::WithEachChord, visit);
+}
+
+}  // namespace corvane
