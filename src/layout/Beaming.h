@@ -15,12 +15,16 @@ int BeatConnection(const Document* document, int beat, int before, int numerator
 // whose grouping is as before untouched.
 void BeamVoice(Voice* voice);
 
+// The global switch "Angled Beam"; off makes every beam horizontal.
+bool AngledBeams();
+void SetAngledBeams(bool angled);
+
 // Computes direction, line and stem lengths of a beam and the stubs of its markers.
 void RefitBeam(Beam* beam);
 // Ends of the beam's primary line, absolute page units.
 struct BeamLine {
     Point start, end;
-    double slope = 0.0;
+    double slope = 0.0, b = 0.0;  // y = x * slope + b
 };
 BeamLine ComputeBeam(const Beam* beam);
 void SetMarkerStubs(Beam* beam);

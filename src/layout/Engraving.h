@@ -10,7 +10,13 @@ namespace corvane {
 
 // Code of a new stem from the value, the line of the outer head and the voice's preference.
 StemDirection DefaultStemDirection(const Voice* voice, uint8_t value, int line);
-// Every stem of the voice takes its default direction and length anew; the caller beams afterwards.
+// Whether the voice's stems follow its number: other voices of the crossing hold events, or they are not automatic.
+bool StemsAreForced(const Voice* voice);
+bool ForcedStemsUp(const Voice* voice);
+// Default direction and length for a chord as it stands; a grace chord keeps its own.
+void RestemChord(Chords* chord);
+// Every stem of the voice that stands under no beam takes its default direction and length
+// anew; the caller beams afterwards.
 void RestemVoice(Voice* voice);
 // The free end at the preferred length from the outer head.
 void SetDefaultStemLength(Stem* stem);

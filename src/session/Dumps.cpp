@@ -78,7 +78,7 @@ Status DumpObjects(WindowTarn& window, std::string& out) {
 }
 
 Status DumpLayoutOf(WindowTarn& window, std::string& out) {
-    out += DumpLayout(window.CurrentPage());
+    out += LayoutDump(window.CurrentPage());
     return Status::Ok();
 }
 

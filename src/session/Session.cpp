@@ -74,8 +74,8 @@ WindowTarn* Session::Open(const std::string& path, Status& status, std::vector<s
     WindowTarn* active = WindowTarn::instance;
     auto window = std::make_unique<WindowTarn>(*_parts.shell);
     window->Activate();
-    std::vector<std::string> mended;
-    status = ReadScore(*window->Pool(), bytes, &mended);
+    LoadReport report;
+    status = ReadScore(*window->Pool(), bytes, &report);
     if (!status) {
         window.reset();
         WindowTarn::instance = active;
@@ -86,9 +86,9 @@ WindowTarn* Session::Open(const std::string& path, Status& status, std::vector<s
     TakePageSize(document);
     MeasureDirtySymbols(document);
     window->Bind(document);
-    window->Pool()->SetModified(!mended.empty());
+    window->Pool()->SetModified(!report.healed.empty());
     window->SetIdentity(FileName(path), path, !_parts.files->CheckWritable(path).ok(), false);
-    if (healed) *healed = std::move(mended);
+    if (healed) *healed = std::move(report.healed);
     _windows.push_back(std::move(window));
     Remember(path);
     return _windows.back().get();

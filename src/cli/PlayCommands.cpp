@@ -1,0 +1,59 @@
+// play and devices: what makes sound.
+#include <csignal>
+#include <cstdio>
+#include <thread>
+
+#include "base/Notify.h"
+#include "cli/Program.h"
+#include "platform/fluidsynth/FluidSynth.h"
+#include "platform/rtmidi/MidiSystems.h"
+#include "platform/rtmidi/RtMidiPort.h"
+#include "platform/timer/TimerClock.h"
+#include "play/DryPlay.h"
+#include "play/TaskPlay.h"
+
+namespace corvane {
+namespace {
+
+volatile std::sig_atomic_t interrupted = 0;
+
+int PlayAloud(const Document* document) {
+    FluidSynth synth;
+    if (!synth.HasSound()) std::fputs("corvane: There is no sound card: playing is silent.\n", stderr);
+    SoundPort::SetFactory([&] { return std::make_unique<RtMidiPort>(&synth); });
+    std::signal(SIGINT, [](int) { interrupted = 1; });
+    std::signal(SIGTERM, [](int) { interrupted = 1; });
+    TaskPlay task;
+    const auto makeClock = [](int resolution, int unit, ClockDealer* out) {
+        return std::make_unique<TimerClock>(resolution, unit, out);
+    };
+    if (!task.Init(document, makeClock) || !task.Start()) {
+        SoundPort::SetFactory(nullptr);
+        return kDone;  // nothing to play
+    }
+    while (!interrupted && !task.StopIfOver()) std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    if (task.IsPrepared()) task.Stop();
+    SoundPort::SetFactory(nullptr);
+    return kDone;
+}
+
+}  // namespace
+
+int RunPlay(const std::string& file, bool dry) {
+    HeadlessProgram program;
+    WindowTarn* window = program.OpenOrTell(file);
+    if (!window) return kRefused;
+    if (!dry) return PlayAloud(window->GetDocument());
+    DryPlay(window->GetDocument(), [](std::string_view line) { std::fwrite(line.data(), 1, line.size(), stdout); });
+    return kDone;
+}
+
+int RunDevices() {
+    std::puts("output -1  built-in synthesiser");
+    for (const MidiDevice& device : ListMidiDevices())
+        std::printf("%-6s %2d  %s (%s)\n", device.isOutput ? "output" : "input", device.number, device.name.c_str(),
+                    device.system.c_str());
+    return kDone;
+}
+
+}  // namespace corvane

@@ -1,0 +1,52 @@
+// What every subcommand works with: the files, the settings, the session, the exporter.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/files/FileSettings.h"
+#include "platform/files/PosixFiles.h"
+#include "session/Session.h"
+
+namespace corvane {
+
+inline constexpr int kDone = 0, kRefused = 1, kUsage = 2;
+
+// A session without a window. Reads the person's settings; writes none.
+class HeadlessProgram {
+public:
+    HeadlessProgram();
+    Session& TheSession() { return *_session; }
+    // Null, with one line on stderr, for a file that cannot be opened.
+    WindowTarn* OpenOrTell(const std::string& path);
+
+private:
+    PosixFiles _files;
+    std::unique_ptr<Session> _session;
+};
+
+// One line on stderr for a failure; the program's exit code.
+int Outcome(const Status& status);
+int Refuse(const std::string& line);
+
+// The subcommands; each answers the exit code.
+struct NewOptions {
+    std::string out, staves = "D";
+    int measures = 5, systems = 3;
+};
+struct ConvertOptions {
+    std::string in, out;
+    int page = 0, zoom = 105;
+};
+int RunNew(const NewOptions& options);
+int RunConvert(const ConvertOptions& options);
+int RunInfo(const std::string& file, bool json);
+int RunCheck(const std::string& file);
+int RunPlay(const std::string& file, bool dry);
+int RunDevices();
+int RunScript(const std::string& file);
+// The window; returns when it is closed.
+int RunEditor(const std::vector<std::string>& files, int argc, char** argv);
+
+}  // namespace corvane

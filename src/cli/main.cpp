@@ -1,0 +1,81 @@
+// The command line: GNU habits; exit 0 done, 1 refused with one line on stderr, 2 usage.
+#include <CLI/CLI.hpp>
+#include <functional>
+
+#include "cli/Program.h"
+
+namespace corvane {
+namespace {
+
+constexpr const char* kVersion = "corvane 0.1.0";
+
+struct Choice {
+    std::function<int()> run;
+};
+
+CLI::App* Subcommand(CLI::App& app, const char* name, const char* what, Choice& choice, std::function<int()> run) {
+    CLI::App* sub = app.add_subcommand(name, what);
+    sub->callback([&choice, run = std::move(run)] { choice.run = run; });
+    return sub;
+}
+
+void AddFileCommands(CLI::App& app, Choice& choice) {
+    static NewOptions create;
+    CLI::App* sub = Subcommand(app, "new", "Make an empty score", choice, [] { return RunNew(create); });
+    sub->add_option("OUT", create.out, "The score file to write")->required();
+    sub->add_option("--staves", create.staves, "Staves from the top: S single, D pair, B bass, E percussion, C custom")
+        ->capture_default_str();
+    sub->add_option("--measures", create.measures, "Measures in a system")->capture_default_str();
+    sub->add_option("--systems", create.systems, "Systems on a page")->capture_default_str();
+
+    static ConvertOptions convert;
+    sub = Subcommand(app, "convert", "Write a score as cvm, pdf, svg, png or wav", choice,
+                     [] { return RunConvert(convert); });
+    sub->add_option("IN", convert.in, "A score file (cvn, cvm, cvi, sp3, trn)")->required();
+    sub->add_option("OUT", convert.out, "The file to write; its extension tells the kind")->required();
+    sub->add_option("--page", convert.page, "Only this page, from 1")->check(CLI::Range(1, 32767));
+    sub->add_option("--zoom", convert.zoom, "Percent, for png; 105 is true size")
+        ->check(CLI::Range(5, 1600))
+        ->capture_default_str();
+}
+
+void AddScoreCommands(CLI::App& app, Choice& choice) {
+    static std::string file;
+    static bool json = false, dry = false;
+    CLI::App* sub = Subcommand(app, "info", "Tell what a score holds", choice, [] { return RunInfo(file, json); });
+    sub->add_option("FILE", file, "A score file")->required();
+    sub->add_flag("--json", json, "As one JSON object");
+    sub = Subcommand(app, "check", "Prove the whole graph of a score file and print its first faults", choice,
+                     [] { return RunCheck(file); });
+    sub->add_option("FILE", file, "A score file")->required();
+    sub = Subcommand(app, "play", "Play a score", choice, [] { return RunPlay(file, dry); });
+    sub->add_option("FILE", file, "A score file")->required();
+    sub->add_flag("--dry", dry, "On a simulated clock: print each message as TICK PORT STATUS DATA1 DATA2");
+    Subcommand(app, "devices", "List MIDI inputs and outputs", choice, [] { return RunDevices(); });
+    static std::string script = "-";
+    sub = Subcommand(app, "script", "Run editing steps, one a line", choice, [] { return RunScript(script); });
+    sub->add_option("FILE", script, "The steps; - for standard input")->capture_default_str();
+}
+
+int Main(int argc, char** argv) {
+    CLI::App app{"Corvane, a music-notation editor. Without a subcommand it opens its window.", "corvane"};
+    Choice choice;
+    std::vector<std::string> files;
+    app.set_version_flag("--version", kVersion);
+    app.add_option("FILES", files, "Scores to open");
+    app.require_subcommand(0, 1);
+    AddFileCommands(app, choice);
+    AddScoreCommands(app, choice);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        const int code = app.exit(error);
+        return code == 0 ? kDone : kUsage;
+    }
+    return choice.run ? choice.run() : RunEditor(files, argc, argv);
+}
+
+}  // namespace
+}  // namespace corvane
+
+int main(int argc, char** argv) { return corvane::Main(argc, argv); }

@@ -1,0 +1,113 @@
+// Directions, lengths and flags of stems.
+#include <algorithm>
+
+#include "layout/Engraving.h"
+#include "layout/Frames.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+#include "model/Preferences.h"
+#include "model/SymbolNames.h"
+#include "model/SymbolTable.h"
+
+namespace corvane {
+namespace {
+
+constexpr int kMiddleLine = 5, kFirstDownLine = 6;
+// A grace note's stem in percent of a note's.
+constexpr int32_t kGraceStem = 74;
+// What tails of 32nds and shorter need beyond the preferred length, hundredths of a line distance a tail.
+constexpr int32_t kLongTail = 70;
+
+bool IsStemless(uint8_t value) { return value == 1 || value == kDoubleWhole; }
+bool HasFlag(uint8_t value) { return value >= 8 && value != kDoubleWhole; }
+
+bool IsGraceStem(const Stem* stem) {
+    const GenericNote* note = stemNotes.First(stem);
+    return note && As<Grace>(note);
+}
+
+uint8_t ValueOf(const Stem* stem) {
+    const ChordSymbol* chordSymbol = ChordSymbolPar(stem);
+    CORVANE_ASSERT_AS(chordSymbol, "chSym");
+    return chordSymbol->_value;
+}
+
+bool IsAlone(const Voice* voice) {
+    for (const Voice* other : measureStaffVoices.Of(MeasureStaffPar(voice)))
+        if (other != voice && !voiceSymbols.IsEmpty(other)) return false;
+    return true;
+}
+
+StemDirection Code(bool up, uint8_t value) {
+    if (IsStemless(value)) return up ? StemDirection::HiddenUp : StemDirection::HiddenDown;
+    return up ? StemDirection::Up : StemDirection::Down;
+}
+
+// A flagged stem of 32nds and shorter is longer by its further tails; a note far outside the staff reaches the middle line.
+int32_t PreferredLength(const Stem* stem, const GenericNote* outer, uint8_t value) {
+    const auto* preferences = Preferences<StangPref>(DocumentPar(stem));
+    int32_t length = preferences ? preferences->_stemLength.Get() : 300;
+    for (int tail = 32; HasFlag(value) && tail <= value; tail *= 2) length += kLongTail;
+    if (IsGraceStem(stem)) return length * kGraceStem / 100;
+    const int32_t toMiddle = (IsUp(stem->_direction) ? kMiddleLine - outer->_line : outer->_line - kMiddleLine) * 50;
+    return std::max(length, toMiddle);
+}
+
+}  // namespace
+
+bool StemsAreForced(const Voice* voice) {
+    const auto* preferences = Preferences<VoicePref>(DocumentPar(voice));
+    return (preferences && !preferences->_automaticStems) || !IsAlone(voice);
+}
+
+bool ForcedStemsUp(const Voice* voice) {
+    const auto* preferences = Preferences<VoicePref>(DocumentPar(voice));
+    return preferences ? preferences->ForcedUp(voice->_number) : voice->_number % 2 != 0;
+}
+
+StemDirection DefaultStemDirection(const Voice* voice, uint8_t value, int line) {
+    return Code(StemsAreForced(voice) ? ForcedStemsUp(voice) : line < kFirstDownLine, value);
+}
+
+void SetDefaultStemLength(Stem* stem) {
+    if (const GenericNote* outer = NoteOuter(stem)) stem->_length = PreferredLength(stem, outer, ValueOf(stem));
+}
+
+void RestemChord(Chords* chord) {
+    Stem* stem = StemOf(chord);
+    const GenericNote *high = stemNotes.First(stem), *low = stemNotes.Last(stem);
+    if (!high || IsGrace(chord)) return;
+    ChangeStemDirection(stem, DefaultStemDirection(VoicePar(chord), ValueOf(stem), (high->_line + low->_line) / 2));
+    SetDefaultStemLength(stem);
+}
+
+void RestemVoice(Voice* voice) {
+    for (VoiceSymbol* symbol : voiceSymbols.Of(voice))
+        if (auto* chord = As<Chords>(symbol); chord && !BeamOf(StemOf(chord))) RestemChord(chord);
+}
+
+void ChangeStemDirection(Stem* stem, StemDirection direction) {
+    SetDirection(stem, direction);
+    Document* document = DocumentPar(stem);
+    for (BeamSymbolAttribute* attribute : beamSymbolAttributes.Of(stem))
+        if (auto* flag = As<Flag>(attribute))
+            ChangeSymbol(document, flag->_symbol, FlagName(ValueOf(stem), IsUp(direction), IsGraceStem(stem)));
+}
+
+Flag* AttachFlag(Stem* stem, uint8_t value) {
+    if (!HasFlag(value)) return nullptr;
+    auto* flag = Make<Flag>();
+    beamSymbolAttributes.Add(stem, flag);
+    flag->_symbol = LookupSymbol(DocumentPar(stem), FlagName(value, IsUp(stem->_direction), IsGraceStem(stem)));
+    return flag;
+}
+
+void RemoveFlag(Stem* stem) {
+    Flag* flag = FlagOf(stem);
+    if (!flag) return;
+    DropSymbol(DocumentPar(stem), flag->_symbol);
+    beamSymbolAttributes.Remove(flag);
+    Release(flag);
+}
+
+}  // namespace corvane
