@@ -32,6 +32,23 @@ protected:
                 for (Measure* measure : systemMeasures.Of(system)) measures.push_back(measure);
         return measures;
     }
+    // A staff of the score is drawn once in every system, in the order of the systems, and so is its part.
+    void ExpectStaffsInSystemOrder() const {
+        std::vector<System*> systems;
+        for (Page* page : documentPages.Of(document))
+            for (System* system : pageSystems.Of(page)) systems.push_back(system);
+        for (const DocStaff* docStaff : documentDocStaffs.Of(document)) {
+            std::vector<System*> drawnIn;
+            for (const Staff* staff : docStaffStaffs.Of(docStaff)) drawnIn.push_back(SystemPar(staff));
+            EXPECT_EQ(drawnIn, systems);
+        }
+        for (const MultiStaff* multi : systemStaffs.Of(systems.front())) {
+            std::vector<System*> drawnIn;
+            for (const MultiStaff* other : allStaffStaffs.Of(allStaffStaffs.ParentOf(multi)))
+                drawnIn.push_back(systemStaffs.ParentOf(other));
+            EXPECT_EQ(drawnIn, systems);
+        }
+    }
     // Each crossing is in its staff's ring in score order, is drawn by the staff of its own system and has a
     // voice 1.
     void ExpectEveryCrossing() const {
@@ -51,6 +68,7 @@ protected:
         }
         for (const Measure* measure : measures)
             EXPECT_EQ(measureStaffs.Count(measure), documentDocStaffs.Count(document));
+        ExpectStaffsInSystemOrder();
     }
 };
 
@@ -196,7 +214,8 @@ TEST_F(BuildScore, PagesSystemsAndMeasuresMadeLaterJoinTheScoreWhereTheyStand) {
     ExpectEveryCrossing();
     for (Page* page : documentPages.Of(document))
         for (System* system : pageSystems.Of(page)) {
-            EXPECT_EQ(systemConnections.Count(system), 1);
+            ASSERT_EQ(systemConnections.Count(system), 1);
+            EXPECT_EQ(systemConnections.First(system)->_symbol->_useCount, 5) << "one use a system";
             for (const Measure* measure : systemMeasures.Of(system))
                 EXPECT_EQ(SignsOf(measure).substr(0, 3) == "c1k", measure == systemMeasures.First(system))
                     << "clefs and keys at the head of a system, and nowhere else";
