@@ -132,8 +132,7 @@ Status ScoreLoad::Run(std::span<const uint8_t> bytes, const ScoreHeader& header)
     if (status) status = EmbedTexts();
     if (status) status = Prove();
     if (!status) {
-        // As it came: one block, empty.
-        if (_pool.StartFilling()) _pool.FinishFilling();
+        EmptyPool(_pool);
         return status;
     }
     _pool.SetFileMagic(header.magic);
@@ -143,6 +142,10 @@ Status ScoreLoad::Run(std::span<const uint8_t> bytes, const ScoreHeader& header)
 }
 
 }  // namespace
+
+void EmptyPool(NewMemoryPool& pool) {
+    if (pool.StartFilling()) pool.FinishFilling();
+}
 
 Status LoadScore(NewMemoryPool& pool, std::span<const uint8_t> bytes, LoadReport* report) {
     LoadReport unseen;

@@ -29,6 +29,9 @@ struct LoadReport {
 // NoSpace where the address space is used up. Undo is not armed. Linear in the bytes.
 Status LoadScore(NewMemoryPool& pool, std::span<const uint8_t> bytes, LoadReport* report = nullptr);
 
+// Gives back all that a pool holds: as new, one block and nothing in it.
+void EmptyPool(NewMemoryPool& pool);
+
 // The bytes of the pool's score, in place of what `out` held. The pool is read only: what walks it may go on.
 // Refused, in words, for a pool without a Document or with more than 16,777,215 objects; then `out` is empty.
 // Linear.

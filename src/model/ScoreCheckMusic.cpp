@@ -1,0 +1,96 @@
+// Chords, rests, stems, heads, beams and spanners.
+#include <limits>
+
+#include "model/Par.h"
+#include "model/ScoreCheckRules.h"
+
+namespace corvane {
+namespace {
+
+bool IsNoteValue(uint8_t value) {
+    return value == kDoubleWhole || (value && value <= 128 && (value & (value - 1)) == 0);
+}
+
+void CheckChords(ScoreProof& proof, Chords* chord) {
+    proof.Expect(!chordNotes.IsEmpty(chord), chord, "the chord has no note");
+    proof.Expect(MeasurePar(chordSymbolChords.ParentOf(chord)) == MeasurePar(chord), chord,
+                 "the chord and its column stand in different measures");
+    for (const GenericNote* note : chordNotes.Of(chord))
+        proof.Expect(note->ClassNumber() != Grace::kClass || chord->ClassNumber() == GraceChord::kClass, note,
+                     "a grace note in a chord that is none");
+}
+
+void CheckChordSymbol(ScoreProof& proof, ChordSymbol* column) {
+    proof.Expect(IsNoteValue(column->_value), column, "no note has that value");
+    proof.Expect(!chordSymbolStems.IsEmpty(column), column, "the column has no stem");
+    proof.Expect(!chordSymbolChords.IsEmpty(column), column, "the column has no chord");
+}
+
+void CheckPause(ScoreProof& proof, Pause* rest) {
+    proof.Expect(IsNoteValue(rest->_value), rest, "no rest has that value");
+}
+
+void CheckStem(ScoreProof& proof, Stem* stem) {
+    proof.Expect(!stemNotes.IsEmpty(stem), stem, "the stem has no head");
+    proof.Expect(stem->_direction.Get() <= StemDirection::HiddenUp, stem, "no stem has that direction");
+    const GenericNote* above = nullptr;
+    for (const GenericNote* note : stemNotes.Of(stem)) {
+        // Heads on different staves have no common lines.
+        if (above && MeasureStaffPar(above) == MeasureStaffPar(note))
+            proof.Expect(above->_line >= note->_line, note, "the heads do not stand from the highest down",
+                         Weight::Slight);
+        above = note;
+    }
+}
+
+void CheckNote(ScoreProof& proof, GenericNote* note) {
+    const Stem* stem = stemNotes.ParentOf(note);
+    const Chords* chord = chordNotes.ParentOf(note);
+    proof.Expect(chordSymbolStems.ParentOf(stem) == chordSymbolChords.ParentOf(chord), note,
+                 "the note's stem and chord belong to different columns");
+    proof.Expect(note->_side.Get() <= Side::Centre, note, "no head has that side");
+    proof.Expect(note->_alteration.Get() <= Alteration::NaturalDown, note, "no note has that alteration");
+    proof.Expect(note->_symbol.Get() != nullptr, note, "the head has no symbol");
+    for (const uint16_t kind : {NoteOn::kClass, NoteOff::kClass}) {
+        int events = 0;
+        for (const SoundEvent* event : noteEvents.Of(note)) events += event->ClassNumber() == kind;
+        proof.Expect(events <= 1, note, "the note begins or ends more than once");
+    }
+}
+
+void CheckTie(ScoreProof& proof, TieValue* tie) {
+    proof.Expect(tieMarks.Count(tie) == 2, tie, "the tie has not two ends");
+}
+
+void CheckVoice(ScoreProof& proof, Voice* voice) {
+    int32_t before = std::numeric_limits<int32_t>::min();
+    for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+        const Stem* stem =
+            symbol->ClassNumber() == Pause::kClass
+                ? nullptr
+                : chordSymbolStems.First(chordSymbolChords.ParentOf(static_cast<const Chords*>(symbol)));
+        if (!stem && symbol->ClassNumber() != Pause::kClass) continue;  // told of the column
+        const int32_t x = stem ? stem->_x : static_cast<const Pause*>(symbol)->_x;
+        proof.Expect(x >= before, symbol, "the events of the voice do not stand from left to right",
+                     Weight::Slight);
+        before = x;
+    }
+}
+
+constexpr ScoreRule kRules[] = {
+    RuleFor<Voice, CheckVoice>(),
+    RuleFor<Chords, CheckChords>(Chords::kClass),
+    RuleFor<Chords, CheckChords>(GraceChord::kClass),
+    RuleFor<ChordSymbol, CheckChordSymbol>(),
+    RuleFor<Pause, CheckPause>(),
+    RuleFor<Stem, CheckStem>(),
+    RuleFor<GenericNote, CheckNote>(Note::kClass),
+    RuleFor<GenericNote, CheckNote>(Grace::kClass),
+    RuleFor<TieValue, CheckTie>(),
+};
+
+}  // namespace
+
+std::span<const ScoreRule> MusicRules() { return kRules; }
+
+}  // namespace corvane

@@ -1,0 +1,81 @@
+// The rules of a sound score, for ScoreCheck alone: what a rule may read, and how it tells what it finds. A
+// rule looks at one object; it may follow any pointer, for the graph is proven before.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "model/Relations.h"
+#include "store/ObjectFile.h"
+#include "store/ObjectIndexBitmap.h"
+
+namespace corvane {
+
+enum class Weight {
+    Grave,   // the score cannot be used
+    Slight,  // told of a live score; a file that has it opens all the same
+};
+
+class ScoreProof {
+public:
+    ScoreProof(const NewMemoryPool& ofPool, bool healing, size_t limit)
+        : pool(ofPool), _healing(healing), _limit(limit) {}
+
+    void Run(std::span<const void* const> kept);
+
+    // Told at most `limit` times; on a load slight ones are passed over.
+    void Tell(Weight weight, const void* object, int32_t offset, const char* text);
+    void Expect(bool good, const void* object, const char* text, Weight weight = Weight::Grave) {
+        if (!good) Tell(weight, object, -1, text);
+    }
+    // A number that the rest of the score tells: set right on a load, else found.
+    template <class T, class V>
+    void ExpectNumber(Stored<T>& field, V value, const char* what) {
+        if (field.Get() == static_cast<T>(value)) return;
+        if (!_healing) return Tell(Weight::Grave, &field, 0, what);
+        field = static_cast<T>(value);
+        Healed(what);
+    }
+    void Healed(const char* what) { ++_healed[what]; }
+    bool Healing() const { return _healing; }
+
+    const NewMemoryPool& pool;
+    Document* document = nullptr;
+    int docStaffCount = 0;
+    std::vector<Finding> findings;
+    std::vector<std::string> HealedLines() const;
+
+private:
+    void CheckMembership(void* object, int16_t number);
+    template <class Visit>
+    void ForEachOfScore(Visit visit);
+
+    const bool _healing;
+    const size_t _limit;
+    std::optional<ObjectIndexBitmap> _index;  // made for the first finding
+    std::map<std::string, int> _healed;
+    std::unordered_set<const void*> _apart;  // what only a clipboard holds: no rule but the graph's is for it
+};
+
+// What must hold of an object of a class.
+struct ScoreRule {
+    int16_t classNumber;
+    void (*check)(ScoreProof& proof, void* object);
+};
+template <class R, void (*Check)(ScoreProof&, R*)>
+constexpr ScoreRule RuleFor(int16_t number = R::kClass) {
+    return {number, [](ScoreProof& proof, void* object) { Check(proof, static_cast<R*>(object)); }};
+}
+std::span<const ScoreRule> SkeletonRules();
+std::span<const ScoreRule> MusicRules();
+std::span<const ScoreRule> TimeRules();
+
+// What is told of the score as a whole.
+void CheckSkeleton(ScoreProof& proof);  // numbers and counts from the Document down
+void CheckUses(ScoreProof& proof);      // names and use counts of symbols and fonts, preference records
+
+}  // namespace corvane
