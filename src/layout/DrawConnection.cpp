@@ -16,6 +16,8 @@ constexpr uint8_t kBracketTop = 194, kBracketBottom = 76;
 constexpr int32_t kBeyond = 25;
 // What the preferred distance counts as the width of either, in hundredths of a line distance.
 constexpr int32_t kUsualWidth = 60;
+// Page units.
+constexpr int32_t kSeam = 2;
 
 struct ConnectionPlace {
     bool brace = false;
@@ -73,7 +75,8 @@ Rect InkOf(const Connection& connection) {
     const ConnectionPlace place = PlaceOf(connection);
     if (place.Height() <= 0) return {};
     const FontSymbol* symbol = connection._symbol;
-    if (place.brace) return InkOf(symbol, BracePoint(symbol, place), BraceDistance(place), 100);
+    if (place.brace)
+        return InkOf(symbol, BracePoint(symbol, place), BraceDistance(place), 100).GrownBy(kSeam);
     const int32_t tip = 2 * place.lineDistance;
     return Rect{place.right - place.thickness, place.top - tip, place.right + tip, place.bottom + tip};
 }
@@ -84,7 +87,9 @@ void Paint(GraphicPort& port, const Connection& connection, const DrawContext&) 
     const FontSymbol* symbol = connection._symbol;
     if (place.brace) {
         const Point at = BracePoint(symbol, place);
-        DrawSymbol(port, symbol, at.x, at.y, BraceDistance(place), 100);
+        // Twice, a hair apart, so that no seam shows where its halves meet.
+        for (const int32_t down : {0, kSeam})
+            DrawSymbol(port, symbol, at.x, at.y + down, BraceDistance(place), 100);
         return;
     }
     const PenKept kept(port);

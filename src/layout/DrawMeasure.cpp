@@ -91,26 +91,36 @@ void AddDots(BarlinePicture& picture, const std::vector<Staff*>& staffs, int32_t
     }
 }
 
-// At the right edge; the last bar ends there.
+bool StartsRepeat(const Measure* measure) { return measure && measure->_startRepeat; }
+bool EndsThick(const Measure* measure) {
+    return measure && (measure->_endRepeat || measure->_barline == BarlineKind::Final);
+}
+
+// At the right edge; the last bar ends there. A repeat that starts behind it stands for a thin barline.
 void AddEnd(BarlinePicture& picture, const Measure* measure, const std::vector<Staff*>& staffs, int32_t right,
             const Weights& w) {
-    if (measure->_endRepeat || measure->_barline == BarlineKind::Final) {
+    if (EndsThick(measure)) {
         const int32_t thin = right - w.thick - w.gap - w.thin;
         picture.bars.push_back({thin, w.thin});
         picture.bars.push_back({right - w.thick, w.thick});
         if (measure->_endRepeat) AddDots(picture, staffs, thin - w.gap - w.lineDistance * 2 / 5);
         return;
     }
+    if (StartsRepeat(systemMeasures.Next(measure))) return;
     if (measure->_barline == BarlineKind::Double)
         picture.bars.push_back({right - 2 * w.thin - w.gap, w.thin});
     picture.bars.push_back({right - w.thin, w.thin, measure->_barline == BarlineKind::Dashed});
 }
 
-void AddStartRepeat(BarlinePicture& picture, const std::vector<Staff*>& staffs, int32_t left,
-                    const Weights& w) {
-    picture.bars.push_back({left, w.thick});
-    picture.bars.push_back({left + w.thick + w.gap, w.thin});
-    AddDots(picture, staffs, left + w.thick + 2 * w.gap + w.thin);
+// At the left edge; the thick bar of a repeat that ends before it serves both.
+void AddStartRepeat(BarlinePicture& picture, const Measure* measure, const std::vector<Staff*>& staffs,
+                    int32_t left, const Weights& w) {
+    if (!EndsThick(systemMeasures.Prev(measure))) {
+        picture.bars.push_back({left, w.thick});
+        left += w.thick;
+    }
+    picture.bars.push_back({left + w.gap, w.thin});
+    AddDots(picture, staffs, left + 2 * w.gap + w.thin);
 }
 
 BarlinePicture PictureOf(const Measure* measure) {
@@ -124,7 +134,7 @@ BarlinePicture PictureOf(const Measure* measure) {
     const int32_t left = OriginOf(system).x + measure->_left, right = OriginOf(system).x + measure->_right;
     const Weights weights = WeightsOf(measure, picture.lineDistance);
     if (!measure->_hiddenBarline) AddEnd(picture, measure, staffs, right, weights);
-    if (measure->_startRepeat) AddStartRepeat(picture, staffs, left, weights);
+    if (measure->_startRepeat) AddStartRepeat(picture, measure, staffs, left, weights);
     if (systemMeasures.First(system) == measure && staffs.size() > 1)
         picture.opening.push_back(
             {left, picture.spans.front().top, left + weights.thin, picture.spans.back().bottom});

@@ -13,8 +13,10 @@ Rect InkOf(const Staff& staff) {
 void Paint(GraphicPort& port, const Staff& staff, const DrawContext&) {
     const PenKept kept(port);
     const StaffFrame frame = FrameOf(&staff);
+    // The barlines at both ends cover the rest, so no end shows beyond them where pixels are coarse.
+    const int32_t inset = BarlineWeight(frame.lineDistance) / 3;
     for (int32_t i = 0; i < frame.lineCount; ++i)
-        PaintLevel(port, frame.left, frame.right, frame.top + i * frame.lineDistance,
+        PaintLevel(port, frame.left + inset, frame.right - inset, frame.top + i * frame.lineDistance,
                    StaffLineWeight(frame.lineDistance));
 }
 

@@ -12,7 +12,7 @@ constexpr int32_t WeightOf(int32_t percent, int32_t lineDistance) {
 }
 
 // docs/decisions/line-weights.md tells where the figures come from.
-constexpr int32_t StaffLineWeight(int32_t lineDistance) { return WeightOf(12, lineDistance); }
+constexpr int32_t StaffLineWeight(int32_t lineDistance) { return WeightOf(11, lineDistance); }
 constexpr int32_t StemWeight(int32_t lineDistance) { return WeightOf(12, lineDistance); }
 constexpr int32_t LedgerLineWeight(int32_t lineDistance) { return WeightOf(16, lineDistance); }
 constexpr int32_t BarlineWeight(int32_t lineDistance) { return WeightOf(16, lineDistance); }
