@@ -5,7 +5,7 @@
 build_packages=(g++ cmake ninja-build pkg-config ccache mold qt6-base-dev qt6-svg-dev librtmidi-dev
     libfluidsynth-dev libcli11-dev libfreetype-dev libfontconfig-dev)
 run_packages=(timgm6mb-soundfont fonts-liberation fonts-dejavu-core libqt6svg6)
-test_packages=(libgtest-dev python3 xvfb xauth xdotool openbox imagemagick poppler-utils sox)
+test_packages=(libgtest-dev python3 xvfb xauth xdotool openbox imagemagick poppler-utils sox jackd2)
 
 launcher=()   # what ninja runs under
 
