@@ -36,7 +36,6 @@ enum class SessionWord : int {
     HideStemsInPrint = 74,
     ShowHiddenNotes = 75,
     HideNotesInPrint = 76,
-    DeleteNotesToRests = 79,
 
     MeasuresPerSystem = 83,
     SystemsPerPage = 84,
@@ -44,6 +43,7 @@ enum class SessionWord : int {
     AngledBeam = 86,
     VoiceColouring = 87,
     MidiThru = 88,
+    DeleteNotesToRests = 89,
 };
 // clang-format on
 
