@@ -87,10 +87,13 @@ ClassPreferences* MakeRecord(Document* document, const DefaultRecord& defaults) 
 }  // namespace
 
 void MakeDefaultPreferences(Document* document) {
-    for (const char* name : {kText, kMusic, kFixed}) LookupFont(document, name, kFontSize, 0);
+    // Looked up first, so that they come first; the records then hold each of them.
+    std::vector<TarnFont*> standard;
+    for (const char* name : {kText, kMusic, kFixed}) standard.push_back(LookupFont(document, name, kFontSize, 0));
     std::vector<ClassPreferences*> records;
     for (const DefaultRecord& defaults : kDefaults) records.push_back(MakeRecord(document, defaults));
     for (ClassPreferences* record : records) documentPreferences.Add(document, record);
+    for (TarnFont* font : standard) ReleaseFont(document, font);
 
     auto* notes = Preferences<NotePref>(document);
     notes->_beamThickness.Put(NotePref::kBeamThickness);

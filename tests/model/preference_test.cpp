@@ -130,7 +130,7 @@ TEST_F(PreferenceRecords, TheStandardFontsComeFirstAndEveryFontFieldIsCounted) {
     for (const TarnFont* font : documentFonts.Of(document)) {
         names += std::string(TextOf(font->_name)) + ";";
         EXPECT_EQ(font->_size, 189);
-        uses[font] = 1;
+        uses[font] = 0;
     }
     EXPECT_EQ(names, "Times New Roman;Marcelane;Courier New;");
     for (ClassPreferences* record : documentPreferences.Of(document))
