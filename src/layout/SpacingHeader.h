@@ -27,7 +27,7 @@ struct HeaderPlaces {
 HeaderPlaces PlacesOf(const Measure* measure);
 
 // Absolute point at which the symbol of a clef, key or time signature of a header is drawn, with the side
-// letter 'l': the clef's own line, the middle of the staff for the others.
+// letter 'l': a clef on its own line, the others and percussion clefs in the middle of the staff.
 Point PlaceOfSign(const StaffMeasureSymbol* sign);
 
 }  // namespace corvane

@@ -248,6 +248,11 @@ TEST_F(SpacingTest, SignsStandInColumnsOnTheirLines) {
     As<StaticClaf>(staffSymbols.First(upper))->_x = 50;
     As<StaticClaf>(staffSymbols.First(upper))->_y = -50;
     EXPECT_EQ(PlaceOfSign(staffSymbols.First(upper)), (Point{1650 + places.clef, 2050})) << "moved by hand";
+
+    New("C11", 1, 3);
+    MeasureStaff* line = measureStaffs.First(MeasureAt(SystemAt(0), 0));
+    As<StaticClaf>(staffSymbols.First(line))->_code = 11;
+    EXPECT_EQ(PlaceOfSign(staffSymbols.First(line)).y, 1800 + 200) << "a percussion clef on a single line";
 }
 
 }  // namespace
