@@ -89,7 +89,8 @@ ClassPreferences* MakeRecord(Document* document, const DefaultRecord& defaults) 
 void MakeDefaultPreferences(Document* document) {
     // Looked up first, so that they come first; the records then hold each of them.
     std::vector<TarnFont*> standard;
-    for (const char* name : {kText, kMusic, kFixed}) standard.push_back(LookupFont(document, name, kFontSize, 0));
+    for (const char* name : {kText, kMusic, kFixed})
+        standard.push_back(LookupFont(document, name, kFontSize, 0));
     std::vector<ClassPreferences*> records;
     for (const DefaultRecord& defaults : kDefaults) records.push_back(MakeRecord(document, defaults));
     for (ClassPreferences* record : records) documentPreferences.Add(document, record);
