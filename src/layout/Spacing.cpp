@@ -108,7 +108,8 @@ private:
     // Divides the gap up to `end` evenly among the waiting grace chords.
     void PlaceGraces(int32_t end) {
         const auto k = static_cast<int32_t>(_graces.size());
-        const int32_t start = _before ? _previous + OwnWidth() : 0;
+        // Behind the last event there may be less room than that event is wide.
+        const int32_t start = _before ? std::min(_previous + OwnWidth(), end) : 0;
         const int32_t step = k ? (_before ? end - start : _lastNoteGap) / k : 0;
         int32_t x = start;
         for (VoiceSymbol* grace : _graces) {

@@ -196,6 +196,14 @@ TEST_F(SpacingTest, GraceChordsWithoutRoomPushTheirMainNoteButNeverOutOfTheMeasu
     EXPECT_EQ(atStart[3] - atStart[2], 238);
 
     voice = Empty(4, 4);
+    AddRest(voice, {128, 0, false});
+    AddChord<GraceChord, Grace>(voice, 8);
+    AddChord<GraceChord, Grace>(voice, 8);
+    SpaceVoice(voice);
+    EXPECT_EQ(PlacesIn(voice), (std::vector<int32_t>{0, 7, 7}))
+        << "behind the last event, never back before it";
+
+    voice = Empty(4, 4);
     for (int i = 0; i < 32; ++i) {
         AddChord<Chords, Note>(voice, 32);
         if (i % 4 == 0) AddChord<GraceChord, Grace>(voice, 8);
