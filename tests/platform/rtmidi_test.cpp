@@ -3,9 +3,11 @@
 #include <atomic>
 #include <chrono>
 #include <mutex>
+#include <string>
 #include <thread>
 #include <vector>
 
+#include "base/Notify.h"
 #include "platform/rtmidi/MidiKeyboard.h"
 #include "platform/rtmidi/MidiSystems.h"
 #include "platform/rtmidi/RtMidiPort.h"
@@ -86,7 +88,7 @@ TEST(RtMidiPort, WithoutDevicesEverythingForTheBuiltInPortReachesTheSynthesiser)
 
 TEST(RtMidiPort, AnotherProgramReceivesEveryMessageInOrderOnceAndNoNoteHangs) {
     const TestJackd jackd;
-    if (!jackd.Runs()) GTEST_SKIP() << "no JACK server could be started here";
+    if (!jackd.Runs()) GTEST_SKIP() << jackd.WhyNot();
     Receiver receiver;
     const int16_t device = OutputNamed("receiver");
     ASSERT_GE(device, 0);
@@ -117,7 +119,7 @@ TEST(RtMidiPort, AnotherProgramReceivesEveryMessageInOrderOnceAndNoNoteHangs) {
 
 TEST(RtMidiPort, ThreadsThatSendAtOnceDoNotMixTheirMessages) {
     const TestJackd jackd;
-    if (!jackd.Runs()) GTEST_SKIP() << "no JACK server could be started here";
+    if (!jackd.Runs()) GTEST_SKIP() << jackd.WhyNot();
     Receiver receiver;
     const int16_t device = OutputNamed("receiver");
     ASSERT_GE(device, 0);
@@ -142,9 +144,35 @@ TEST(RtMidiPort, ThreadsThatSendAtOnceDoNotMixTheirMessages) {
     for (const int count : next) EXPECT_EQ(count, each);
 }
 
+TEST(RtMidiPort, AServerThatEndsIsAFailureAndNobodyWaitsForIt) {
+    TestJackd jackd;
+    if (!jackd.Runs()) GTEST_SKIP() << jackd.WhyNot();
+    Receiver receiver;
+    const int16_t device = OutputNamed("receiver");
+    ASSERT_GE(device, 0);
+    std::vector<std::string> told;
+    static std::vector<std::string>* listener;
+    listener = &told;
+    SetNotifySink([](Severity, std::string_view text) { listener->emplace_back(text); });
+    NotingSynth synth;
+    {
+        RtMidiPort port(&synth);
+        port.SetVolume(device, 1, 100);
+        SoundPort::PollError();
+        EXPECT_TRUE(told.empty());
+        jackd.Stop();
+        // More than any buffer on the way holds.
+        for (int i = 0; i < 5000; ++i) port.SendNote(device, 1, i % 128, 100);
+        port.SetVolume(device, 1, 100);
+        SoundPort::PollError();
+        EXPECT_EQ(told.size(), 1u);
+    }
+    SetNotifySink(nullptr);
+}
+
 TEST(MidiKeyboard, WhatIsPlayedReachesTheRingAndIsEchoed) {
     const TestJackd jackd;
-    if (!jackd.Runs()) GTEST_SKIP() << "no JACK server could be started here";
+    if (!jackd.Runs()) GTEST_SKIP() << jackd.WhyNot();
     RtMidiOut keys(RtMidi::UNIX_JACK, "keys");
     keys.openVirtualPort("out");
     int16_t number = -1;

@@ -21,31 +21,58 @@ Function Find(const char* name) {
     return Library() ? reinterpret_cast<Function>(dlsym(Library(), name)) : nullptr;
 }
 
+void* Join(const char* name) {
+    constexpr int kNoStartServer = 1;
+    const auto open = Find<void* (*)(const char*, int, int*, ...)>("jack_client_open");
+    int status = 0;
+    return open ? open(name, kNoStartServer, &status) : nullptr;
+}
+
+void Leave(void* client) {
+    if (const auto close = Find<int (*)(void*)>("jack_client_close")) close(client);
+}
+
 void SayNothing(const char*) {}
 
-}  // namespace
-
-void KeepJackQuiet() {
+void HushLibrary() {
     setenv("JACK_NO_START_SERVER", "1", 1);
     using Setter = void (*)(void (*)(const char*));
     for (const char* name : {"jack_set_error_function", "jack_set_info_function"})
         if (const auto set = Find<Setter>(name)) set(SayNothing);
 }
 
+}  // namespace
+
+void KeepJackQuiet() {
+    static const bool done = (HushLibrary(), true);
+    static_cast<void>(done);
+}
+
 int JackPeriod() {
     KeepJackQuiet();
-    constexpr int kNoStartServer = 1;
-    const auto open = Find<void* (*)(const char*, int, int*, ...)>("jack_client_open");
-    const auto close = Find<int (*)(void*)>("jack_client_close");
     const auto frames = Find<uint32_t (*)(void*)>("jack_get_buffer_size");
     const auto rate = Find<uint32_t (*)(void*)>("jack_get_sample_rate");
-    if (!open || !close || !frames || !rate) return 0;
-    int status = 0;
-    void* client = open("corvane-look", kNoStartServer, &status);
+    void* client = frames && rate ? Join("corvane-look") : nullptr;
     if (!client) return 0;
     const int period = static_cast<int>(frames(client) * uint64_t{1000} / std::max(rate(client), 1u)) + 1;
-    close(client);
+    Leave(client);
     return period;
+}
+
+JackWatch::JackWatch() {
+    KeepJackQuiet();
+    _client = Join("corvane-watch");
+    const auto callWhenGone = Find<void (*)(void*, void (*)(void*), void*)>("jack_on_shutdown");
+    const auto activate = Find<int (*)(void*)>("jack_activate");
+    if (!_client || !callWhenGone || !activate) return;
+    const auto noteGone = [](void* gone) { static_cast<std::atomic<bool>*>(gone)->store(true); };
+    _gone = false;
+    callWhenGone(_client, noteGone, &_gone);
+    if (activate(_client) != 0) _gone = true;
+}
+
+JackWatch::~JackWatch() {
+    if (_client) Leave(_client);
 }
 
 }  // namespace corvane

@@ -2,6 +2,8 @@
 // none runs.
 #pragma once
 
+#include <atomic>
+
 namespace corvane {
 
 // From now on no library of this process starts a JACK server or prints JACK's own messages. Main thread,
@@ -12,5 +14,22 @@ void KeepJackQuiet();
 // Joins and leaves it to find out: some milliseconds where one runs, far less else.
 int JackPeriod();
 inline bool JackServerRuns() { return JackPeriod() > 0; }
+
+// Stays with the server that runs now, to notice when it ends: libraries wait for ever for a server that is
+// gone.
+class JackWatch {
+public:
+    JackWatch();
+    ~JackWatch();
+    JackWatch(const JackWatch&) = delete;
+    JackWatch& operator=(const JackWatch&) = delete;
+
+    // Also if there was none. Any thread.
+    bool ServerIsGone() const { return _gone.load(std::memory_order_relaxed); }
+
+private:
+    void* _client;
+    std::atomic<bool> _gone{true};
+};
 
 }  // namespace corvane

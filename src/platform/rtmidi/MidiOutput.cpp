@@ -1,5 +1,6 @@
 #include "platform/rtmidi/MidiOutput.h"
 
+#include "platform/jack/JackServer.h"
 #include "platform/rtmidi/MidiSystems.h"
 
 namespace corvane {
@@ -9,11 +10,11 @@ constexpr bool IsShort(uint8_t status) { return (status & 0xE0) == 0xC0; }  // o
 
 }  // namespace
 
-MidiOutput::MidiOutput() = default;
+MidiOutput::MidiOutput(const JackWatch* jack) : _jack(jack) {}
 MidiOutput::~MidiOutput() = default;
 
-std::unique_ptr<MidiOutput> MidiOutput::Open(const MidiPlace& place) {
-    std::unique_ptr<MidiOutput> output(new MidiOutput);
+std::unique_ptr<MidiOutput> MidiOutput::Open(const MidiPlace& place, const JackWatch* jack) {
+    std::unique_ptr<MidiOutput> output(new MidiOutput(jack));
     try {
         output->_device = std::make_unique<RtMidiOut>(place.api, "Corvane");
         output->_device->setErrorCallback(
@@ -37,6 +38,10 @@ bool MidiOutput::Send(ShortMessage message) {
 void MidiOutput::Deliver(const ShortMessage& message) {
     // No wire carries a data byte above 127: a device would take it for another message.
     if ((message.data1 | message.data2) > 127) return;
+    if (_jack && _jack->ServerIsGone()) {
+        _failed = true;
+        return;
+    }
     const unsigned char bytes[] = {message.status, message.data1, message.data2};
     try {
         _device->sendMessage(bytes, IsShort(message.status) ? 2 : 3);

@@ -10,12 +10,14 @@ class RtMidiOut;
 
 namespace corvane {
 
+class JackWatch;
 struct MidiPlace;
 
 class MidiOutput {
 public:
-    // Null where the device cannot be opened. Main thread.
-    static std::unique_ptr<MidiOutput> Open(const MidiPlace& place);
+    // Null where the device cannot be opened. `jack` outlives a device of JACK's and is null for others. Main
+    // thread.
+    static std::unique_ptr<MidiOutput> Open(const MidiPlace& place, const JackWatch* jack);
     ~MidiOutput();
     MidiOutput(const MidiOutput&) = delete;
     MidiOutput& operator=(const MidiOutput&) = delete;
@@ -25,9 +27,10 @@ public:
     bool Send(ShortMessage message);
 
 private:
-    MidiOutput();
+    explicit MidiOutput(const JackWatch* jack);
     void Deliver(const ShortMessage& message);
 
+    const JackWatch* const _jack;
     std::unique_ptr<RtMidiOut> _device;
     MessageQueue _queue;  // the library takes messages from one thread at a time
     std::atomic<bool> _failed{false};

@@ -10,12 +10,12 @@
 namespace corvane {
 
 RtMidiPort::RtMidiPort(BuiltInSynth* synth) : _synth(synth) {
-    bool usesJack = false;
     for (const MidiPlace& place : OutputPlaces()) {
-        _outputs.push_back(MidiOutput::Open(place));
-        usesJack |= _outputs.back() && place.api == RtMidi::UNIX_JACK;
+        const bool isJack = place.api == RtMidi::UNIX_JACK;
+        if (isJack && !_jack) _jack = std::make_unique<JackWatch>();
+        _outputs.push_back(MidiOutput::Open(place, isJack ? _jack.get() : nullptr));
     }
-    if (usesJack) _settling = 3 * JackPeriod();
+    if (_jack) _settling = 3 * JackPeriod();
     Settle();
 }
 
@@ -25,7 +25,7 @@ RtMidiPort::~RtMidiPort() {
 }
 
 void RtMidiPort::Settle() const {
-    if (_settling) std::this_thread::sleep_for(std::chrono::milliseconds(_settling));
+    if (_jack && !_jack->ServerIsGone()) std::this_thread::sleep_for(std::chrono::milliseconds(_settling));
 }
 
 MidiOutput* RtMidiPort::OutputOf(int16_t port) const {

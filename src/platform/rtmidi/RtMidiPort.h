@@ -9,6 +9,8 @@
 
 namespace corvane {
 
+class JackWatch;
+class JackWatch;
 class MidiOutput;
 
 // Opens every output for its lifetime, which takes some periods where a JACK server runs, as does closing: it
@@ -34,6 +36,7 @@ private:
     void Settle() const;
 
     BuiltInSynth* const _synth;
+    std::unique_ptr<JackWatch> _jack;                   // null without a device of JACK's
     int _settling = 0;                                  // milliseconds
     std::vector<std::unique_ptr<MidiOutput>> _outputs;  // null where the synthesiser stands in
 };
