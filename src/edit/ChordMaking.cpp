@@ -80,7 +80,10 @@ GenericNote* AddNoteToChord(Chords* chord, int line, const NoteKind& kind) {
 }
 
 Pause* InsertNewPause(Voice* voice, int32_t x, const RestKind& kind) {
-    VoiceSymbol* before = EventBefore(voice, x);
+    return InsertPauseBehind(voice, EventBefore(voice, x), x, kind);
+}
+
+Pause* InsertPauseBehind(Voice* voice, VoiceSymbol* before, int32_t x, const RestKind& kind) {
     auto* pause = Make<Pause>();
     const Staff* staff = MeasureStaffPar(voice)->_staff;
     pause->_value = kind.value;

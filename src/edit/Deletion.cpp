@@ -50,9 +50,7 @@ void DeleteStem(Stem* stem) {
 // The rest that takes over a chord's time, with the chord's tuplet marks.
 void LeaveRest(Chords* chord, int32_t x) {
     Voice* voice = VoicePar(chord);
-    Pause* pause = InsertNewPause(voice, x, RestKindOf(ValueOf(chord)));
-    voiceSymbols.Remove(pause);
-    voiceSymbols.Insert(voice, pause, chord);
+    Pause* pause = InsertPauseBehind(voice, chord, x, RestKindOf(ValueOf(chord)));
     for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(chord))
         if (As<MarkIrreg>(attribute)) {
             voiceSymbolAttributes.Remove(attribute);

@@ -1,0 +1,110 @@
+// Thousands of random presses, keys, undos and redos: the score stays sound, and undo gives back every byte.
+#include <cstdlib>
+#include <random>
+
+#include "edit_fixture.h"
+#include "store/CommandObserver.h"
+
+namespace corvane {
+namespace {
+
+// The bytes of each live block that undo answers for, with the counters.
+struct PoolState {
+    std::vector<std::vector<uint8_t>> blocks;
+    uint64_t total = 0, free = 0;
+
+    static PoolState Of(const NewMemoryPool& pool) {
+        PoolState state;
+        state.total = pool.Total(), state.free = pool.Free();
+        for (uint32_t i = 0; i < pool.BlockCount(); ++i) {
+            const PoolBlock& block = pool.Block(i);
+            if (!block.Trailer().released)
+                state.blocks.emplace_back(block.start, block.start + block.size - kSnapshotGap);
+        }
+        return state;
+    }
+    friend bool operator==(const PoolState&, const PoolState&) = default;
+};
+
+// Keeps the state at the last beginning of a command, and tells the window as the program's own observer does.
+class StateKeeper : public CommandObserver {
+public:
+    explicit StateKeeper(WindowTarn& window) : _window(window) { MemoryManager::Instance().SetObserver(this); }
+    ~StateKeeper() override { WatchCommands(); }
+    void CommandBegins(NewMemoryPool& pool) override {
+        before = PoolState::Of(pool);
+        ++commands;
+        _window.CommandBegins();
+    }
+    void CommandEnds(NewMemoryPool&) override { _window.CommandEnds(); }
+    PoolState before;
+    int commands = 0;
+
+private:
+    WindowTarn& _window;
+};
+
+int StepCount() {
+    const char* asked = std::getenv("CORVANE_RANDOM_STEPS");
+    return asked ? std::atoi(asked) : 400;
+}
+unsigned Seed() {
+    const char* asked = std::getenv("CORVANE_RANDOM_SEED");
+    return asked ? static_cast<unsigned>(std::atoi(asked)) : 1;
+}
+
+class RandomEdits : public EditTest {
+protected:
+    int Pick(int low, int high) { return std::uniform_int_distribution<int>(low, high)(_random); }
+
+    void RandomPress() {
+        const int mode = Pick(0, 9) == 0 ? ModeEraser : ModePencil;
+        SetToolMode(mode);
+        if (mode == ModePencil) {
+            // Mostly notes and rests; dots and accidentals as often as a person uses them.
+            const int item = Pick(0, 3) ? Pick(1, 18) : Pick(20, 34);
+            SetItem(static_cast<uint16_t>(item));
+        }
+        const int measure = Pick(1, 6), staff = Pick(1, 2);
+        Press(measure, staff, Pick(-50, 1050), Pick(-8, 18));
+    }
+
+    void RandomStep() {
+        switch (Pick(0, 11)) {
+            case 0: return window->Undo();
+            case 1: return window->Redo();
+            case 2: return SetCurrentVoice(static_cast<uint16_t>(Pick(0, 3)));
+            case 3: return KeyChar(*window, "adefgnprs12345678"[Pick(0, 16)]);
+            default: return RandomPress();
+        }
+    }
+
+    std::mt19937 _random{Seed()};
+};
+
+TEST_F(RandomEdits, StaySoundAndUndoEveryByte) {
+    StateKeeper keeper(*window);
+    for (int step = 0; step < StepCount(); ++step) {
+        SCOPED_TRACE("step " + std::to_string(step));
+        const int commands = keeper.commands;
+        RandomStep();
+        ExpectSound();
+        if (keeper.commands > commands) {
+            const PoolState after = PoolState::Of(*window->Pool());
+            window->Undo();
+            EXPECT_EQ(PoolState::Of(*window->Pool()), keeper.before);
+            window->Redo();
+            EXPECT_EQ(PoolState::Of(*window->Pool()), after);
+            if (Pick(0, 3) == 0) {
+                window->Undo();
+                EXPECT_EQ(PoolState::Of(*window->Pool()), keeper.before);
+                ExpectSound();
+            }
+        }
+        if (HasFailure()) break;
+    }
+    EXPECT_TRUE(HasFailure() || keeper.commands > StepCount() / 3) << "the steps must really edit";
+}
+
+}  // namespace
+}  // namespace corvane
