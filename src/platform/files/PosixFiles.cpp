@@ -102,7 +102,9 @@ Status PosixFiles::Resolve(const std::string& path, std::string& target) {
     return {Fault::ReadOnly, kFileReadOnly};
 }
 
-Status PosixFiles::CheckWritable(const std::string& target) {
+Status PosixFiles::CheckWritable(const std::string& path) {
+    std::string target;
+    if (Status status = Resolve(path, target); !status) return status;
     struct stat about;
     // Write permission that nobody has counts, even for one whom no permission stops.
     if (stat(target.c_str(), &about) == 0) {

@@ -9,7 +9,7 @@ class PosixFiles : public FileLayer {
 public:
     Status Read(const std::string& path, std::vector<uint8_t>& bytes) override;
     Status Resolve(const std::string& path, std::string& target) override;
-    Status CheckWritable(const std::string& target) override;
+    Status CheckWritable(const std::string& path) override;
     Status CreateBeside(const std::string& target, std::string& temporary) override;
     Status Write(const std::string& path, std::span<const uint8_t> bytes) override;
     Status Flush(const std::string& path) override;
