@@ -12,7 +12,7 @@ FontList theList;
 auto PlaceOf(auto& pairs, std::string_view docFont) {
     return std::lower_bound(
         pairs.begin(), pairs.end(), docFont,
-        [](const FontList::Pair& pair, std::string_view name) { return pair.docFont < name; });
+        [](const FontList::Pair& pair, std::string_view name) { return pair.docFont.compare(name) < 0; });
 }
 
 void AddFontsOf(const FontSymbol* symbol, FontList& list) {

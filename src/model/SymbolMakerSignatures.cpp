@@ -13,7 +13,6 @@ namespace {
 // ---- Time signatures
 
 constexpr uint8_t kCommon = 99, kCut = 67, kBracketLeft = 123, kBracketRight = 125, kPlus = 43;
-constexpr int kMostDigits = 4;
 
 // What a name says, and where its digits stand.
 struct TimeText {
