@@ -59,7 +59,9 @@ protected:
         pause->_value = value;
         pause->_x = x;
         pause->_y = y;
-        const std::string name = value == 1 ? "PausaIntero" : value == 2 ? "PausaMeta" : "Pausa" + std::to_string(value);
+        const std::string name = value == 1   ? "PausaIntero"
+                                 : value == 2 ? "PausaMeta"
+                                              : "Pausa" + std::to_string(value);
         pause->_symbol = LookupSymbol(document, name);
         voiceSymbols.Add(voice, pause);
         return pause;
@@ -78,7 +80,8 @@ protected:
         return dot;
     }
     // Over stems and rests whose flags are not there; `values` are the markers' own.
-    Beam* AddBeam(const std::vector<BeamSymbol*>& symbols, const std::vector<uint8_t>& values, char direction) {
+    Beam* AddBeam(const std::vector<BeamSymbol*>& symbols, const std::vector<uint8_t>& values,
+                  char direction) {
         auto* beam = Make<Beam>();
         beam->_direction = static_cast<uint8_t>(direction);
         for (size_t i = 0; i < symbols.size(); ++i) {
