@@ -21,7 +21,7 @@ TEST_F(SymbolMaker, NamesBecomeTheirGlyphs) {
          "32\xA1"
          "down",
          "240@385 0 -10; 75@385 0 -360"},
-        {"names that only rulings give", "_SimboloCoda_", "222@450 0 0"},
+        {"signs that share a glyph of their own", "_SimboloCoda_", "222@450 0 0"},
         {"", "_Tilde_", "126@450 0 0"},
         {"grace heads", "GraceMeta", "250@285 0 0"},
         {"grace flags shift less than they shrink",
