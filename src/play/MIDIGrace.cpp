@@ -165,6 +165,16 @@ void MakeGraceEvents(GraceChord* member) {
 
 void RemoveGraceEvents(GraceChord* member) { RemoveEvents(Group(member)); }
 
+void RenewGraceEventsAround(Chords* chord) {
+    for (VoiceSymbol* beside : {voiceSymbols.Prev(chord), voiceSymbols.Next(chord)}) {
+        GraceChord* g = AsGrace(beside);
+        if (!g) continue;
+        const Group group(g);
+        RemoveEvents(group);
+        AddEvents(group);
+    }
+}
+
 void AddAllGraceEvents(Voice* voice) {
     const VoiceSymbol* before = nullptr;
     for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {

@@ -241,6 +241,7 @@ void AddChordEvents(Chords* chord) {
     CORVANE_ASSERT(chord);
     ShiftBehind(chord, Direction::Forward);
     PlaceChord(chord);
+    RenewGraceEventsAround(chord);
 }
 
 void RemoveNoteEvents(GenericNote* note) {

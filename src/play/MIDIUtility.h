@@ -35,7 +35,7 @@ void AddNoteEventsForced(GenericNote* note);
 // The same for the note that brings its chord's duration into the voice: later symbols move forward first.
 void AddChordEventsShifting(GenericNote* note);
 void AddChordEventsShiftingForced(GenericNote* note);
-// All notes of a chord: the first brings the duration.
+// All notes of a chord: the first brings the duration. Grace groups beside it are made anew.
 void AddChordEvents(Chords* chord);
 
 void RemoveNoteEvents(GenericNote* note);
@@ -81,7 +81,7 @@ void UntieNotes(GenericNote* note1, GenericNote* note2);
 // A Tempo at the mark's beat, clock 0, the two joined.
 Tempo* InsertTempoAtBeat(Measure* measure, Time* mark);
 // Gives the mark's Tempo back and parts the two; for a mark without one nothing.
-void RemoveTempo(Measure* measure, Time* mark);
+void RemoveTempo(Time* mark);
 Tempo* TempoOf(const Time* mark);
 
 // Velocities of notes in score order, rising evenly in time from `start` to `end` (0 to 127) over their

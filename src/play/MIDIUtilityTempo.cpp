@@ -73,7 +73,7 @@ Tempo* TempoOf(const Time* mark) {
 
 Tempo* InsertTempoAtBeat(Measure* measure, Time* mark) {
     CORVANE_ASSERT(mark);
-    RemoveTempo(measure, mark);
+    RemoveTempo(mark);
     Tempo* tempo = GetOrMakeTempo(measure, mark->_beat, 0);
     tempo->_mark = mark;
     tempo->_metronome = 0;
@@ -81,9 +81,10 @@ Tempo* InsertTempoAtBeat(Measure* measure, Time* mark) {
     return tempo;
 }
 
-void RemoveTempo(Measure* measure, Time* mark) {
+void RemoveTempo(Time* mark) {
     Tempo* tempo = TempoOf(mark);
     if (!tempo) return;
+    Measure* measure = MeasurePar(tempo);
     mark->_any28 = nullptr;
     if (tempo->_mark == mark) {
         // Another mark of the same place speaks for it from now on.

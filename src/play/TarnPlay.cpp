@@ -78,10 +78,12 @@ bool TarnPlay::Start(int32_t time, const Measure* from) {
     _now = time;
     _eventTime = time + kLeadTicks;
     _clickNextTime = Truncate(_eventTime);
-    _tempoTold = false;
+    _tellsTempo = false;
     SetUpClick(from);
+    _tellsTempo = true;
     _clickOnNext = true;
     _clickIsBeat = false;
+    _events.measure = from;
     if (tempo) ApplyTempo(tempo);
     EnterEvents(from);
     _currentEvent = FirstElementFromHere();
@@ -204,9 +206,8 @@ double TarnPlay::DueTime(const TimeElement* element) const {
 void TarnPlay::ApplyTempo(const Tempo* tempo) {
     const TempoValues values = ValuesOf(tempo);
     if (const double factor = FactorOf(values); factor > 0) _events.factor = _click.factor = factor;
-    if (_tempoTold && _listener && CountOffIsOver())
+    if (_tellsTempo && _listener && CountOffIsOver())
         _listener->TempoChanged(_events.measure, values.figure, values.bpm);
-    _tempoTold = true;
 }
 
 const Measure* TarnPlay::NextMeasureOf(Lane& lane) {

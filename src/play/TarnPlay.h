@@ -117,7 +117,7 @@ private:
     double _eventTime = 0;
     TimePlace _last;  // of the element that fired last
     bool _overrun = false;
-    bool _tempoTold = false;  // a tempo has been applied in this play
+    bool _tellsTempo = false;  // the first tempo of a play is not told
 
     bool _clickReady = false, _clickOnNext = false, _clickIsBeat = false;
     int32_t _clickNextTime = 0;

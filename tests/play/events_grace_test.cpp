@@ -114,5 +114,20 @@ TEST_F(GraceNotes, OfOneGroupLeaveTheCutsOfTheNextGroupAlone) {
               "1 4 0 1 5 0 1 1 67 64\n");
 }
 
+TEST_F(GraceNotes, FollowWhatHappensToTheChordBesideThem) {
+    Want(kFollowing);
+    Measure* measure = AddMeasure();
+    Voice* voice = VoiceOf(measure);
+    GraceChord* grace = PutGrace(voice, 8, kD4);
+    MakeGraceEvents(grace);
+    EXPECT_EQ(Elements(measure), "") << "nothing to take from yet";
+    Chords* chord = Enter(voice, 4, {kE4});
+    const std::string cut = "+1:0 -1:16000 +1:16000 -2:0";
+    EXPECT_EQ(Elements(measure), cut);
+    RemoveVoiceSymbolEvents(chord);
+    InsertVoiceSymbolEvents(chord);
+    EXPECT_EQ(Elements(measure), cut);
+}
+
 }  // namespace
 }  // namespace corvane

@@ -175,11 +175,11 @@ TEST_F(Events, OfTempoMarksOfOnePlaceAreShared) {
     Measure* measure = AddMeasure();
     Time *a = AddTempo(measure, 3, 90), *b = AddTempo(measure, 3, 100);
     EXPECT_EQ(Elements(measure), "T3:0*2");
-    RemoveTempo(measure, b);
+    RemoveTempo(b);
     EXPECT_EQ(Elements(measure), "T3:0");
     EXPECT_EQ(TempoOf(a)->_mark.Get(), a) << "the mark that is left speaks";
     EXPECT_EQ(TempoOf(b), nullptr);
-    RemoveTempo(measure, a);
+    RemoveTempo(a);
     EXPECT_EQ(Elements(measure), "");
 }
 
