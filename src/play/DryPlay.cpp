@@ -21,18 +21,16 @@ std::string LineOf(const SentMessage& sent) {
 void DryPlay(const Document* document, const std::function<void(std::string_view)>& sink, const Measure* from,
              const ClickSettings& click) {
     RecordingPort port(SoundPort::kMaxDevices, [&](const SentMessage& sent) { sink(LineOf(sent)); });
-    TarnPlay play;
+    PlayFlags flags;
+    TarnPlay play(flags);
     TarnClock dealer(play);
     ManualClock clock(kNormalResolution, 1, &dealer);
     play.Init(document, &port, kNormalResolution, click);
-    PlayFlags& flags = ThePlayFlags();
     flags.playing = true;
-    flags.stop = false;
     clock.EnableOut();
     clock.Start();
     if (play.Start(clock.Time(), from))
         while (flags.playing) clock.Advance();
-    flags.playing = false;
 }
 
 std::string DryPlay(const Document* document, const Measure* from) {

@@ -87,7 +87,7 @@ bool TarnPlay::Start(int32_t time, const Measure* from) {
     if (tempo) ApplyTempo(tempo);
     EnterEvents(from);
     _currentEvent = FirstElementFromHere();
-    if (!_currentEvent && !ThePlayFlags().recording) return EndOfScore(), false;
+    if (!_currentEvent && !_flags.recording) return EndOfScore(), false;
     if (_currentEvent) _eventTime = DueTime(_currentEvent);
     _ready = true;
     return true;
@@ -95,9 +95,9 @@ bool TarnPlay::Start(int32_t time, const Measure* from) {
 
 void TarnPlay::EndOfScore() {
     _currentEvent = nullptr;
-    if (ThePlayFlags().recording) return;
-    ThePlayFlags().playing = false;
-    ThePlayFlags().stop = true;
+    if (_flags.recording) return;
+    _flags.playing = false;
+    _flags.stop = true;
 }
 
 void TarnPlay::Tick(int32_t time) {

@@ -56,6 +56,9 @@ public:
 
 class TarnPlay {
 public:
+    // Whoever plays beside the program's own play, such as an export, has flags of its own.
+    explicit TarnPlay(PlayFlags& flags = ThePlayFlags()) : _flags(flags) {}
+
     // Sends programs and volumes. `listener` may be null; both must outlive the walker.
     void Init(const Document* document, SoundPort* port, int resolution, const ClickSettings& click = {},
               PlayListener* listener = nullptr);
@@ -105,6 +108,7 @@ private:
     void LeaveClickMeasure();
     bool CountOffIsOver() const { return _countOffBeats < 1; }
 
+    PlayFlags& _flags;
     const Document* _doc = nullptr;
     SoundPort* _port = nullptr;
     PlayListener* _listener = nullptr;

@@ -60,7 +60,7 @@ void TarnPlay::ClickAction() {
     if (_click.measure)
         SendClick();
     else
-        ThePlayFlags().recording = false;
+        _flags.recording = false;
     if (_listener) _listener->Click(_click.measure, _clickBeatIndex, _clickOnNext);
     TellClick();
     _clickNextTime = NextClickTime();
