@@ -14,6 +14,9 @@ namespace {
 // Beyond every page.
 constexpr int32_t kFar = 1 << 28;
 
+// No class answers to presses farther than this from its rectangle.
+constexpr int32_t kHitReach = 150;
+
 struct Entry;
 using EntryList = std::list<const Entry*>;
 
@@ -213,7 +216,8 @@ DrawPatch NewWindowSheet::HitSymbol(Point p, const DrawPatch& exclude) const {
     for (const EntryList* list : {&tile.inOrder, &tile.late})
         for (const Entry* entry : *list) {
             const bool ours = entry->voice == 0 || _editVoice == 0 || entry->voice == _editVoice;
-            if (!ours || entry->patch == exclude) continue;
+            if (!ours || entry->patch == exclude || !entry->rect.GrownBy(kHitReach).EnclosesStrictly(p))
+                continue;
             if (entry->patch.Behaviour().Hit(entry->patch.Object(), p)) return entry->patch;
         }
     return {};
