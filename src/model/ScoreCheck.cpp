@@ -39,14 +39,21 @@ bool MayBeFree(int16_t number, uint16_t next) {
 
 }  // namespace
 
+ScoreProof::ScoreProof(const NewMemoryPool& pool, bool healing, size_t limit)
+    : document(static_cast<Document*>(pool.DocumentObject())),
+      docStaffCount(documentDocStaffs.Count(document)),
+      _pool(pool),
+      _index(pool),
+      _healing(healing),
+      _limit(limit) {}
+
 void ScoreProof::Tell(Weight weight, const void* object, int32_t offset, const char* text) {
     if ((_healing && weight == Weight::Slight) || findings.size() >= _limit) return;
-    if (!_index) _index.emplace(pool);
-    const ObjectIndexBitmap::Object found = _index->Find(object);
+    const ObjectIndexBitmap::Object found = _index.Find(object);
     if (!found.start) return findings.push_back({0, 0, -1, text});
     const auto place = static_cast<int32_t>(static_cast<const uint8_t*>(object) - found.start);
     findings.push_back(
-        {_index->NumberOf(found), ClassNumberOf(found.start), offset < 0 ? -1 : place + offset, text});
+        {_index.NumberOf(found), ClassNumberOf(found.start), offset < 0 ? -1 : place + offset, text});
 }
 
 std::vector<std::string> ScoreProof::HealedLines() const {
@@ -66,17 +73,16 @@ void ScoreProof::CheckMembership(void* object, int16_t number) {
 }
 
 template <class Visit>
-void ScoreProof::ForEachOfScore(Visit visit) {
-    for (void* object = pool.FirstObject(); object; object = pool.NextObject(object))
-        if (ClassNumberOf(object) > 0 && !_apart.contains(object)) visit(object, ClassNumberOf(object));
+void ScoreProof::ForEachOfScore(Visit visit) const {
+    ForEachObject([&](void* object, int16_t number) {
+        if (_apart.empty() || !_apart.contains(object)) visit(object, number);
+    });
 }
 
 void ScoreProof::Run(std::span<const void* const> kept) {
-    document = static_cast<Document*>(pool.DocumentObject());
-    docStaffCount = documentDocStaffs.Count(document);
     if (!kept.empty()) {
         std::vector<Finding> none;
-        for (const void* object : VerifierGraph(pool, none, 0).Unreached({})) _apart.insert(object);
+        for (const void* object : VerifierGraph(_pool, none, 0).Unreached({})) _apart.insert(object);
     }
     // Rules follow parents: first every object must have its own.
     ForEachOfScore([&](void* object, int16_t number) { CheckMembership(object, number); });

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <map>
-#include <optional>
 #include <span>
 #include <string>
 #include <unordered_set>
@@ -22,8 +21,7 @@ enum class Weight {
 
 class ScoreProof {
 public:
-    ScoreProof(const NewMemoryPool& ofPool, bool healing, size_t limit)
-        : pool(ofPool), _healing(healing), _limit(limit) {}
+    ScoreProof(const NewMemoryPool& pool, bool healing, size_t limit);
 
     void Run(std::span<const void* const> kept);
 
@@ -43,20 +41,28 @@ public:
     void Healed(const char* what) { ++_healed[what]; }
     bool Healing() const { return _healing; }
 
-    const NewMemoryPool& pool;
-    Document* document = nullptr;
-    int docStaffCount = 0;
+    // Each typed object, what only a clipboard holds included.
+    template <class Visit>
+    void ForEachObject(Visit visit) const {
+        _index.ForEach([&](ObjectIndexBitmap::Object object) {
+            if (const int16_t number = ClassNumberOf(object.start); number > 0) visit(object.start, number);
+        });
+    }
+
+    Document* const document;
+    const int docStaffCount;
     std::vector<Finding> findings;
     std::vector<std::string> HealedLines() const;
 
 private:
     void CheckMembership(void* object, int16_t number);
     template <class Visit>
-    void ForEachOfScore(Visit visit);
+    void ForEachOfScore(Visit visit) const;
 
+    const NewMemoryPool& _pool;
+    const ObjectIndexBitmap _index;
     const bool _healing;
     const size_t _limit;
-    std::optional<ObjectIndexBitmap> _index;  // made for the first finding
     std::map<std::string, int> _healed;
     std::unordered_set<const void*> _apart;  // what only a clipboard holds: no rule but the graph's is for it
 };

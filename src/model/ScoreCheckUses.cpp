@@ -5,7 +5,6 @@
 #include <unordered_set>
 
 #include "model/ScoreCheckRules.h"
-#include "store/NewMemoryPool.h"
 
 namespace corvane {
 namespace {
@@ -14,18 +13,21 @@ constexpr int16_t kMostUses = 32767;  // a count that has come to this stays the
 
 using Uses = std::unordered_map<const void*, int32_t>;
 
+bool IsCounted(Aim aim) {
+    return aim == Aim::Symbol || aim == Aim::Font || aim == Aim::GenericText || aim == Aim::Any;
+}
+
 // How often each symbol, font and text is pointed at as a whole.
-Uses CountUses(const NewMemoryPool& pool) {
+Uses CountUses(const ScoreProof& proof) {
     Uses uses;
-    for (void* object = pool.FirstObject(); object; object = pool.NextObject(object)) {
-        if (ClassNumberOf(object) < 0) continue;
-        for (const LinkField& link : InfoOfObject(object)->links) {
-            if (link.role != LinkRole::Whole) continue;
+    proof.ForEachObject([&](const uint8_t* object, int16_t number) {
+        for (const LinkField& link : InfoOf(number)->links) {
+            if (link.role != LinkRole::Whole || !IsCounted(link.aim)) continue;
             uint32_t distance;
-            std::memcpy(&distance, static_cast<const uint8_t*>(object) + link.offset, sizeof distance);
+            std::memcpy(&distance, object + link.offset, sizeof distance);
             if (distance) ++uses[StoredSpace::At<void>(distance)];
         }
-    }
+    });
     return uses;
 }
 
@@ -56,15 +58,14 @@ void CheckSymbols(ScoreProof& proof, const Uses& uses) {
 }
 
 void CheckObjects(ScoreProof& proof, const Uses& uses) {
-    for (void* object = proof.pool.FirstObject(); object; object = proof.pool.NextObject(object)) {
-        const int16_t number = ClassNumberOf(object);
+    proof.ForEachObject([&](void* object, int16_t number) {
         if (number == GenericText::kClass)
             proof.Expect(UsesOf(uses, object) == 1, object, "the text has not one owner");
-        if (!FontSymbol::IsHeir(number)) continue;
+        if (!FontSymbol::IsHeir(number)) return;
         const bool listed = documentFontSymbols.IsLinked(static_cast<FontSymbol*>(object));
         proof.Expect(listed || UsesOf(uses, object) == 0, object,
                      "a symbol in use is not in the document's list");
-    }
+    });
 }
 
 void CheckPreferences(ScoreProof& proof) {
@@ -85,7 +86,7 @@ void CheckPreferences(ScoreProof& proof) {
 }  // namespace
 
 void CheckUses(ScoreProof& proof) {
-    const Uses uses = CountUses(proof.pool);
+    const Uses uses = CountUses(proof);
     CheckSymbols(proof, uses);
     CheckObjects(proof, uses);
     CheckPreferences(proof);

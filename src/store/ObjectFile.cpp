@@ -118,7 +118,7 @@ void ScoreLoad::Drop(const std::vector<void*>& objects) {
 
 Status ScoreLoad::Prove() {
     VerifierGraph graph(_pool, _report.faults, kMostFindings);
-    graph.CheckObjects();
+    graph.CheckObjects(true);
     if (_report.faults.empty()) graph.CheckRings();
     if (!_report.faults.empty()) return {Fault::Damaged, kInvalidFile};
     const std::vector<void*> unreached = graph.Unreached({});

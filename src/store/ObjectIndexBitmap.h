@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "base/StoredSpace.h"
 #include "store/PoolBlock.h"
 
 namespace corvane {
@@ -21,7 +22,14 @@ public:
         uint32_t bit = 0;          // of its granule, over all blocks: a key below BitCount()
     };
     // The object that holds a place of the pool.
-    Object Find(const void* place) const;
+    Object Find(const void* place) const {
+        const size_t page =
+            static_cast<size_t>(static_cast<const uint8_t*>(place) - _firstPage) / StoredSpace::kPage;
+        if (page >= _blockOfPage.size() || _blockOfPage[page] == kNoBlock) return {};
+        const uint32_t order = _blockOfPage[page];
+        const auto at = static_cast<uint32_t>(static_cast<const uint8_t*>(place) - _order[order]->start);
+        return at >= kWordSize && at < _usable ? FindInBlock(order, (at - kWordSize) / kGranule) : Object{};
+    }
     uint32_t NumberOf(Object object) const;
     uint32_t Count() const { return _count; }
     size_t BitCount() const { return _records.size() * 64; }
@@ -44,16 +52,32 @@ private:
         uint64_t bits = 0;    // an object's word stands at this granule
         uint32_t before = 0;  // objects in the records before this one
     };
+    static constexpr uint32_t kNoBlock = 0xFFFFFFFF;
+
+    void OrderBlocks(const NewMemoryPool& pool);
     void Mark(const PoolBlock& block, Record* records);
+    // The object at the granule or the nearest one before it.
+    Object FindInBlock(uint32_t order, uint32_t granule) const {
+        const size_t first = size_t{order} * _recordsPerBlock;
+        size_t i = first + granule / 64;
+        uint64_t bits = _records[i].bits << (63 - granule % 64) >> (63 - granule % 64);
+        while (!bits) {
+            if (i == first) return {};
+            bits = _records[--i].bits;
+        }
+        return ObjectAt(*_order[order],
+                        static_cast<uint32_t>(i * 64) + 63 - static_cast<uint32_t>(std::countl_zero(bits)));
+    }
     Object ObjectAt(const PoolBlock& block, uint32_t bit) const {
         return {block.start + bit % (_recordsPerBlock * 64) * kGranule + kWordSize, bit};
     }
 
-    const NewMemoryPool& _pool;
     std::vector<const PoolBlock*> _order;  // from the Document's block along the ring; released ones left out
-    std::vector<uint32_t> _placeInOrder;   // by the block's place in the pool
+    const uint8_t* _firstPage = nullptr;   // of the block with the lowest address
+    std::vector<uint32_t> _blockOfPage;    // places in _order
     std::vector<Record> _records;
-    uint32_t _recordsPerBlock = 0, _count = 0;
+    const uint32_t _usable, _recordsPerBlock;
+    uint32_t _count = 0;
 };
 
 }  // namespace corvane

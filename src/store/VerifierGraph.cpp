@@ -33,7 +33,7 @@ void VerifierGraph::Add(Object object, int32_t offset, const char* text) {
 
 // ---- objects
 
-void VerifierGraph::CheckObjects() {
+void VerifierGraph::CheckObjects(bool pointersProven) {
     uint32_t documents = 0, number = 0;
     _index.ForEach([&](Object object) {
         ++number;
@@ -41,14 +41,17 @@ void VerifierGraph::CheckObjects() {
         if (word < 0) return;
         if (word == 1 && (++documents > 1 || number > 1 || object.start != _pool.DocumentObject()))
             Add(object, -1, "a Document that is not the one first object");
-        CheckObject(object, word);
+        CheckObject(object, word, pointersProven);
     });
     if (!documents && _findings.size() < _limit) _findings.push_back({0, 0, -1, "there is no Document"});
 }
 
-void VerifierGraph::CheckObject(Object object, int16_t number) {
-    for (const ObjectFilePlaces::Field& field : ObjectFilePlaces::Instance().FieldsOf(number))
-        if (PointerAt(object.start + field.link.offset)) CheckField(object, field);
+void VerifierGraph::CheckObject(Object object, int16_t number, bool pointersProven) {
+    for (const ObjectFilePlaces::Field& field : _places.FieldsOf(number)) {
+        const bool mayHoldRaw = field.link.role == LinkRole::Whole && IsHolderOfRaw(field.link.aim);
+        if ((mayHoldRaw || !pointersProven) && PointerAt(object.start + field.link.offset))
+            CheckField(object, field);
+    }
     CheckChildEnds(object, number);
 }
 
@@ -69,7 +72,6 @@ void VerifierGraph::CheckText(Object object, const ObjectFilePlaces::Field& fiel
     const auto length = static_cast<size_t>(-WordOf(raw));
     if (field.link.aim == Aim::Text && !std::memchr(raw.start, 0, length))
         Add(object, field.link.offset, "the text has no end");
-    if (!IsHolderOfRaw(field.link.aim)) return;
     if (_held[raw.bit]) Add(object, field.link.offset, "the raw block belongs to another field too");
     _held[raw.bit] = true;
 }
@@ -157,7 +159,7 @@ std::vector<void*> VerifierGraph::Unreached(std::span<const void* const> kept) c
         const Object object = open.back();
         open.pop_back();
         // A prev leads nowhere that the next of its ring does not.
-        for (const ObjectFilePlaces::Field& field : ObjectFilePlaces::Instance().FieldsOf(WordOf(object)))
+        for (const ObjectFilePlaces::Field& field : _places.FieldsOf(WordOf(object)))
             if (field.link.role != LinkRole::Prev)
                 if (const uint32_t value = PointerAt(object.start + field.link.offset)) reach(Follow(value));
     }

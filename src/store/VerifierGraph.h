@@ -19,7 +19,9 @@ public:
 
     // Every pointer on a place that its field may lead to, texts ended and held once, child ends linked
     // wholly or not at all, one Document, first. What follows may only be asked when this finds nothing.
-    void CheckObjects();
+    // With `pointersProven`, as a load has found them good one by one, only what a pointer alone does not
+    // show.
+    void CheckObjects(bool pointersProven = false);
     // Every ring closed and mirrored, its children's source its parent, every linked child in a ring.
     void CheckRings();
     // Objects to which no way leads from the Document or from `kept`, in the order of their numbers.
@@ -29,7 +31,7 @@ public:
 private:
     using Object = ObjectIndexBitmap::Object;
     void Add(Object object, int32_t offset, const char* text);
-    void CheckObject(Object object, int16_t number);
+    void CheckObject(Object object, int16_t number, bool pointersProven);
     void CheckField(Object object, const ObjectFilePlaces::Field& field);
     void CheckText(Object object, const ObjectFilePlaces::Field& field, Object raw);
     void CheckChildEnds(Object object, int16_t number);
@@ -38,6 +40,7 @@ private:
     uint32_t Distance(const uint8_t* at) const;
 
     const NewMemoryPool& _pool;
+    const ObjectFilePlaces& _places = ObjectFilePlaces::Instance();
     const ObjectIndexBitmap _index;
     std::vector<Finding>& _findings;
     const size_t _limit;
