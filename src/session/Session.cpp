@@ -4,6 +4,7 @@
 
 #include "model/ClassTable.h"
 #include "base/Notify.h"
+#include "layout/PageLayout.h"
 #include "model/Preferences.h"
 #include "model/ScoreCheck.h"
 #include "model/SymbolTable.h"
@@ -43,6 +44,7 @@ Session::Session(const SessionParts& parts) : _parts(parts), _preferences(Defaul
     if (!_parts.settings) return;
     if (const Status status = ReadSessionPreferences(*_parts.settings, _preferences); !status)
         Notify(Severity::Message, status.message());
+    preferredPairDistance = _preferences.words[SessionPreferences::kPairDistance];
 }
 
 Session::~Session() {

@@ -48,6 +48,7 @@ NewMemoryPool::~NewMemoryPool() {
         FreeSnapshot(*block);
         StoredSpace::Free(block->start, block->size);
     }
+    for (uint8_t* spare : _spareSnapshots) StoredSpace::Free(spare, _newpoolsize);
 }
 
 // ---- blocks
@@ -67,6 +68,7 @@ PoolBlock* NewMemoryPool::AddBlock(const uint8_t* above) {
     _total += block->Usable();
     _free += block->Usable();
     PoolBlock* made = block.get();
+    Note(*made);
     const auto place = std::upper_bound(_blocks.begin(), _blocks.end(), made->start,
                                         [](const uint8_t* start, const auto& b) { return start < b->start; });
     _blocks.insert(place, std::move(block));
@@ -74,10 +76,11 @@ PoolBlock* NewMemoryPool::AddBlock(const uint8_t* above) {
     return made;
 }
 
-void NewMemoryPool::DropBlock(PoolBlock* block) {
-    FreeSnapshot(*block);
-    StoredSpace::Free(block->start, block->size);
-    _blocks.erase(_blocks.begin() + block->place);
+// What the next command has to look at.
+void NewMemoryPool::Note(PoolBlock& block) {
+    if (block.noted) return;
+    block.noted = true;
+    _changed.push_back(&block);
 }
 
 // Ring links, places and the index after the set of blocks has changed.
@@ -200,6 +203,7 @@ void NewMemoryPool::Release(void* object) {
     if (span == block->Usable()) {
         trailer.firstHole.Put(0);
         trailer.released = 1;
+        Note(*block);
         _total -= span;
         _free -= span;
     }
@@ -244,6 +248,7 @@ void* NewMemoryPool::NextObject(const void* object) const {
 
 bool NewMemoryPool::StartFilling() {
     for (auto& block : _blocks) StoredSpace::Free(block->start, block->size);
+    _changed.clear();
     _blocks.clear();
     _total = _free = 0;
     _document = nullptr;

@@ -75,7 +75,8 @@ public:
 
 private:
     PoolBlock* AddBlock(const uint8_t* above);
-    void DropBlock(PoolBlock* block);
+    void DropReleased();
+    void Note(PoolBlock& block);
     void Renumber();
     PoolBlock* Find(const void* address) const;
     uint8_t* TakeSpan(uint32_t span);
@@ -88,6 +89,8 @@ private:
     void CloseWith(PoolBlock& block, uint8_t* from);
 
     std::vector<std::unique_ptr<PoolBlock>> _blocks;
+    std::vector<PoolBlock*> _changed;       // touched, added or released since the command began
+    std::vector<uint8_t*> _spareSnapshots;  // kept warm for the next command
     HoleIndex _index;
     void* _document = nullptr;
     std::array<uint8_t, 20> _fileMagic{};

@@ -9,6 +9,8 @@
 namespace corvane {
 namespace {
 
+constexpr size_t kSpareSnapshots = 8;
+
 template <class Visit>
 void ForEachHoleSize(const BlockTrailer& trailer, Visit visit) {
     for (uint32_t at = trailer.firstHole.Get(); at;) {
@@ -34,16 +36,26 @@ void NewMemoryPool::Touch(const void* place) {
 
 void NewMemoryPool::Snapshot(PoolBlock& block) {
     BlockTrailer& trailer = block.Trailer();
-    uint8_t* copy = StoredSpace::Allocate(block.size, nullptr);
+    uint8_t* copy = nullptr;
+    if (_spareSnapshots.empty()) {
+        copy = StoredSpace::Allocate(block.size, nullptr);
+    } else {
+        copy = _spareSnapshots.back();
+        _spareSnapshots.pop_back();
+    }
     CORVANE_ASSERT_AS(copy, "undoSnapshot");
     std::memcpy(copy, block.start, block.size - kSnapshotGap);
     trailer.undoSnapshot.Put(StoredSpace::DistanceOf(copy));
     trailer.touched = 1;
+    Note(block);
 }
 
 void NewMemoryPool::FreeSnapshot(PoolBlock& block) {
     BlockTrailer& trailer = block.Trailer();
-    if (auto* copy = StoredSpace::At<uint8_t>(trailer.undoSnapshot.Get())) StoredSpace::Free(copy, block.size);
+    if (auto* copy = StoredSpace::At<uint8_t>(trailer.undoSnapshot.Get())) {
+        if (_spareSnapshots.size() < kSpareSnapshots) _spareSnapshots.push_back(copy);
+        else StoredSpace::Free(copy, block.size);
+    }
     trailer.undoSnapshot.Put(0);
     trailer.touched = 0;
 }
@@ -51,16 +63,25 @@ void NewMemoryPool::FreeSnapshot(PoolBlock& block) {
 void NewMemoryPool::BeginCommand() {
     _recording = _modified = true;
     bool dropped = false;
-    for (size_t i = _blocks.size(); i-- > 0;) {
-        PoolBlock& block = *_blocks[i];
-        if (block.Trailer().touched || block.Trailer().undoSnapshot.Get()) FreeSnapshot(block);
-        block.Trailer().added = 0;
-        if (!block.Trailer().released) continue;
-        block.place = static_cast<uint32_t>(i);
-        DropBlock(&block);
-        dropped = true;
+    for (PoolBlock* block : _changed) {
+        FreeSnapshot(*block);
+        block->Trailer().added = 0;
+        block->noted = false;
+        dropped |= block->Trailer().released;
     }
-    if (dropped) Renumber();
+    _changed.clear();
+    if (dropped) DropReleased();
+}
+
+// Gives back the memory of the blocks that nothing can bring back.
+void NewMemoryPool::DropReleased() {
+    const auto released = [](const auto& block) {
+        if (!block->Trailer().released) return false;
+        StoredSpace::Free(block->start, block->size);
+        return true;
+    };
+    _blocks.erase(std::remove_if(_blocks.begin(), _blocks.end(), released), _blocks.end());
+    Renumber();
 }
 
 // Adds a block's bytes to the counters or takes them off.
@@ -72,7 +93,7 @@ void NewMemoryPool::Account(const PoolBlock& block, int sign) {
 
 void NewMemoryPool::Exchange(bool redo) {
     _modified = true;
-    for (auto& block : _blocks) {
+    for (PoolBlock* block : _changed) {
         BlockTrailer& trailer = block->Trailer();
         if (!trailer.touched) continue;
         auto* copy = StoredSpace::At<uint8_t>(trailer.undoSnapshot.Get());
