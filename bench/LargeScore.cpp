@@ -7,9 +7,11 @@
 #include "layout/Spacing.h"
 #include "model/ClassTable.h"
 #include "model/Par.h"
+#include "model/ScoreCheck.h"
 #include "platform/freetype/FreeTypeMeasures.h"
 #include "play/MIDIUtility.h"
 #include "store/MemoryManager.h"
+#include "store/ObjectFile.h"
 
 namespace corvane {
 namespace {
@@ -53,6 +55,17 @@ std::unique_ptr<WindowTarn> LargeScore(int measures, const char* staffs, int not
                 for (MeasureStaff* crossing : measureStaffs.Of(measure))
                     FillVoice(measureStaffVoices.First(crossing), notes, spaced);
     window->Bind(document);
+    return window;
+}
+
+std::unique_ptr<WindowTarn> Reopened(const WindowTarn& score) {
+    std::vector<uint8_t> bytes;
+    if (!EncodeScore(*score.Pool(), bytes)) return nullptr;
+    static EditorShell silent;
+    auto window = std::make_unique<WindowTarn>(silent);
+    window->Activate();
+    if (!ReadScore(*window->Pool(), bytes)) return nullptr;
+    window->Bind(static_cast<Document*>(window->Pool()->DocumentObject()));
     return window;
 }
 

@@ -14,6 +14,9 @@ void StartUpForBench();
 // (0 to 8 in a measure of 4/4), spaced only where asked.
 std::unique_ptr<WindowTarn> LargeScore(int measures, const char* staffs, int notes, bool spaced = false);
 
+// The score as it stands after saving and opening it.
+std::unique_ptr<WindowTarn> Reopened(const WindowTarn& score);
+
 long ObjectCount(const NewMemoryPool& pool);
 
 }  // namespace corvane

@@ -14,7 +14,7 @@ namespace {
 // A press that enters an eighth note in the last measure, and its undo.
 void InsertOneNote(benchmark::State& state) {
     StartUpForBench();
-    auto window = LargeScore(static_cast<int>(state.range(0)), "D", 4, true);
+    auto window = Reopened(*LargeScore(static_cast<int>(state.range(0)), "D", 4, true));
     Page* page = documentPages.Last(window->GetDocument());
     window->SetCurrentPage(page);
     Measure* measure = systemMeasures.Last(pageSystems.Last(page));

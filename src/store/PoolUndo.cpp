@@ -9,7 +9,7 @@
 namespace corvane {
 namespace {
 
-constexpr size_t kSpareSnapshots = 8;
+constexpr size_t kSpareSnapshots = 16;
 
 template <class Visit>
 void ForEachHoleSize(const BlockTrailer& trailer, Visit visit) {
@@ -53,8 +53,10 @@ void NewMemoryPool::Snapshot(PoolBlock& block) {
 void NewMemoryPool::FreeSnapshot(PoolBlock& block) {
     BlockTrailer& trailer = block.Trailer();
     if (auto* copy = StoredSpace::At<uint8_t>(trailer.undoSnapshot.Get())) {
-        if (_spareSnapshots.size() < kSpareSnapshots) _spareSnapshots.push_back(copy);
-        else StoredSpace::Free(copy, block.size);
+        if (_spareSnapshots.size() < kSpareSnapshots)
+            _spareSnapshots.push_back(copy);
+        else
+            StoredSpace::Free(copy, block.size);
     }
     trailer.undoSnapshot.Put(0);
     trailer.touched = 0;
@@ -88,7 +90,8 @@ void NewMemoryPool::DropReleased() {
 void NewMemoryPool::Account(const PoolBlock& block, int sign) {
     if (block.Trailer().released) return;
     _total += static_cast<uint64_t>(sign * int64_t{block.Usable()});
-    ForEachHoleSize(block.Trailer(), [&](uint32_t size) { _free += static_cast<uint64_t>(sign * int64_t{size}); });
+    ForEachHoleSize(block.Trailer(),
+                    [&](uint32_t size) { _free += static_cast<uint64_t>(sign * int64_t{size}); });
 }
 
 void NewMemoryPool::Exchange(bool redo) {
@@ -100,12 +103,18 @@ void NewMemoryPool::Exchange(bool redo) {
         CORVANE_ASSERT_AS(copy, "undoSnapshot");
         Account(*block, -1);
         std::swap_ranges(block->start, block->start + block->size - kSnapshotGap, copy);
-        if (trailer.added && !trailer.released) trailer.released = 1;
+        if (trailer.added && !trailer.released)
+            trailer.released = 1;
         else if (redo ? trailer.added && trailer.released : trailer.released && !trailer.added) {
             trailer.released = 0;
             trailer.added = redo ? trailer.added : 1;
         }
-        if (!IsEmptyBlock(*block)) trailer.released = 0;
+        // The contents have the last word: a block that holds an object takes part, one that was emptied does
+        // not, also where the same command had added it.
+        if (!IsEmptyBlock(*block))
+            trailer.released = 0;
+        else if (!trailer.firstHole.Get())
+            trailer.released = 1;
         Account(*block, +1);
         uint32_t largest = 0;
         ForEachHoleSize(trailer, [&](uint32_t size) { largest = std::max(largest, size); });
