@@ -11,6 +11,7 @@
 
 namespace corvane {
 
+inline constexpr const char* kVersion = "0.1.0";
 inline constexpr int kDone = 0, kRefused = 1, kUsage = 2;
 
 // A session without a window. Reads the person's settings; writes none.

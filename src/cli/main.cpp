@@ -7,8 +7,6 @@
 namespace corvane {
 namespace {
 
-constexpr const char* kVersion = "corvane 0.1.0";
-
 struct Choice {
     std::function<int()> run;
 };
@@ -61,7 +59,7 @@ int Main(int argc, char** argv) {
     CLI::App app{"Corvane, a music-notation editor. Without a subcommand it opens its window.", "corvane"};
     Choice choice;
     std::vector<std::string> files;
-    app.set_version_flag("--version", kVersion);
+    app.set_version_flag("--version", std::string("corvane ") + kVersion);
     app.add_option("FILES", files, "Scores to open");
     app.require_subcommand(0, 1);
     AddFileCommands(app, choice);

@@ -7,7 +7,6 @@
 #include "layout/Sheet.h"
 #include "platform/fluidsynth/RenderToWav.h"
 #include "platform/qt/HeadlessQt.h"
-#include "platform/qt/Render.h"
 #include "play/SynthPort.h"
 #include "play/TarnPlay.h"
 
@@ -15,23 +14,6 @@ namespace corvane {
 namespace {
 
 constexpr int kScreenDpi = 96;
-
-PagesToRender PagesOf(WindowTarn& window, int page) {
-    std::vector<Page*> pages;
-    for (Page* each : documentPages.Of(window.GetDocument())) pages.push_back(each);
-    PagesToRender render;
-    render.width = Document::pageWidth;
-    render.height = Document::pageHeight;
-    render.firstPage = page ? page : 1;
-    render.lastPage = page ? page : static_cast<int>(pages.size());
-    render.title = window.Title();
-    render.draw = [pages](GraphicPort& port, int number) {
-        DrawContext context;
-        context.printing = true;
-        DrawPage(port, pages[static_cast<size_t>(number - 1)], context);
-    };
-    return render;
-}
 
 Status ToPdf(WindowTarn& window, const std::string& path, int page, int) {
     return RenderPdf(path, PagesOf(window, page));
@@ -69,10 +51,28 @@ constexpr struct {
 Status CheckPage(const WindowTarn& window, int page) {
     const int count = documentPages.Count(window.GetDocument());
     if (page >= 0 && page <= count) return Status::Ok();
-    return {Fault::Refused, "There is no page " + std::to_string(page) + ": the score has " + std::to_string(count)};
+    return {Fault::Refused,
+            "There is no page " + std::to_string(page) + ": the score has " + std::to_string(count)};
 }
 
 }  // namespace
+
+PagesToRender PagesOf(WindowTarn& window, int page) {
+    std::vector<Page*> pages;
+    for (Page* each : documentPages.Of(window.GetDocument())) pages.push_back(each);
+    PagesToRender render;
+    render.width = Document::pageWidth;
+    render.height = Document::pageHeight;
+    render.firstPage = page ? page : 1;
+    render.lastPage = page ? page : static_cast<int>(pages.size());
+    render.title = window.Title();
+    render.draw = [pages](GraphicPort& port, int number) {
+        DrawContext context;
+        context.printing = true;
+        DrawPage(port, pages[static_cast<size_t>(number - 1)], context);
+    };
+    return render;
+}
 
 std::string ExtensionOf(const std::string& path) {
     const size_t dot = path.rfind('.'), slash = path.rfind('/');

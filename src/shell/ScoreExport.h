@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/Status.h"
+#include "platform/qt/Render.h"
 
 namespace corvane {
 
@@ -11,9 +12,14 @@ class WindowTarn;
 
 inline constexpr int kTrueSizeZoom = 105;
 
-// pdf (all pages or one), svg and png (one page), wav. `page` from 1, 0 for all pages, or the first where a format holds
-// one; `zoom` in percent, for png. Unsupported for another extension; a failure leaves an old file whole.
+// pdf (all pages or one), svg and png (one page), wav. `page` from 1, 0 for all pages, or the first where a
+// format holds one; `zoom` in percent, for png. Unsupported for another extension; a failure leaves an old
+// file whole.
 Status ExportScore(WindowTarn& window, const std::string& path, int page, int zoom);
+
+// What of the score goes on paper: one page, from 1, or all for 0. Valid while the score's pages stay as they
+// are.
+PagesToRender PagesOf(WindowTarn& window, int page);
 
 // Lower case, without the dot; empty for none.
 std::string ExtensionOf(const std::string& path);

@@ -1,0 +1,10 @@
+// What the program is.
+#pragma once
+
+class QWidget;
+
+namespace corvane {
+
+void ShowAboutBox(QWidget* parent);
+
+}  // namespace corvane

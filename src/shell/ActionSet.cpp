@@ -1,0 +1,74 @@
+#include "shell/ActionSet.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "edit/CommandTable.h"
+#include "shell/MainFrame.h"
+#include "shell/MenuTable.h"
+
+namespace corvane {
+
+ActionSet::ActionSet(MainFrame& frame) : _frame(frame) {
+    const char* name = nullptr;
+    QMenu* menu = nullptr;
+    for (const MenuRow& row : MenuRows()) {
+        if (row.menu != name) {
+            name = row.menu;
+            menu = frame.menuBar()->addMenu(name);
+        }
+        if (row.id == 0)
+            menu->addSeparator();
+        else if (row.fill)
+            AddSubmenu(*menu, row);
+        else
+            Add(*menu, row);
+    }
+}
+
+void ActionSet::Add(QMenu& menu, const MenuRow& row) {
+    auto* action = new QAction(row.text, this);
+    action->setShortcuts(QKeySequence::listFromString(row.keys));
+    action->setCheckable(row.checked != nullptr);
+    if (row.picture) action->setIcon(ToolIcon(*row.picture));
+    action->setIconVisibleInMenu(false);
+    connect(action, &QAction::triggered, this, [this, &row] { Run(row); });
+    menu.addAction(action);
+    _actions[row.id] = action;
+}
+
+void ActionSet::AddSubmenu(QMenu& menu, const MenuRow& row) {
+    QMenu* submenu = menu.addMenu(row.text);
+    connect(submenu, &QMenu::aboutToShow, this, [this, submenu, &row] {
+        submenu->clear();
+        row.fill(_frame, *submenu);
+    });
+    _actions[row.id] = submenu->menuAction();
+}
+
+void ActionSet::Run(const MenuRow& row) {
+    if (row.run) {
+        row.run(_frame);
+    } else if (WindowTarn* window = _frame.CurrentScore()) {
+        if (const Status status = RunCommand(*window, row.id); !status) _frame.Tell(status.message());
+        if (row.checked) _frame.KeepSwitches();
+    }
+    _frame.RefreshActions();
+}
+
+void ActionSet::Refresh() {
+    const WindowTarn* window = _frame.CurrentScore();
+    for (const MenuRow& row : MenuRows()) {
+        if (row.id == 0) continue;
+        QAction* action = _actions.at(row.id);
+        if (row.enabled) {
+            action->setEnabled(row.enabled(_frame));
+        } else if (const Command* command = row.run ? nullptr : FindCommand(row.id)) {
+            action->setEnabled(window && command->enabled(*window));
+        }
+        if (row.checked) action->setChecked(row.checked(_frame));
+    }
+}
+
+}  // namespace corvane

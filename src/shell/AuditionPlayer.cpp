@@ -1,0 +1,47 @@
+#include "shell/AuditionPlayer.h"
+
+#include <QTimer>
+
+#include "edit/Audition.h"
+#include "model/Clefs.h"
+#include "model/Par.h"
+#include "play/SoundPort.h"
+
+namespace corvane {
+namespace {
+
+constexpr int kVelocity = 100, kFullVolume = 127;
+
+const VoiceRecord* VoiceRecordOf(const GenericNote* note) {
+    const DocStaff* staff = DocStaffPar(note);
+    const Voice* voice = VoicePar(note);
+    if (!staff || !voice || voice->_number < 1 || voice->_number > DocStaff::kVoices) return nullptr;
+    return &staff->_voices[voice->_number - 1];
+}
+
+// Sounds on the built-in synthesiser, whatever the score plays on: it is always there.
+void Audition(const GenericNote* note, int milliseconds) {
+    const VoiceRecord* voice = VoiceRecordOf(note);
+    SoundPort* port = SoundPort::Instance();
+    if (!voice || !port) return;
+    const int program = voice->_program, channel = program ? int{voice->_channel} : 1;
+    if (channel < 1 || channel > 16 || program > 128) return;
+    if (program > 0) {
+        port->SetInstrument(voice->_port, channel, program);
+        port->SetVolume(voice->_port, channel, kFullVolume);
+    }
+    const int key = SoundingHeight(note) + voice->_transposition;
+    port->SendNote(SoundPort::kBuiltIn, channel, key, kVelocity);
+    QTimer::singleShot(milliseconds, [channel, key] {
+        // A play that has ended meanwhile has silenced and closed the port.
+        if (SoundPort* still = SoundPort::Existing()) still->SendNote(SoundPort::kBuiltIn, channel, key, 0);
+        SoundPort::PollError();
+    });
+}
+
+}  // namespace
+
+void BeginAuditions() { SetAuditioner(Audition); }
+void EndAuditions() { SetAuditioner(nullptr); }
+
+}  // namespace corvane

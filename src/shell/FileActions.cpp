@@ -1,0 +1,183 @@
+#include "shell/FileActions.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+#include "shell/MainFrame.h"
+#include "shell/NewScoreDialog.h"
+#include "shell/Notices.h"
+#include "shell/Printing.h"
+#include "shell/ScoreExport.h"
+#include "shell/ScoreTabs.h"
+
+namespace corvane {
+namespace {
+
+constexpr const char* kOpenFilter = "Corvane Files (*.cvm *.cvn *.cvi *.sp3 *.trn);;All Files (*)";
+constexpr const char* kDefaultExtension = "cvm";
+constexpr const char* kKeptExtensions[] = {"cvn", "cvm", "cvi", "sp3"};
+
+struct ExportKind {
+    const char* filter;
+    const char* extension;
+    bool onePage;
+};
+constexpr ExportKind kExportKinds[] = {
+    {"PDF Document (*.pdf)", "pdf", false},
+    {"SVG Picture of this Page (*.svg)", "svg", true},
+    {"PNG Picture of this Page (*.png)", "png", true},
+    {"Sound (*.wav)", "wav", false},
+};
+
+QString ToQt(const std::string& text) { return QString::fromStdString(text); }
+
+// That of the path where it is kept under a new name, else the default.
+std::string SavedExtension(const std::string& path) {
+    const std::string extension = ExtensionOf(path);
+    for (const char* kept : kKeptExtensions)
+        if (extension == kept) return extension;
+    return kDefaultExtension;
+}
+
+QString WithExtension(const QString& path, const char* extension) {
+    return QFileInfo(path).completeBaseName() + "." + extension;
+}
+
+class BusyCursor {
+public:
+    BusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
+};
+
+}  // namespace
+
+QString FileActions::FolderOf(const WindowTarn* window) const {
+    if (window && !window->NeverSaved()) return QFileInfo(ToQt(window->Path())).absolutePath();
+    return _lastFolder.isEmpty() ? QDir::currentPath() : _lastFolder;
+}
+
+void FileActions::New() {
+    const SessionPreferences& preferences = _frame.TheSession().Preferences();
+    const PageLayout usual{preferences.words[SessionPreferences::kMeasuresPerSystem],
+                           preferences.words[SessionPreferences::kSystemsPerPage]};
+    NewScoreDialog dialog(&_frame, usual, preferences.staffString);
+    if (dialog.exec() != QDialog::Accepted) return;
+    _frame.ShowScore(*_frame.TheSession().NewScore(dialog.Layout(), dialog.Staffs()));
+}
+
+void FileActions::NewDefault() { _frame.ShowScore(*_frame.TheSession().NewScore()); }
+
+void FileActions::Open() {
+    const QStringList paths =
+        QFileDialog::getOpenFileNames(&_frame, "Open", FolderOf(_frame.Tabs().CurrentWindow()), kOpenFilter);
+    for (const QString& path : paths) OpenPath(path.toStdString());
+}
+
+bool FileActions::OpenPath(const std::string& path) {
+    const QString absolute = QFileInfo(ToQt(path)).absoluteFilePath();
+    for (const auto& window : _frame.TheSession().Windows())
+        if (!window->NeverSaved() && ToQt(window->Path()) == absolute)
+            return _frame.Tabs().Show(*window), true;
+    Status status;
+    std::vector<std::string> healed;
+    WindowTarn* window = _frame.TheSession().Open(absolute.toStdString(), status, &healed);
+    if (!window) return ShowMessage(&_frame, status.message(), path), false;
+    _lastFolder = QFileInfo(absolute).absolutePath();
+    _frame.ShowScore(*window);
+    if (!healed.empty()) {
+        std::string lines;
+        for (const std::string& line : healed) lines += line + "\n";
+        ShowMessage(&_frame, "Some things in this score were not in order and have been mended.", lines);
+    }
+    return true;
+}
+
+bool FileActions::SaveTo(WindowTarn& window, const std::string& path) {
+    Status status;
+    {
+        const BusyCursor busy;
+        status = _frame.TheSession().Save(window, path);
+    }
+    if (!status)
+        ShowMessage(&_frame, status.message());
+    else
+        _frame.Tell("Saved.");
+    _frame.RefreshActions();
+    return status.ok();
+}
+
+bool FileActions::Save(WindowTarn& window) {
+    const bool otherKind = SavedExtension(window.Path()) != ExtensionOf(window.Path());
+    return window.NeverSaved() || otherKind ? SaveAs(window) : SaveTo(window, window.Path());
+}
+
+bool FileActions::SaveAs(WindowTarn& window) {
+    const std::string extension = SavedExtension(window.Path());
+    const QString filter = "Corvane Files (*." + ToQt(extension) + ")";
+    QFileDialog dialog(&_frame, "Save as", FolderOf(&window), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(ToQt(extension));
+    dialog.selectFile(WithExtension(ToQt(window.Title()), extension.c_str()));
+    if (dialog.exec() != QDialog::Accepted) return false;
+    const QString path = dialog.selectedFiles().value(0);
+    _lastFolder = QFileInfo(path).absolutePath();
+    return SaveTo(window, path.toStdString());
+}
+
+void FileActions::Export(WindowTarn& window) {
+    QStringList filters;
+    for (const ExportKind& kind : kExportKinds) filters.append(kind.filter);
+    QFileDialog dialog(&_frame, "Export", FolderOf(&window));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(kExportKinds[0].extension);
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
+        const ExportKind& kind = kExportKinds[std::max<qsizetype>(0, filters.indexOf(filter))];
+        dialog.setDefaultSuffix(kind.extension);
+        const QString chosen = dialog.selectedFiles().value(0);
+        if (!chosen.isEmpty() && !QFileInfo(chosen).isDir())
+            dialog.selectFile(WithExtension(chosen, kind.extension));
+    });
+    dialog.selectFile(WithExtension(ToQt(window.Title()), kExportKinds[0].extension));
+    if (dialog.exec() != QDialog::Accepted) return;
+    const std::string path = dialog.selectedFiles().value(0).toStdString();
+    int page = 0;
+    for (const ExportKind& kind : kExportKinds)
+        if (kind.onePage && ExtensionOf(path) == kind.extension) page = window.CurrentPage()->_pageNumber;
+    const BusyCursor busy;
+    if (const Status status = ExportScore(window, path, page, kTrueSizeZoom); !status)
+        ShowMessage(&_frame, status.message());
+    else
+        _frame.Tell("Exported to " + path);
+}
+
+void FileActions::Print(WindowTarn& window) { PrintScore(&_frame, window); }
+
+bool FileActions::AskToSave(WindowTarn& window) {
+    if (!window.Modified()) return true;
+    _frame.Tabs().Show(window);
+    const QString question = "Save changes to '" + ToQt(window.Title()) + "'?";
+    const auto answer =
+        QMessageBox::question(&_frame, QApplication::applicationDisplayName(), question,
+                              QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
+    if (answer == QMessageBox::Yes) return Save(window);
+    return answer == QMessageBox::No;
+}
+
+bool FileActions::Close(WindowTarn& window) {
+    if (!AskToSave(window)) return false;
+    _frame.DropScore(window);
+    return true;
+}
+
+bool FileActions::CloseAll() {
+    const auto& windows = _frame.TheSession().Windows();
+    for (const auto& window : windows)
+        if (!AskToSave(*window)) return false;
+    while (!windows.empty()) _frame.DropScore(*windows.back());
+    return true;
+}
+
+}  // namespace corvane

@@ -1,0 +1,39 @@
+// The entries of the File menu: each asks the person what is needed and has the session do it.
+#pragma once
+
+#include <QString>
+#include <string>
+
+namespace corvane {
+
+class MainFrame;
+class WindowTarn;
+
+class FileActions {
+public:
+    explicit FileActions(MainFrame& frame) : _frame(frame) {}
+
+    void New();
+    void NewDefault();  // without a question
+    void Open();
+    // A score that is open already is shown. False, with a box, for a file that cannot be opened.
+    bool OpenPath(const std::string& path);
+    bool Save(WindowTarn& window);
+    bool SaveAs(WindowTarn& window);
+    void Export(WindowTarn& window);
+    void Print(WindowTarn& window);
+    // Asks for unsaved changes first; false if the person wants to go on with the score.
+    bool Close(WindowTarn& window);
+    // All scores or none.
+    bool CloseAll();
+
+private:
+    bool AskToSave(WindowTarn& window);
+    bool SaveTo(WindowTarn& window, const std::string& path);
+    QString FolderOf(const WindowTarn* window) const;
+
+    MainFrame& _frame;
+    QString _lastFolder;
+};
+
+}  // namespace corvane

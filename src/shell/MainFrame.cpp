@@ -1,0 +1,240 @@
+#include "shell/MainFrame.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QTimer>
+#include <QUrl>
+#include <algorithm>
+
+#include "base/Assert.h"
+#include "edit/ToolState.h"
+#include "edit/WindowTarn.h"
+#include "session/Recovery.h"
+#include "shell/ActionSet.h"
+#include "shell/AuditionPlayer.h"
+#include "shell/PaletteDock.h"
+#include "shell/ScoreTabs.h"
+#include "shell/ScoreView.h"
+#include "shell/StatusLine.h"
+#include "shell/ToolIcons.h"
+#include "shell/ToolStrip.h"
+
+namespace corvane {
+namespace {
+
+constexpr const char* kPlaceKey = "Settings/Window";
+constexpr int kWidth = 1280, kHeight = 860;
+
+QByteArray ReadBytes(const SettingsStore& settings, const char* name) {
+    std::vector<uint8_t> bytes;
+    if (!settings.Read(kPlaceKey, name, bytes)) return {};
+    return QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
+}
+
+void WriteBytes(SettingsStore& settings, const char* name, const QByteArray& bytes) {
+    const auto* data = reinterpret_cast<const uint8_t*>(bytes.constData());
+    settings.Write(kPlaceKey, name, {data, static_cast<size_t>(bytes.size())});
+}
+
+}  // namespace
+
+MainFrame::MainFrame(FileLayer& files, SettingsStore& settings, const std::string& recoveryFolder)
+    : _settings(settings),
+      _notices(
+          *this, [this](std::string_view text) { Tell(text); }, recoveryFolder),
+      _session({&files, &settings, this}),
+      _files(*this),
+      _player([this] { RefreshActions(); }),
+      _tabs(new ScoreTabs) {
+    RecoverInto(files, recoveryFolder);
+    TakeSwitches();
+    setWindowIcon(ToolIcon(ToolPicture::Program));
+    setAcceptDrops(true);
+    setCentralWidget(_tabs);
+    _tabs->OnClosing([this](WindowTarn& window) { _files.Close(window); });
+    connect(_tabs, &QTabWidget::currentChanged, this, [this] { TabChanged(); });
+    _palette = new PaletteDock;
+    addDockWidget(Qt::LeftDockWidgetArea, _palette);
+    _actions = std::make_unique<ActionSet>(*this);
+    _toolStrip = new ToolStrip(*this);
+    addToolBar(_toolStrip);
+    _status = new StatusLine;
+    setStatusBar(_status);
+    BeginAuditions();
+    RestorePlace();
+    RefreshActions();
+}
+
+MainFrame::~MainFrame() {
+    EndAuditions();
+    SetLastWords(nullptr);
+    delete _tabs;  // the views before the scores that they show
+}
+
+void MainFrame::Start(const std::vector<std::string>& paths) {
+    if (paths.empty()) _files.NewDefault();
+    show();
+    QTimer::singleShot(0, this, [this, paths] {
+        _notices.FrameIsShown();
+        for (const std::string& path : paths) _files.OpenPath(path);
+    });
+}
+
+// ---- scores
+
+WindowTarn* MainFrame::CurrentScore() { return _tabs->CurrentWindow(); }
+ScoreView* MainFrame::CurrentView() { return _tabs->Current(); }
+
+void MainFrame::ShowScore(WindowTarn& window) {
+    window.Sheet().SetColouring({ColoursVoices(), _session.Preferences().voiceColours});
+    window.Sheet().SetEditVoice(Tools().currentVoice);
+    ScoreView* view = _tabs->Add(window);
+    view->SetContext(ScreenContext());
+    view->OnZoomed([this] { _toolStrip->Refresh(); });
+    TabChanged();
+}
+
+void MainFrame::DropScore(WindowTarn& window) {
+    _player.Leave(window);
+    _tabs->Remove(window);
+    _session.Close(&window);
+    TabChanged();
+}
+
+void MainFrame::TabChanged() {
+    if (ScoreView* view = CurrentView()) {
+        view->Window().Activate();
+        view->setFocus();
+    }
+    RefreshActions();
+}
+
+void MainFrame::GoToPage(int number) {
+    WindowTarn* window = CurrentScore();
+    if (!window) return;
+    for (Page* page : documentPages.Of(window->GetDocument()))
+        if (page->_pageNumber == number && page != window->CurrentPage()) return window->SetCurrentPage(page);
+}
+
+// ---- preferences
+
+DrawContext MainFrame::ScreenContext() {
+    const SessionPreferences& p = _session.Preferences();
+    DrawContext context;
+    context.hiddenNotes = {IsOn(p, SessionWord::ShowHiddenNotes), IsOn(p, SessionWord::HideNotesInPrint)};
+    context.hiddenStems = {IsOn(p, SessionWord::ShowHiddenStems), IsOn(p, SessionWord::HideStemsInPrint)};
+    context.hiddenRests = {IsOn(p, SessionWord::ShowHiddenRests), IsOn(p, SessionWord::HideRestsInPrint)};
+    return context;
+}
+
+void MainFrame::TakeSwitches() {
+    const SessionPreferences& preferences = _session.Preferences();
+    Switches().playbackNotes = IsOn(preferences, SessionWord::PlaybackNotes);
+    Switches().deleteNotesToRests = IsOn(preferences, SessionWord::DeleteNotesToRests);
+}
+
+void MainFrame::KeepSwitches() {
+    SessionPreferences& preferences = _session.Preferences();
+    SetWord(preferences, SessionWord::PlaybackNotes, Switches().playbackNotes);
+    SetWord(preferences, SessionWord::DeleteNotesToRests, Switches().deleteNotesToRests);
+    if (const Status status = _session.StorePreferences(); !status) Tell(status.message());
+}
+
+bool MainFrame::ColoursVoices() { return IsOn(_session.Preferences(), SessionWord::VoiceColouring); }
+
+void MainFrame::ColourVoices(bool on) {
+    SetWord(_session.Preferences(), SessionWord::VoiceColouring, on);
+    KeepSwitches();
+    for (const auto& window : _session.Windows()) {
+        window->Sheet().SetColouring({on, _session.Preferences().voiceColours});
+        window->Sheet().MarkAllDirty();
+        Refresh(*window);
+    }
+}
+
+// ---- what editing asks for
+
+void MainFrame::Refresh(WindowTarn& window) {
+    if (ScoreView* view = _tabs->ViewOf(window)) view->viewport()->update();
+}
+
+void MainFrame::PageChanged(WindowTarn& window) {
+    if (ScoreView* view = _tabs->ViewOf(window)) view->PageChanged();
+    if (_toolStrip) _toolStrip->Refresh();
+}
+
+void MainFrame::ScrollTo(WindowTarn& window, const Rect& units) {
+    if (ScoreView* view = _tabs->ViewOf(window)) view->ScrollTo(units);
+}
+
+void MainFrame::ToolChanged() {
+    _palette->ToolChanged();
+    _toolStrip->Refresh();
+    _status->ToolChanged();
+    if (ScoreView* view = CurrentView()) view->ToolChanged();
+}
+
+void MainFrame::StateChanged(WindowTarn& window) {
+    _tabs->ShowTitle(window);
+    if (&window == CurrentScore()) RefreshActions();
+}
+
+void MainFrame::Tell(std::string_view text) {
+    if (_status) _status->Tell(text);
+}
+
+void MainFrame::PlayToggled(WindowTarn& window) { _player.Toggle(window); }
+
+void MainFrame::RefreshActions() {
+    if (!_status) return;  // still being built
+    ShowWindowTitle();
+    _actions->Refresh();
+    _toolStrip->Refresh();
+    _palette->setEnabled(CurrentScore() && !IsPlaying());
+}
+
+void MainFrame::ShowWindowTitle() {
+    const WindowTarn* window = CurrentScore();
+    const QString title = window ? QString::fromStdString(window->Title()) + "[*] - Corvane" : "Corvane";
+    if (windowTitle() != title) setWindowTitle(title);
+    setWindowModified(window && window->Modified());
+}
+
+// ---- the window's own events
+
+void MainFrame::closeEvent(QCloseEvent* event) {
+    _player.Stop();
+    if (!_files.CloseAll()) return event->ignore();
+    KeepPlace();
+    event->accept();
+}
+
+// Keys that the focused part of the window has no use for belong to the score.
+void MainFrame::keyPressEvent(QKeyEvent* event) {
+    ScoreView* view = CurrentView();
+    if (!view || !view->TakeKey(*event)) QMainWindow::keyPressEvent(event);
+}
+
+void MainFrame::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void MainFrame::dropEvent(QDropEvent* event) {
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile()) _files.OpenPath(url.toLocalFile().toStdString());
+}
+
+void MainFrame::RestorePlace() {
+    resize(kWidth, kHeight);
+    restoreGeometry(ReadBytes(_settings, "Geometry"));
+    restoreState(ReadBytes(_settings, "State"));
+}
+
+void MainFrame::KeepPlace() {
+    WriteBytes(_settings, "Geometry", saveGeometry());
+    WriteBytes(_settings, "State", saveState());
+    (void)_settings.Commit();
+}
+
+}  // namespace corvane

@@ -1,0 +1,163 @@
+#include "shell/MenuTable.h"
+
+#include <QDockWidget>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMenu>
+#include <QToolBar>
+
+#include "edit/ToolState.h"
+#include "edit/WindowTarn.h"
+#include "shell/AboutBox.h"
+#include "shell/MainFrame.h"
+#include "shell/PaletteDock.h"
+#include "shell/ScoreView.h"
+#include "shell/ToolStrip.h"
+
+namespace corvane {
+namespace {
+
+// ---- when an entry can act
+
+bool HasScore(MainFrame& frame) { return frame.CurrentScore() != nullptr; }
+bool IsQuiet(MainFrame&) { return !IsPlaying(); }
+bool IsQuietWithScore(MainFrame& frame) { return !IsPlaying() && HasScore(frame); }
+bool Plays(MainFrame&) { return IsPlaying(); }
+
+// ---- what it does
+
+template <bool (FileActions::*Act)(WindowTarn&)>
+void OnScore(MainFrame& frame) {
+    (void)(frame.Files().*Act)(*frame.CurrentScore());
+}
+template <void (FileActions::*Act)(WindowTarn&)>
+void WithScore(MainFrame& frame) {
+    (frame.Files().*Act)(*frame.CurrentScore());
+}
+
+template <int Percent>
+void ZoomTo(MainFrame& frame) {
+    frame.CurrentView()->SetZoom(Zoom::Percent, Percent);
+}
+template <int Percent>
+bool IsZoom(MainFrame& frame) {
+    const ScoreView* view = frame.CurrentView();
+    return view && view->CurrentZoom().kind == Zoom::Percent && view->CurrentZoom().percent == Percent;
+}
+template <Zoom::Kind Kind>
+void ZoomToFit(MainFrame& frame) {
+    frame.CurrentView()->SetZoom(Kind);
+}
+template <Zoom::Kind Kind>
+bool Fits(MainFrame& frame) {
+    return frame.CurrentView() && frame.CurrentView()->CurrentZoom().kind == Kind;
+}
+
+void AskZoom(MainFrame& frame) {
+    ScoreView* view = frame.CurrentView();
+    bool chosen = false;
+    const int percent =
+        QInputDialog::getInt(&frame, "Zoom", "Percent of the score's size:", view->CurrentZoom().percent,
+                             Zoom::kLeast, Zoom::kMost, 1, &chosen);
+    if (chosen) view->SetZoom(Zoom::Percent, percent);
+}
+
+void AskPage(MainFrame& frame) {
+    const WindowTarn* window = frame.CurrentScore();
+    bool chosen = false;
+    const int count = documentPages.Count(window->GetDocument());
+    const int page = QInputDialog::getInt(&frame, "Go to Page", "Page:", window->CurrentPage()->_pageNumber,
+                                          1, count, 1, &chosen);
+    if (chosen) frame.GoToPage(page);
+}
+
+void FillRecent(MainFrame& frame, QMenu& menu) {
+    int number = 0;
+    for (const std::string& path : frame.TheSession().RecentFiles()) {
+        const QString name = QFileInfo(QString::fromStdString(path)).fileName().replace('&', "&&");
+        QAction* action = menu.addAction(QString("&%1  %2").arg(++number).arg(name), &frame,
+                                         [&frame, path] { frame.Files().OpenPath(path); });
+        action->setToolTip(QString::fromStdString(path));
+    }
+    if (menu.isEmpty()) menu.addAction("None")->setEnabled(false);
+    menu.setToolTipsVisible(true);
+}
+
+template <class Part, Part& (MainFrame::*Get)()>
+void TogglePart(MainFrame& frame) {
+    QWidget& part = (frame.*Get)();
+    part.setVisible(part.isHidden());
+}
+template <class Part, Part& (MainFrame::*Get)()>
+bool IsPartShown(MainFrame& frame) {
+    return !(frame.*Get)().isHidden();
+}
+
+bool IsColouring(MainFrame& frame) { return frame.ColoursVoices(); }
+void ToggleColours(MainFrame& frame) { frame.ColourVoices(!frame.ColoursVoices()); }
+void Play(MainFrame& frame) { frame.Player().Start(*frame.CurrentScore()); }
+
+template <bool EditSwitches::*Switch>
+bool IsSwitchOn(MainFrame&) {
+    return Switches().*Switch;
+}
+
+using S = EditSwitches;
+constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kNotes = "&Notes",
+                     *kTools = "&Tools", *kMidi = "&MIDI", *kHelp = "&Help";
+
+// clang-format off
+const MenuRow kRows[] = {
+    {kFile, kNewId, "&New...", "Ctrl+N", [](MainFrame& f) { f.Files().New(); }, IsQuiet, {}, {}, ToolPicture::New},
+    {kFile, kOpenId, "&Open...", "Ctrl+O", [](MainFrame& f) { f.Files().Open(); }, IsQuiet, {}, {}, ToolPicture::Open},
+    {kFile, 57616, "&Recent Files", "", nullptr, IsQuiet, {}, FillRecent},
+    {kFile, 57602, "&Close", "Ctrl+W", OnScore<&FileActions::Close>, HasScore},
+    {kFile, 0},
+    {kFile, kSaveId, "&Save", "Ctrl+S", OnScore<&FileActions::Save>, IsQuietWithScore, {}, {}, ToolPicture::Save},
+    {kFile, 57604, "Sa&ve as...", "Ctrl+Shift+S", OnScore<&FileActions::SaveAs>, IsQuietWithScore},
+    {kFile, 33180, "Ex&port...", "Ctrl+Shift+E", WithScore<&FileActions::Export>, IsQuietWithScore},
+    {kFile, 57607, "&Print...", "Ctrl+P", WithScore<&FileActions::Print>, IsQuietWithScore},
+    {kFile, 0},
+    {kFile, 57665, "E&xit", "Ctrl+Q", [](MainFrame& f) { f.close(); }},
+
+    {kEdit, kUndoId, "&Undo", "Ctrl+Z", {}, {}, {}, {}, ToolPicture::Undo},
+    {kEdit, kRedoId, "&Redo", "Ctrl+Shift+Z; Ctrl+Y", {}, {}, {}, {}, ToolPicture::Redo},
+
+    {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
+    {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},
+    {kView, 33129, "Voice &Coloring", "", ToggleColours, {}, IsColouring},
+    {kView, 0},
+    {kView, 33071, "50%", "", ZoomTo<50>, HasScore, IsZoom<50>},
+    {kView, 33072, "75%", "", ZoomTo<75>, HasScore, IsZoom<75>},
+    {kView, 33073, "100%", "", ZoomTo<100>, HasScore, IsZoom<100>},
+    {kView, 33074, "150%", "", ZoomTo<150>, HasScore, IsZoom<150>},
+    {kView, 33075, "200%", "", ZoomTo<200>, HasScore, IsZoom<200>},
+    {kView, 33076, "400%", "", ZoomTo<400>, HasScore, IsZoom<400>},
+    {kView, 33077, "&Other...", "", AskZoom, HasScore},
+    {kView, 0},
+    {kView, 33078, "Fit &Page", "", ZoomToFit<Zoom::FitPage>, HasScore, Fits<Zoom::FitPage>},
+    {kView, 33079, "Fit &Width", "Ctrl+*", ZoomToFit<Zoom::FitWidth>, HasScore, Fits<Zoom::FitWidth>},
+    {kView, kZoomInId, "Zoom &in", "Ctrl++; Ctrl+=", [](MainFrame& f) { f.CurrentView()->StepZoom(1); }, HasScore, {}, {}, ToolPicture::ZoomIn},
+    {kView, kZoomOutId, "Zoom o&ut", "Ctrl+-", [](MainFrame& f) { f.CurrentView()->StepZoom(-1); }, HasScore, {}, {}, ToolPicture::ZoomOut},
+
+    {kNotes, 32808, "Auto &Beaming", "", {}, {}, IsSwitchOn<&S::autoBeam>},
+    {kNotes, 32809, "Auto &Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
+    {kNotes, 33153, "&Delete Notes To Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
+
+    {kTools, 33044, "&Go to Page...", "Ctrl+Shift+G", AskPage, HasScore},
+
+    {kMidi, kPlayId, "&Play\tSpace", "", Play, IsQuietWithScore, {}, {}, ToolPicture::Play},
+    {kMidi, kStopId, "&Stop\tSpace", "", [](MainFrame& f) { f.Player().Stop(); }, Plays, {}, {}, ToolPicture::Stop},
+    {kMidi, 33118, "P&anic", "Ctrl+F", [](MainFrame& f) { f.Player().Panic(); }},
+    {kMidi, 0},
+    {kMidi, 33130, "Playback &notes", "", {}, {}, IsSwitchOn<&S::playbackNotes>},
+
+    {kHelp, 33115, "&About Corvane", "", [](MainFrame& f) { ShowAboutBox(&f); }},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const MenuRow> MenuRows() { return kRows; }
+
+}  // namespace corvane

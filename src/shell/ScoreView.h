@@ -1,0 +1,86 @@
+// One score on the screen: its current page as paper on a desk, scrolled and zoomed. Presses and keys go to
+// the score in page units; the caret and the ghost of what the pencil would enter lie over the pictures of
+// the page.
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <functional>
+#include <optional>
+
+#include "layout/DrawPatch.h"
+#include "shell/TileCache.h"
+#include "shell/ViewScale.h"
+
+namespace corvane {
+
+class WindowTarn;
+
+// How large a page is shown.
+struct Zoom {
+    enum Kind { Percent, FitPage, FitWidth };
+    static constexpr int kLeast = 10, kMost = 1600, kTrueSize = GraphicPort::kTrueSizeZoom;
+
+    Kind kind = Percent;
+    int percent = kTrueSize;  // as shown at the moment, whatever the kind
+};
+
+class ScoreView : public QAbstractScrollArea {
+public:
+    // The window must outlive the view.
+    explicit ScoreView(WindowTarn& window);
+
+    WindowTarn& Window() { return _window; }
+
+    const Zoom& CurrentZoom() const { return _zoom; }
+    // Keeps what is in the middle there.
+    void SetZoom(Zoom::Kind kind, int percent = Zoom::kTrueSize);
+    // To the next of the usual steps, up or down.
+    void StepZoom(int steps);
+    void OnZoomed(std::function<void()> told) { _zoomed = std::move(told); }
+
+    // What the pictures depend on besides the sheet; they are made anew.
+    void SetContext(const DrawContext& context);
+    // The current page is another one, or of another size.
+    void PageChanged();
+    void ToolChanged();
+    void ScrollTo(const Rect& units);
+    // A typed character for the tools; false, and nothing done, for any other key.
+    bool TakeKey(const QKeyEvent& event);
+
+    // The page's corner on the screen, and how many pixels a page unit takes.
+    QPoint PageCornerOnScreen() const;
+    const ViewScale& Scale() const { return _scale; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    Rect PageUnits() const;
+    QSize PagePixels() const;
+    Point PageCorner() const;                    // in the view, pixels
+    Point UnitsAt(const QPointF& points) const;  // of a place in the view
+    void FitScale();
+    void FitScrollBars();
+    void ZoomAround(const QPointF& anchor, Zoom::Kind kind, int percent);
+    int PercentThatFits(Zoom::Kind kind) const;
+    void PaintDesk(QPainter& painter, const QRect& paper) const;
+    void PaintOverlays(QPainter& painter, Point corner);
+
+    WindowTarn& _window;
+    TileCache _tiles;
+    ViewScale _scale;
+    Zoom _zoom;
+    DrawContext _context;
+    std::optional<Point> _hover;  // page units
+    std::function<void()> _zoomed;
+};
+
+}  // namespace corvane

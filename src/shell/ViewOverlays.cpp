@@ -1,0 +1,95 @@
+#include "shell/ViewOverlays.h"
+
+#include <QPainter>
+
+#include "edit/PaletteTable.h"
+#include "edit/TarnClick.h"
+#include "edit/ToolState.h"
+#include "layout/Frames.h"
+#include "model/Par.h"
+#include "platform/qt/QtPort.h"
+#include "shell/ItemPicture.h"
+#include "shell/ViewScale.h"
+
+namespace corvane {
+namespace {
+
+constexpr double kGhostOpacity = 0.55;
+constexpr uint8_t kNoteGroup = 1;
+
+const PaletteItem* ItemAtHand() {
+    const ToolState& tools = Tools();
+    if (tools.toolMode != ModePencil || IsPlaying() || tools.paletteGroup != kNoteGroup) return nullptr;
+    return FindPaletteItem(tools.paletteGroup, tools.items[tools.paletteGroup]);
+}
+
+// Where the item would go.
+struct GhostPlace {
+    StaffFrame staff;
+    int line;
+    int32_t x;
+};
+
+bool FindPlace(WindowTarn& window, Point p, GhostPlace& place) {
+    System* system = window.CurrentPage() ? FindSystem(window.CurrentPage(), p.y) : nullptr;
+    if (!system || systemStaffs.IsEmpty(system) || systemMeasures.IsEmpty(system)) return false;
+    MeasureStaff* crossing = FindMeasureStaff(system, p);
+    if (!crossing || !crossing->_staff.Get()) return false;
+    place.staff = FrameOf(crossing->_staff.Get());
+    if (place.staff.lineDistance <= 0) return false;
+    place.line = StaffPosition(place.staff, p.y);
+    place.x = p.x;
+    return true;
+}
+
+void DrawLedgerLines(GraphicPort& port, const GhostPlace& place) {
+    const int32_t width = place.staff.lineDistance * 4 / 5;
+    const auto draw = [&](int line) {
+        port.DrawLine(place.x - width, place.staff.YOfLine(line), place.x + width, place.staff.YOfLine(line));
+    };
+    port.SetPenSize(place.staff.lineDistance / 7, place.staff.lineDistance / 7);
+    for (int line = 2 * place.staff.lineCount + 1; line <= place.line; line += 2) draw(line);
+    for (int line = -1; line >= place.line; line -= 2) draw(line);
+}
+
+}  // namespace
+
+int32_t OverlayPaint::X(int32_t units) const { return corner.x + scale.Pixels(units); }
+int32_t OverlayPaint::Y(int32_t units) const { return corner.y + scale.Pixels(units); }
+
+void PaintCaret(const OverlayPaint& paint, const Caret& caret) {
+    if (!caret.visible || !caret.measure) return;
+    const System* system = SystemPar(caret.measure);
+    const Point origin = OriginOf(system);
+    const int32_t overhang = 150;
+    const int top = paint.Y(origin.y - overhang);
+    const int bottom = paint.Y(origin.y + system->_bottom - system->_top + overhang);
+    const int width = std::max(1, paint.scale.PixelsOf(1.5));
+    paint.painter.fillRect(paint.X(caret.x) - width / 2, top, width, bottom - top, paint.accent);
+}
+
+bool HasGhost() { return ItemAtHand() != nullptr; }
+
+void PaintGhost(const OverlayPaint& paint, WindowTarn& window, Point p) {
+    const PaletteItem* item = ItemAtHand();
+    GhostPlace place;
+    if (!item || !FindPlace(window, p, place)) return;
+    const ItemPicture picture = GhostPicture(*item);
+    paint.painter.save();
+    paint.painter.setOpacity(kGhostOpacity);
+    {
+        QtPort port(paint.painter, paint.scale.Dpi());
+        port.SetZoomRatio(paint.scale.Zoom());
+        port.SetDeviceOffset(paint.corner.x, paint.corner.y);
+        port.SetColor(MakeColour(static_cast<uint8_t>(paint.accent.red()),
+                                 static_cast<uint8_t>(paint.accent.green()),
+                                 static_cast<uint8_t>(paint.accent.blue())));
+        if (picture.onHead) DrawLedgerLines(port, place);
+        const int line = picture.hasLine ? place.line : place.staff.lineCount;
+        const int32_t half = InkOf(picture).Width() * place.staff.lineDistance / 200;
+        DrawPicture(port, picture, {place.x - half, place.staff.YOfLine(line)}, place.staff.lineDistance);
+    }
+    paint.painter.restore();
+}
+
+}  // namespace corvane

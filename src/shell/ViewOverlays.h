@@ -1,0 +1,35 @@
+// What lies over a page on the screen and is no part of it: the caret, the ghost of what the pencil would
+// enter.
+#pragma once
+
+#include <QColor>
+
+#include "base/Geometry.h"
+
+class QPainter;
+
+namespace corvane {
+
+class ViewScale;
+class WindowTarn;
+struct Caret;
+
+struct OverlayPaint {
+    QPainter& painter;  // in pixels
+    const ViewScale& scale;
+    Point corner;  // of the page, pixels
+    QColor accent;
+
+    int32_t X(int32_t units) const;
+    int32_t Y(int32_t units) const;
+};
+
+// An upright line over the staves of the caret's system.
+void PaintCaret(const OverlayPaint& paint, const Caret& caret);
+
+// Whether the tool at hand has a ghost.
+bool HasGhost();
+// The item at hand where a press at that place would enter it: on its line, at the chord that it would join.
+void PaintGhost(const OverlayPaint& paint, WindowTarn& window, Point place);
+
+}  // namespace corvane
