@@ -16,27 +16,19 @@ Status Redo(WindowTarn& window, const CommandArguments&) {
 bool CanUndo(const WindowTarn& window) { return !IsPlaying() && window.CanUndo(); }
 bool CanRedo(const WindowTarn& window) { return !IsPlaying() && window.CanRedo(); }
 
-template <bool EditSwitches::*Switch>
-Status Toggle(WindowTarn&, const CommandArguments&) {
-    Switches().*Switch = !(Switches().*Switch);
-    return Status::Ok();
-}
-bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
-
-constexpr Command kCommands[] = {
+constexpr Command kUndo[] = {
     {57643, "Undo", Undo, CanUndo},
     {57644, "Redo", Redo, CanRedo},
-    {32808, "Auto Beaming", Toggle<&EditSwitches::autoBeam>, NotPlaying},
-    {32809, "Auto Spacing", Toggle<&EditSwitches::autoSpace>, NotPlaying},
-    {33130, "Playback notes", Toggle<&EditSwitches::playbackNotes>, NotPlaying},
-    {33153, "Delete Notes To Rests", Toggle<&EditSwitches::deleteNotesToRests>, NotPlaying},
 };
 
 }  // namespace
 
+bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
+
 const Command* FindCommand(int id) {
-    for (const Command& command : kCommands)
-        if (command.id == id) return &command;
+    for (const CommandFamily family : {CommandFamily(kUndo), SwitchCommands()})
+        for (const Command& command : family)
+            if (command.id == id) return &command;
     return nullptr;
 }
 

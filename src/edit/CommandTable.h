@@ -1,15 +1,13 @@
 // Commands by their ids, as menus, keys and scripts call them.
 #pragma once
 
-#include <map>
-#include <string>
+#include <span>
 
 #include "base/Status.h"
+#include "edit/CommandArguments.h"
 #include "edit/WindowTarn.h"
 
 namespace corvane {
-
-using CommandArguments = std::map<std::string, std::string>;
 
 struct Command {
     int id;
@@ -17,6 +15,13 @@ struct Command {
     Status (*run)(WindowTarn& window, const CommandArguments& arguments);
     bool (*enabled)(const WindowTarn& window);
 };
+
+// The commands of one family; each stands in a file of its own.
+using CommandFamily = std::span<const Command>;
+CommandFamily SwitchCommands();
+
+// When commands can act.
+bool NotPlaying(const WindowTarn& window);
 
 // Null for an id that no command has.
 const Command* FindCommand(int id);
