@@ -35,8 +35,11 @@ bool HasNoteOn(const Chords* chord, int line) {
 void AddEvents(GenericNote* note, bool joined) {
     Chords* chord = ChordPar(note);
     if (IsGrace(chord)) MakeGraceEvents(static_cast<GraceChord*>(chord));
-    else if (joined) AddNoteEvents(note);
-    else AddChordEvents(chord);
+    else if (!joined) AddChordEvents(chord);
+    else {
+        AddNoteEvents(note);
+        RenewGraceEventsAround(chord);
+    }
 }
 
 // When a voice gets its first event beside others, theirs turn their stems away from it.

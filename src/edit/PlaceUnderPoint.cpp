@@ -1,6 +1,7 @@
 // From a point on the page to system, staff and measure.
 #include "edit/TarnClick.h"
 #include "layout/Frames.h"
+#include "layout/PageLayout.h"
 #include "model/Par.h"
 
 namespace corvane {
@@ -35,17 +36,6 @@ Element* Under(const std::vector<Element*>& elements, int32_t y) {
     return elements.empty() ? nullptr : elements.back();
 }
 
-// The staffs of a system from the top, those of a custom staff one by one.
-std::vector<Staff*> StaffsOf(const System* system) {
-    std::vector<Staff*> staffs;
-    for (MultiStaff* multi : systemStaffs.Of(system)) {
-        if (auto* simple = As<SimpleStaff>(multi)) staffs.push_back(simple);
-        else if (auto* custom = As<StaffCustom>(multi))
-            for (StaffBot* bot : customStaffs.Of(custom)) staffs.push_back(bot);
-    }
-    return staffs;
-}
-
 }  // namespace
 
 System* FindSystem(const Page* page, int32_t y) {
@@ -55,7 +45,7 @@ System* FindSystem(const Page* page, int32_t y) {
 }
 
 Staff* FindStaff(const System* system, int32_t y) {
-    return Under(StaffsOf(system), y - OriginOf(system).y);
+    return Under(StaffsFromTop(system), y - OriginOf(system).y);
 }
 
 Measure* FindMeasure(const System* system, int32_t x) {

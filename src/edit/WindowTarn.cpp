@@ -122,7 +122,6 @@ void WindowTarn::Exchange(bool redo) {
     _canUndo = redo;
     _canRedo = !redo;
     redo ? _pool->Redo() : _pool->Undo();
-    _pool->SetModified(true);
     caret.visible = false;
     caret.measure = nullptr;
     for (ClassPreferences* preferences : documentPreferences.Of(_document)) {

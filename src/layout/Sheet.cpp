@@ -155,16 +155,13 @@ void NewWindowSheet::AddObject(const DrawPatch& patch, int voice) {
     if (IsFiled(patch)) RemoveObject(patch);
     File(patch, voice);
     _tiles->MarkDirty(*_tiles->Find(patch));
-    if (_recorder) _recorder->Inserted(patch, voice);
 }
 
 void NewWindowSheet::RemoveObject(const DrawPatch& patch, bool markDirty) {
     Entry* entry = _tiles->Find(patch);
     if (!entry) return;
-    const int voice = entry->voice;
     if (markDirty) _tiles->MarkDirty(*entry);
     _tiles->TakeOff(*entry);
-    if (_recorder) _recorder->Removed(patch, voice);
 }
 
 void NewWindowSheet::RedrawObject(const DrawPatch& patch, int voice) { AddObject(patch, voice); }

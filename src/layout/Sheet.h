@@ -10,17 +10,6 @@
 
 namespace corvane {
 
-// Told of every patch that is filed or taken off, for undo's local repaints; not of the filing of a page.
-class SheetRecorder {
-public:
-    virtual ~SheetRecorder() = default;
-    virtual void Inserted(const DrawPatch& patch, int voice) = 0;
-    virtual void Removed(const DrawPatch& patch, int voice) = 0;
-};
-
-// The cost of filing or removing an object does not depend on how many others there are. A filed object keeps
-// the rectangle that it had then, so it can be removed when its record is gone; until then the record must
-// stay as it was.
 class NewWindowSheet {
 public:
     // Extents of the plane in page units, and the grid of its tiles.
@@ -64,7 +53,6 @@ public:
     void SetEditVoice(int voice) { _editVoice = voice; }
     int EditVoice() const { return _editVoice; }
     void SetColouring(const VoiceColouring& colouring) { _colouring = colouring; }
-    void SetRecorder(SheetRecorder* recorder) { _recorder = recorder; }
 
 private:
     struct Tiles;
@@ -74,7 +62,6 @@ private:
     Page* _page = nullptr;
     int _editVoice = 0;  // 0 for all
     VoiceColouring _colouring;
-    SheetRecorder* _recorder = nullptr;
 };
 
 // Draws a whole page without a sheet, as printers and files want it.

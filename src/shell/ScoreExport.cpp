@@ -28,17 +28,18 @@ Status ToPng(WindowTarn& window, const std::string& path, int page, int zoom) {
 // Plays the score into the file, four looks at the clock to each unit of 4 ms as live play has them.
 Status ToWav(WindowTarn& window, const std::string& path, int, int) {
     std::unique_ptr<SynthPort> port;
-    TarnPlay play;
+    PlayFlags flags;
+    TarnPlay play(flags);
     bool started = false;
     return RenderToWav(path, [&](int64_t tick, BuiltInSynth& synth) {
         if (!port) {
             port = std::make_unique<SynthPort>(synth);
             play.Init(window.GetDocument(), port.get(), kNormalResolution);
-            ThePlayFlags().playing = true;
+            flags.playing = true;
             started = play.Start(0);
         }
         for (int look = 0; started && look < 4; ++look) play.Tick(static_cast<int32_t>(tick));
-        started = started && ThePlayFlags().playing;
+        started = started && flags.playing;
         return started;
     });
 }

@@ -200,25 +200,6 @@ TEST_F(SheetTest, APictureIsPaintedInOneOrderHoweverItIsDivided) {
     }
 }
 
-TEST_F(SheetTest, TheRecorderIsToldOfEachChange) {
-    struct Recorder : SheetRecorder {
-        void Inserted(const DrawPatch& patch, int voice) override {
-            text += "+" + NameOf(patch) + std::to_string(voice);
-        }
-        void Removed(const DrawPatch& patch, int voice) override {
-            text += "-" + NameOf(patch) + std::to_string(voice);
-        }
-        std::string text;
-    } recorder;
-    Box box{"a", {0, 0, 9, 9}};
-    sheet.SetRecorder(&recorder);
-    sheet.AddObject(PatchFor(box), 1);
-    sheet.RedrawObject(PatchFor(box), 2);
-    sheet.RemoveObject(PatchFor(box));
-    sheet.RemoveObject(PatchFor(box));
-    EXPECT_EQ(recorder.text, "+a1-a1+a2-a2");
-}
-
 // ---- A page
 
 class PageSheetTest : public DrawTest {
