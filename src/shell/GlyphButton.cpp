@@ -10,7 +10,7 @@ namespace corvane {
 namespace {
 
 constexpr int kSide = 34;       // points
-constexpr double kSpace = 5.6;  // points of a line distance
+constexpr double kSpace = 5.8;  // points of a line distance
 constexpr int32_t kUnitsOfSpace = 100;
 constexpr int32_t kFineness = 1000;  // units to the port's inch, so that its resolution is fine enough
 
@@ -33,7 +33,6 @@ void GlyphButton::paintEvent(QPaintEvent*) {
 
     const double ratio = devicePixelRatioF();
     const double pixels = kSpace * ratio;  // of a line distance
-    painter.scale(1 / ratio, 1 / ratio);
     QtPort port(painter, Round(pixels / kUnitsOfSpace * kFineness), kFineness);
     port.SetZoomRatio(100);
     const QColor colour =

@@ -10,8 +10,8 @@
 namespace corvane {
 namespace {
 
-constexpr int kDotItem = 20, kAccidentalItem = 23;
-constexpr int32_t kStemLength = 330, kStemWeight = 14, kDotDistance = 55;
+constexpr int kWholeRest = 4, kHalfNote = 5, kHalfRest = 6, kDotItem = 20, kAccidentalItem = 23;
+constexpr int32_t kStemLength = 330, kShelfOverhang = 45, kDotDistance = 55;
 
 bool IsNote(const PaletteItem& item) { return item.item < kDotItem && item.item % 2 == 1; }
 bool IsRest(const PaletteItem& item) { return item.item < kDotItem && item.item % 2 == 0; }
@@ -36,12 +36,20 @@ Rect GlyphInk(const GlyphPart& part) {
 
 void AddStem(ItemPicture& picture, int flag) {
     const Rect head = InkOf(picture);
-    picture.stem = {head.right - kStemWeight / 2, -10, -kStemLength, kStemWeight};
+    const int32_t x = head.right - ItemPicture::kWeight / 2;
+    picture.lines.push_back({{x, -10}, {x, -kStemLength}});
     for (GlyphPart part : GlyphsOf(flag ? FlagName(flag, true, false) : "")) {
-        part.dx += head.right - kStemWeight;
+        part.dx += head.right - ItemPicture::kWeight;
         part.dy -= kStemLength;
         picture.glyphs.push_back(part);
     }
+}
+
+// The line that the rest hangs from or stands on.
+void AddShelf(ItemPicture& picture, bool hangs) {
+    const Rect ink = InkOf(picture);
+    const int32_t y = hangs ? ink.top : ink.bottom;
+    picture.lines.push_back({{ink.left - kShelfOverhang, y}, {ink.right + kShelfOverhang, y}});
 }
 
 }  // namespace
@@ -66,8 +74,8 @@ ItemPicture GhostPicture(const PaletteItem& item) {
 
 ItemPicture WholePicture(const PaletteItem& item) {
     ItemPicture picture = GhostPicture(item);
-    const bool hasStem = IsNote(item) && item.item >= 5;
-    if (hasStem) AddStem(picture, FlagValue(item));
+    if (IsNote(item) && item.item >= kHalfNote) AddStem(picture, FlagValue(item));
+    if (item.item == kWholeRest || item.item == kHalfRest) AddShelf(picture, item.item == kWholeRest);
     return picture;
 }
 
@@ -77,9 +85,9 @@ Rect InkOf(const ItemPicture& picture) {
         const Rect own = GlyphInk(part);
         ink = Union(ink, own.MovedBy(part.dx - own.left, part.dy));  // the side letter 'l'
     }
-    if (picture.stem)
-        ink = Union(ink, {picture.stem->x - picture.stem->weight / 2, picture.stem->to,
-                          picture.stem->x + picture.stem->weight / 2, picture.stem->from});
+    for (const ItemPicture::Line& line : picture.lines)
+        ink = Union(ink, Rect{line.from.x, line.from.y, line.to.x, line.to.y}.Normalised().GrownBy(
+                             ItemPicture::kWeight / 2));
     return ink;
 }
 
@@ -91,10 +99,10 @@ void DrawPicture(GraphicPort& port, const ItemPicture& picture, Point at, int32_
         port.SetFontStyle(part.style);
         port.DrawChar(part.code, at.x + units(part.dx), at.y + units(part.dy), 'l');
     }
-    if (!picture.stem) return;
-    const int32_t x = at.x + units(picture.stem->x), weight = units(picture.stem->weight);
-    port.SetPenSize(weight, weight);
-    port.DrawLine(x, at.y + units(picture.stem->from), x, at.y + units(picture.stem->to));
+    port.SetPenSize(units(ItemPicture::kWeight), units(ItemPicture::kWeight));
+    for (const ItemPicture::Line& line : picture.lines)
+        port.DrawLine(at.x + units(line.from.x), at.y + units(line.from.y), at.x + units(line.to.x),
+                      at.y + units(line.to.y));
 }
 
 }  // namespace corvane

@@ -115,13 +115,13 @@ const MenuRow kRows[] = {
     {kFile, 0},
     {kFile, kSaveId, "&Save", "Ctrl+S", OnScore<&FileActions::Save>, IsQuietWithScore, {}, {}, ToolPicture::Save},
     {kFile, 57604, "Sa&ve as...", "Ctrl+Shift+S", OnScore<&FileActions::SaveAs>, IsQuietWithScore},
-    {kFile, 33180, "Ex&port...", "Ctrl+Shift+E", WithScore<&FileActions::Export>, IsQuietWithScore},
+    {kFile, 33180, "&Export...", "Ctrl+Shift+E", WithScore<&FileActions::Export>, IsQuietWithScore},
     {kFile, 57607, "&Print...", "Ctrl+P", WithScore<&FileActions::Print>, IsQuietWithScore},
     {kFile, 0},
     {kFile, 57665, "E&xit", "Ctrl+Q", [](MainFrame& f) { f.close(); }},
 
     {kEdit, kUndoId, "&Undo", "Ctrl+Z", {}, {}, {}, {}, ToolPicture::Undo},
-    {kEdit, kRedoId, "&Redo", "Ctrl+Shift+Z; Ctrl+Y", {}, {}, {}, {}, ToolPicture::Redo},
+    {kEdit, kRedoId, "&Redo", "Ctrl+Shift+Z", {}, {}, {}, {}, ToolPicture::Redo},
 
     {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
     {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},

@@ -77,6 +77,7 @@ void PaintGhost(const OverlayPaint& paint, WindowTarn& window, Point p) {
     const ItemPicture picture = GhostPicture(*item);
     paint.painter.save();
     paint.painter.setOpacity(kGhostOpacity);
+    paint.painter.scale(paint.scale.Ratio(), paint.scale.Ratio());  // the port counts in pixels by itself
     {
         QtPort port(paint.painter, paint.scale.Dpi());
         port.SetZoomRatio(paint.scale.Zoom());

@@ -20,6 +20,10 @@ public:
     QImage image;
 };
 
+// The nearest whole pixel, halves downward on the page: unlike Round, the same whatever whole number of
+// pixels the picture is shifted by, also across 0, so that pieces of a page join.
+int NearestPixel(double place) { return Truncate(std::floor(place + 0.5)); }
+
 bool IsWhole(double value) { return std::abs(value - std::round(value)) < 1e-6; }
 
 // Whether a unit of the painter is one pixel and starts at a pixel's edge.
@@ -49,8 +53,8 @@ QPolygonF ToQt(const std::vector<DevicePoint>& points) {
 
 // The whole pixels nearest to a span, at least one.
 QRect WholePixels(double left, double top, double right, double bottom) {
-    const int x = Round(left), y = Round(top);
-    return QRect(x, y, std::max(1, Round(right) - x), std::max(1, Round(bottom) - y));
+    const int x = NearestPixel(left), y = NearestPixel(top);
+    return QRect(x, y, std::max(1, NearestPixel(right) - x), std::max(1, NearestPixel(bottom) - y));
 }
 
 }  // namespace
@@ -156,10 +160,10 @@ bool QtPort::SnapLine(DevicePoint from, DevicePoint to, double width) {
     QRect ink;
     if (level) {
         ink = WholePixels(std::min(from.x, to.x), 0, std::max(from.x, to.x), 0);
-        ink = QRect(ink.left(), Round(from.y - 0.5 * thick), ink.width(), thick);
+        ink = QRect(ink.left(), NearestPixel(from.y - 0.5 * thick), ink.width(), thick);
     } else {
         ink = WholePixels(0, std::min(from.y, to.y), 0, std::max(from.y, to.y));
-        ink = QRect(Round(from.x - 0.5 * thick), ink.top(), thick, ink.height());
+        ink = QRect(NearestPixel(from.x - 0.5 * thick), ink.top(), thick, ink.height());
     }
     _painter.fillRect(ink, corvane::ToQt(Ink()));
     return true;

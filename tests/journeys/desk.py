@@ -1,0 +1,168 @@
+"""A screen, the program on it, a mouse and a keyboard."""
+import os
+import re
+import shutil
+import subprocess
+import tempfile
+import time
+
+PATIENCE = 20.0  # seconds for anything to come about
+
+
+class Failure(Exception):
+    pass
+
+
+def expect(condition, what):
+    if not condition:
+        raise Failure(what)
+
+
+def wait_for(condition, what):
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        result = condition()
+        if result:
+            return result
+        time.sleep(0.02)
+    raise Failure(f"waited in vain for {what}")
+
+
+class Desk:
+    """A screen with a window manager, gone at the end with all that runs on it."""
+
+    def __init__(self, pictures):
+        self.pictures = pictures
+        os.makedirs(pictures, exist_ok=True)
+        self.home = tempfile.mkdtemp(prefix="corvane-journey-")
+        self.map_path = os.path.join(self.home, "map")
+        self.env = self._environment()
+        self.running = []
+
+    def _environment(self):
+        kept = {k: v for k, v in os.environ.items() if not k.startswith(("XDG_", "QT_", "CORVANE_"))}
+        for name in ("config", "state", "cache", "data", "runtime"):
+            os.mkdir(os.path.join(self.home, name), 0o700)
+            key = "XDG_RUNTIME_DIR" if name == "runtime" else f"XDG_{name.upper()}_HOME"
+            kept[key] = os.path.join(self.home, name)
+        kept.update(HOME=self.home, LC_ALL="C.UTF-8", CORVANE_AUDIO="none", CORVANE_UI_MAP=self.map_path,
+                    JACK_NO_START_SERVER="1")
+        return kept
+
+    def __enter__(self):
+        read, write = os.pipe()
+        self._spawn(["Xvfb", "-displayfd", str(write), "-screen", "0", "1400x1000x24", "-nolisten", "tcp"],
+                    pass_fds=[write])
+        os.close(write)
+        with os.fdopen(read) as pipe:
+            self.env["DISPLAY"] = ":" + pipe.readline().strip()
+        self._spawn(["openbox"])
+        wait_for(lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self._run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+                 "the window manager")
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self.running):
+            process.terminate()
+            try:
+                process.wait(5)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
+        shutil.rmtree(self.home, ignore_errors=True)
+
+    def _spawn(self, command, **more):
+        process = subprocess.Popen(command, env=self.env, cwd=self.home, stdin=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL, **more)
+        self.running.append(process)
+        return process
+
+    def _run(self, *command):
+        return subprocess.run(command, env=self.env, capture_output=True, text=True, check=False).stdout
+
+    def path(self, name):
+        return os.path.join(self.home, name)
+
+    # ---- the program
+
+    def start(self, program, *arguments):
+        """Starts the program; returns it and the milliseconds until its first score was painted."""
+        if os.path.exists(self.map_path):
+            os.remove(self.map_path)
+        begin = time.time() * 1000
+        process = self._spawn([program, *arguments])
+        painted = wait_for(lambda: self.words("painted"), "the first paint")
+        self.focus()
+        return process, int(painted[0][0]) - begin
+
+    def focus(self):
+        """Waits until the program's window has the keyboard."""
+        wait_for(lambda: "Corvane" in self._run("xdotool", "getactivewindow", "getwindowname"), "the window")
+
+    def active_window(self):
+        return self._run("xdotool", "getactivewindow", "getwindowname").strip()
+
+    # ---- the map of the window
+
+    def words(self, kind):
+        """The lines of the map that begin with a word, each split into its further words."""
+        try:
+            with open(self.map_path, encoding="utf-8") as file:
+                return [line.split()[1:] for line in file if line.startswith(kind + " ")]
+        except FileNotFoundError:
+            return []
+
+    def title(self):
+        return " ".join(self.words("title")[0])
+
+    def widget(self, name):
+        """The middle of a named part of the window."""
+        for x, y, width, height, *words in self.words("widget"):
+            if " ".join(words) == name:
+                return int(x) + int(width) // 2, int(y) + int(height) // 2
+        raise Failure(f'the window has no "{name}"')
+
+    def settled(self):
+        """Lets the program come to rest, so that the map tells where things are now."""
+        before = None
+        while before != (now := self.words("")):
+            before = now
+            time.sleep(0.12)
+
+    # ---- hands
+
+    def press(self, x, y):
+        self._run("xdotool", "mousemove", str(x), str(y), "click", "1")
+        time.sleep(0.03)
+
+    def press_page(self, x, y):
+        """Presses a place given in page units."""
+        left, top, scale = (float(word) for word in self.words("view")[0])
+        self.press(round(left + x * scale), round(top + y * scale))
+
+    def press_widget(self, name):
+        self.press(*self.widget(name))
+
+    def point_page(self, x, y):
+        left, top, scale = (float(word) for word in self.words("view")[0])
+        self._run("xdotool", "mousemove", str(round(left + x * scale)), str(round(top + y * scale)))
+
+    def key(self, *names):
+        """Keys by their names, such as ctrl+s or Return."""
+        self._run("xdotool", "key", "--delay", "30", *names)
+        time.sleep(0.05)
+
+    def type(self, text):
+        self._run("xdotool", "type", "--delay", "8", text)
+        time.sleep(0.05)
+
+    def dialog(self, title):
+        """Waits for a box with a title to have the keyboard."""
+        wait_for(lambda: re.fullmatch(title, self.active_window()), f'the box "{title}"')
+        time.sleep(0.15)
+
+    def picture(self, name):
+        time.sleep(0.25)
+        path = os.path.join(self.pictures, name + ".png")
+        subprocess.run(["import", "-window", "root", path], env=self.env, check=True)
+        return path

@@ -1,0 +1,127 @@
+// Mouse, keys and wheel at the view, and what they do to the score.
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include "ViewFixture.h"
+#include "shell/ScoreView.h"
+
+namespace corvane {
+namespace {
+
+class View : public ViewTest {
+protected:
+    View() : view(*window) {
+        view.resize(700, 500);
+        view.show();
+    }
+    // Where the view shows a point of the page; the test screen has a pixel to the point.
+    QPointF On(Point units) const {
+        const QPoint corner = view.PageCornerOnScreen() - view.viewport()->mapToGlobal(QPoint(0, 0));
+        return QPointF(corner) + QPointF(units.x, units.y) * view.Scale().PixelsPerUnit();
+    }
+    void Send(QEvent::Type type, QPointF at, Qt::MouseButton button = Qt::LeftButton) {
+        QMouseEvent event(type, at, view.viewport()->mapToGlobal(at), button, button, Qt::NoModifier);
+        QApplication::sendEvent(view.viewport(), &event);
+    }
+    bool Type(int key, const char* text, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+        return view.TakeKey(event);
+    }
+    void Wheel(QPointF at, int angle, Qt::KeyboardModifiers modifiers) {
+        QWheelEvent event(at, view.viewport()->mapToGlobal(at), {}, {0, angle}, Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(view.viewport(), &event);
+    }
+
+    ScoreView view;
+};
+
+TEST_F(View, APressEntersWhereItPointsHoweverThePageIsScrolledAndZoomed) {
+    int measure = 0;
+    const struct {
+        const char* why;
+        int zoom, x, y;
+    } cases[] = {
+        {"as it opens", 105, 0, 0}, {"scrolled", 105, 60, 40}, {"large", 300, 900, 300}, {"small", 30, 0, 0}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        view.SetZoom(Zoom::Percent, c.zoom);
+        view.horizontalScrollBar()->setValue(c.x);
+        view.verticalScrollBar()->setValue(c.y);
+        ++measure;
+        Send(QEvent::MouseButtonPress, On(PlaceOf(measure, 4)));
+        Send(QEvent::MouseButtonDblClick, On(PlaceOf(measure, 7)));  // the next note of a quick hand
+        EXPECT_EQ(LinesIn(measure), (std::vector<int>{4, 7}));
+    }
+}
+
+TEST_F(View, OtherButtonsAndPressesOnTheDeskBesideTheLastStaffDoNotCrash) {
+    Send(QEvent::MouseButtonPress, On(PlaceOf(1, 4)), Qt::RightButton);
+    EXPECT_TRUE(LinesIn(1).empty());
+    Send(QEvent::MouseMove, {1, 1}, Qt::NoButton);
+    view.grab();
+}
+
+TEST_F(View, PlainCharactersAreToolKeysAndShortcutsAreNot) {
+    EXPECT_TRUE(Type(Qt::Key_E, "e"));
+    EXPECT_EQ(Tools().toolMode, ModeEraser);
+    EXPECT_TRUE(Type(Qt::Key_4, "4"));
+    EXPECT_EQ(Tools().toolMode, ModePencil);
+    EXPECT_EQ(Tools().NoteItem(), 9);
+    EXPECT_TRUE(Type(Qt::Key_S, "S", Qt::ShiftModifier));
+    EXPECT_EQ(Tools().NoteItem(), 23);
+    EXPECT_FALSE(Type(Qt::Key_S, "\x13", Qt::ControlModifier));
+    EXPECT_FALSE(Type(Qt::Key_F, "f", Qt::AltModifier));
+    EXPECT_FALSE(Type(Qt::Key_PageDown, ""));
+    EXPECT_EQ(Tools().NoteItem(), 23);
+}
+
+TEST_F(View, TheWheelZoomsAroundThePointer) {
+    view.SetZoom(Zoom::Percent, 200);
+    const QPointF pointer(333, 222);
+    for (int turn : {120, 120, 360, -120, -240, 120}) {
+        const QPointF before = (pointer - On({0, 0})) / view.Scale().PixelsPerUnit();
+        Wheel(pointer, turn, Qt::ControlModifier);
+        const QPointF after = On({static_cast<int>(before.x()), static_cast<int>(before.y())});
+        EXPECT_NEAR(after.x(), pointer.x(), 2);
+        EXPECT_NEAR(after.y(), pointer.y(), 2);
+    }
+    const int zoom = view.CurrentZoom().percent, place = view.verticalScrollBar()->value();
+    Wheel(pointer, -120, Qt::NoModifier);
+    EXPECT_EQ(view.CurrentZoom().percent, zoom);
+    EXPECT_GT(view.verticalScrollBar()->value(), place);
+}
+
+TEST_F(View, AFittingPageStaysFittingAndZoomHasBounds) {
+    view.SetZoom(Zoom::FitPage);
+    for (const QSize size : {QSize(400, 900), QSize(1300, 600)}) {
+        view.resize(size);
+        QApplication::processEvents();
+        EXPECT_EQ(view.horizontalScrollBar()->maximum(), 0);
+        EXPECT_EQ(view.verticalScrollBar()->maximum(), 0);
+        const Rect page = view.Scale().Pixels(PageRect(window->CurrentPage()));
+        EXPECT_TRUE(page.Width() > size.width() - 70 || page.Height() > size.height() - 70)
+            << "as large as fits";
+    }
+    view.SetZoom(Zoom::FitWidth);
+    EXPECT_EQ(view.horizontalScrollBar()->maximum(), 0);
+    view.StepZoom(100);
+    EXPECT_EQ(view.CurrentZoom().percent, Zoom::kMost);
+    view.StepZoom(-100);
+    EXPECT_EQ(view.CurrentZoom().percent, Zoom::kLeast);
+}
+
+TEST_F(View, ScrollToBringsAPlaceIntoSight) {
+    view.SetZoom(Zoom::Percent, 400);
+    const Rect last{11000, 14000, 11500, 14500}, first{200, 300, 700, 800};
+    for (const Rect& place : {last, first, last}) {
+        view.ScrollTo(place);
+        const QRectF sight(0, 0, view.viewport()->width(), view.viewport()->height());
+        EXPECT_TRUE(sight.contains(On({place.left, place.top})));
+        EXPECT_TRUE(sight.contains(On({place.right, place.bottom})));
+    }
+}
+
+}  // namespace
+}  // namespace corvane
