@@ -8,6 +8,8 @@
 #include "model/Preferences.h"
 #include "model/ScoreCheck.h"
 #include "model/SymbolTable.h"
+#include "session/Journals.h"
+#include "session/Recovery.h"
 #include "store/MemoryManager.h"
 #include "store/ObjectFile.h"
 
@@ -41,6 +43,15 @@ Session::Session(const SessionParts& parts) : _parts(parts), _preferences(Defaul
     MemoryManager::Instance();
     RegisterClasses();
     WatchCommands();
+    const std::string rescued = _parts.stateFolder.empty() ? "" : _parts.stateFolder + "/rescued";
+    if (!rescued.empty()) {
+        _backups = std::make_unique<Backups>(*_parts.files, _parts.stateFolder + "/backups");
+        RecoverInto(*_parts.files, rescued);
+    }
+    if (_parts.journals) {
+        _journals = std::make_unique<Journals>(*_parts.journals);
+        _recovered = std::make_unique<RecoveryList>(*_parts.journals, *_parts.files, rescued);
+    }
     if (!_parts.settings) return;
     if (const Status status = ReadSessionPreferences(*_parts.settings, _preferences); !status)
         Notify(Severity::Message, status.message());
@@ -48,7 +59,20 @@ Session::Session(const SessionParts& parts) : _parts(parts), _preferences(Defaul
 }
 
 Session::~Session() {
+    if (_journals) {
+        for (const auto& window : _windows)
+            if (!window->Modified()) _journals->Close(*window, false);
+        _journals->MakeSafe();
+        for (const auto& window : _windows) _journals->Close(*window, true);
+    }
+    if (_backups) RecoverInto(*_parts.files, {});
     while (!_windows.empty()) Close(_windows.back().get());
+}
+
+WindowTarn* Session::Join(std::unique_ptr<WindowTarn> window) {
+    _windows.push_back(std::move(window));
+    if (_journals) _journals->Open(*_windows.back());
+    return _windows.back().get();
 }
 
 WindowTarn* Session::NewScore() {
@@ -64,20 +88,17 @@ WindowTarn* Session::NewScore(const PageLayout& layout, const std::string& staff
     window->Bind(document);
     window->SetIdentity(kUntitledTitle, kUntitledPath, false, true);
     window->Pool()->SetModified(false);
-    _windows.push_back(std::move(window));
-    return _windows.back().get();
+    return Join(std::move(window));
 }
 
-WindowTarn* Session::Open(const std::string& path, Status& status, std::vector<std::string>* healed) {
-    std::vector<uint8_t> bytes;
-    status = _parts.files->Read(path, bytes);
-    if (!status) return nullptr;
+// A window with what `load` fills its pool with, without an identity yet. Null, and nothing changed, where it fails.
+WindowTarn* Session::OpenBy(const Load& load, Status& status, std::vector<std::string>* healed) {
     NewMemoryPool* poolBefore = MemoryManager::Instance().GetCurrentPool();
     WindowTarn* active = WindowTarn::instance;
     auto window = std::make_unique<WindowTarn>(*_parts.shell);
     window->Activate();
     LoadReport report;
-    status = ReadScore(*window->Pool(), bytes, &report);
+    status = load(*window->Pool(), report);
     if (!status) {
         window.reset();
         WindowTarn::instance = active;
@@ -89,18 +110,33 @@ WindowTarn* Session::Open(const std::string& path, Status& status, std::vector<s
     MeasureDirtySymbols(document);
     window->Bind(document);
     window->Pool()->SetModified(!report.healed.empty());
-    window->SetIdentity(FileName(path), path, !_parts.files->CheckWritable(path).ok(), false);
     if (healed) *healed = std::move(report.healed);
-    _windows.push_back(std::move(window));
+    return Join(std::move(window));
+}
+
+WindowTarn* Session::Open(const std::string& path, Status& status, std::vector<std::string>* healed) {
+    std::vector<uint8_t> bytes;
+    status = _parts.files->Read(path, bytes);
+    if (!status) return nullptr;
+    const auto load = [&](NewMemoryPool& pool, LoadReport& report) { return ReadScore(pool, bytes, &report); };
+    WindowTarn* window = OpenBy(load, status, healed);
+    if (!window) return nullptr;
+    const bool readOnly = (_backups && _backups->Holds(path)) || !_parts.files->CheckWritable(path).ok();
+    window->SetIdentity(FileName(path), path, readOnly, false);
     Remember(path);
-    return _windows.back().get();
+    return window;
 }
 
 Status Session::Save(WindowTarn& window, const std::string& path) {
     if (window.ReadOnly() && path == window.Path()) return {Fault::ReadOnly, kFileReadOnly};
+    if (_backups && _backups->Holds(path)) return {Fault::ReadOnly, kFileReadOnly};
     std::vector<uint8_t> bytes;
     if (Status status = EncodeScore(*window.Pool(), bytes); !status) return status;
-    if (Status status = ReplaceFile(*_parts.files, path, bytes); !status) return status;
+    const Status kept = _backups ? _backups->Keep(path) : Status::Ok();
+    const Status saved = ReplaceFile(*_parts.files, path, bytes);
+    if (!kept) Notify(Severity::Message, kept.message());
+    if (!saved) return saved;
+    if (_backups) _backups->Wrote(path, bytes);
     window.Pool()->SetModified(false);
     window.SetIdentity(FileName(path), path, false, false);
     Remember(path);
@@ -109,7 +145,51 @@ Status Session::Save(WindowTarn& window, const std::string& path) {
 
 void Session::Close(WindowTarn* window) {
     const auto found = std::find_if(_windows.begin(), _windows.end(), [&](const auto& w) { return w.get() == window; });
-    if (found != _windows.end()) _windows.erase(found);
+    if (found == _windows.end()) return;
+    if (_journals) _journals->Close(**found, false);
+    _windows.erase(found);
+}
+
+bool Session::KeepSafe() { return _journals && _journals->Slice(std::chrono::steady_clock::now()); }
+
+void Session::MakeSafe() {
+    if (_journals) _journals->MakeSafe();
+}
+
+std::vector<RecoveredScore> Session::FindRecovered() {
+    return _recovered ? _recovered->Find() : std::vector<RecoveredScore>();
+}
+
+WindowTarn* Session::OpenRecovered(const RecoveredScore& score, Status& status, std::vector<std::string>* healed) {
+    const RecoveredScore item = score;
+    const auto load = [&](NewMemoryPool& pool, LoadReport& report) { return _recovered->Load(item, pool, report); };
+    WindowTarn* window = OpenBy(load, status, healed);
+    if (!window) return nullptr;
+    const bool readOnly = !item.neverSaved && !_parts.files->CheckWritable(item.path).ok();
+    window->SetIdentity(item.title, item.path, readOnly, item.neverSaved);
+    window->Pool()->SetModified(true);
+    // From its first safe state on, the window's own journal stands for what was left.
+    _journals->Of(*window).Replace(_recovered->Take(item));
+    return window;
+}
+
+void Session::DiscardRecovered(const RecoveredScore& score) {
+    if (_recovered) _recovered->Take(score)();
+}
+
+std::vector<Backup> Session::FindBackups(const std::string& path) {
+    if (!_backups) return {};
+    return path.empty() ? _backups->All() : _backups->Of(path);
+}
+
+WindowTarn* Session::OpenBackup(const Backup& backup, Status& status, std::vector<std::string>* healed) {
+    std::vector<uint8_t> bytes;
+    status = _parts.files->Read(backup.path, bytes);
+    if (!status) return nullptr;
+    const auto load = [&](NewMemoryPool& pool, LoadReport& report) { return ReadScore(pool, bytes, &report); };
+    WindowTarn* window = OpenBy(load, status, healed);
+    if (window) window->SetIdentity(backup.title + " (" + backup.when + ")", backup.title, false, true);
+    return window;
 }
 
 Status Session::StorePreferences() {

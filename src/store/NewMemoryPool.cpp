@@ -67,6 +67,7 @@ PoolBlock* NewMemoryPool::AddBlock(const uint8_t* above) {
     MakeHole(block->start, block->Usable(), 0);
     _total += block->Usable();
     _free += block->Usable();
+    block->change = ++_changes;
     PoolBlock* made = block.get();
     Note(*made);
     const auto place = std::upper_bound(_blocks.begin(), _blocks.end(), made->start,

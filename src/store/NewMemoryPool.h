@@ -7,6 +7,7 @@
 
 #include <array>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "store/HoleIndex.h"
@@ -41,6 +42,11 @@ public:
     void DisableUndo() { _undoEnabled = false; }
     bool UndoEnabled() const { return _undoEnabled; }
     bool Recording() const { return _recording; }
+
+    // Counts on with every block that a command, an undo or a redo changes; each block tells the count of its last.
+    uint64_t Changes() const { return _changes; }
+    // Whether something was written outside a recorded command since the last question: the count does not tell where.
+    bool TakeUnrecorded() { return std::exchange(_unrecorded, false); }
 
     bool Modified() const { return _modified; }
     void SetModified(bool modified) { _modified = modified; }
@@ -97,7 +103,8 @@ private:
     uint8_t* _cursor = nullptr;
     uint64_t _total = 0, _free = 0;
     uint32_t _newpoolsize = kDefaultPoolSize;
-    bool _modified = false, _undoEnabled = false, _recording = false;
+    uint64_t _changes = 0;
+    bool _modified = false, _undoEnabled = false, _recording = false, _unrecorded = false;
 };
 
 }  // namespace corvane

@@ -38,6 +38,7 @@ struct PoolBlock {
     uint32_t size = 0;        // trailer included
     uint32_t largestHole = 0; // never less than the largest hole; more until a search finds out
     uint32_t place = 0;       // among the pool's blocks, by address
+    uint64_t change = 0;      // of the pool's changes, the last that it saw
     bool noted = false;       // among the blocks that the command has changed
 
     BlockTrailer& Trailer() const { return *reinterpret_cast<BlockTrailer*>(start + size - kTrailerSize); }

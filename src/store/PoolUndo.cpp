@@ -28,7 +28,10 @@ bool IsEmptyBlock(const PoolBlock& block) {
 }  // namespace
 
 void NewMemoryPool::Touch(const void* place) {
-    if (!_recording || !_undoEnabled) return;
+    if (!_recording || !_undoEnabled) {
+        _unrecorded = true;
+        return;
+    }
     PoolBlock* block = Find(place);
     CORVANE_ASSERT_AS(block, "block");
     if (!block->Trailer().touched) Snapshot(*block);
@@ -47,6 +50,7 @@ void NewMemoryPool::Snapshot(PoolBlock& block) {
     std::memcpy(copy, block.start, block.size - kSnapshotGap);
     trailer.undoSnapshot.Put(StoredSpace::DistanceOf(copy));
     trailer.touched = 1;
+    block.change = ++_changes;
     Note(block);
 }
 
@@ -101,6 +105,7 @@ void NewMemoryPool::Exchange(bool redo) {
         if (!trailer.touched) continue;
         auto* copy = StoredSpace::At<uint8_t>(trailer.undoSnapshot.Get());
         CORVANE_ASSERT_AS(copy, "undoSnapshot");
+        block->change = ++_changes;
         Account(*block, -1);
         std::swap_ranges(block->start, block->start + block->size - kSnapshotGap, copy);
         if (trailer.added && !trailer.released)

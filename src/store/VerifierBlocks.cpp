@@ -17,15 +17,6 @@ bool IsObjectWord(int16_t word) {
     return word > 0 && word <= ClassCount() && InfoOf(word)->size && word != 9;
 }
 
-// Bytes that what stands at `place` takes; 0 for what cannot stand there.
-uint32_t SpanAt(const uint8_t* place) {
-    const int16_t word = WordAt(place);
-    if (word == 0) return kGranule;
-    if (word == kHoleWord) return reinterpret_cast<const Hole*>(place)->size.Get();
-    if (word < 0) return IsRawWord(word) ? RawSpanOfWord(word) : 0;
-    return IsObjectWord(word) ? TypedSpan(InfoOf(word)->size) : 0;
-}
-
 // The holes met on the way through a block; false where the way breaks off.
 bool WalkBlock(const PoolBlock& block, Holes& holes) {
     for (uint32_t at = 0; at < block.Usable();) {
@@ -56,6 +47,14 @@ bool WalkHoleList(const PoolBlock& block, Holes& holes) {
 }
 
 }  // namespace
+
+uint32_t SpanAt(const uint8_t* place) {
+    const int16_t word = WordAt(place);
+    if (word == 0) return kGranule;
+    if (word == kHoleWord) return reinterpret_cast<const Hole*>(place)->size.Get();
+    if (word < 0) return IsRawWord(word) ? RawSpanOfWord(word) : 0;
+    return IsObjectWord(word) ? TypedSpan(InfoOf(word)->size) : 0;
+}
 
 void CheckBlocks(const NewMemoryPool& pool, std::vector<Finding>& findings) {
     uint64_t total = 0, free = 0;
