@@ -59,14 +59,15 @@ void LeaveRest(Chords* chord, int32_t x) {
     SetDots(pause, DotCount(chord));
 }
 
-void DestroyChord(WindowTarn& window, Chords* chord) {
+// True if its voice went with it.
+bool DestroyChord(WindowTarn& window, Chords* chord) {
     Voice* voice = VoicePar(chord);
     for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(chord)) DeleteVoiceSymbolAttribute(window, attribute);
     voiceSymbols.Remove(chord);
     chordSymbolChords.Remove(chord);
     if (auto* grace = As<GraceChord>(chord)) Release(grace);
     else Release(chord);
-    DropEmptyVoice(voice);
+    return DropEmptyVoice(voice);
 }
 
 void DestroyColumn(ChordSymbol* chordSymbol) {
@@ -76,12 +77,13 @@ void DestroyColumn(ChordSymbol* chordSymbol) {
 
 }  // namespace
 
-void DropEmptyVoice(Voice* voice) {
+bool DropEmptyVoice(Voice* voice) {
     MeasureStaff* measureStaff = MeasureStaffPar(voice);
     const bool only = measureStaffVoices.First(measureStaff) == measureStaffVoices.Last(measureStaff);
-    if (!voiceSymbols.IsEmpty(voice) || voice->_number == 1 || only) return;
+    if (!voiceSymbols.IsEmpty(voice) || voice->_number == 1 || only) return false;
     measureStaffVoices.Remove(voice);
     Release(voice);
+    return true;
 }
 
 bool DeleteNote(WindowTarn& window, GenericNote* note, const DeletionChoice& choice) {
@@ -113,12 +115,11 @@ bool DeleteNote(WindowTarn& window, GenericNote* note, const DeletionChoice& cho
         else SetDefaultStemLength(stem);
         SetDirection(stem, stem->_direction);
     }
+    bool voiceDropped = false;
     if (last) {
         if (toRest) LeaveRest(chord, x);
-        const bool emptied = voiceSymbols.First(voice) == voiceSymbols.Last(voice);
-        DestroyChord(window, chord);
+        voiceDropped = DestroyChord(window, chord);
         if (chordSymbolStems.IsEmpty(chordSymbol)) DestroyColumn(chordSymbol);
-        if (emptied && !FindVoice(measureStaff, choice.voice)) voice = nullptr;
     }
     if (grace) {
         auto* rest = last ? As<GraceChord>(neighbour) : static_cast<GraceChord*>(chord);
@@ -128,8 +129,7 @@ bool DeleteNote(WindowTarn& window, GenericNote* note, const DeletionChoice& cho
         RemoveAccidents(later);
         UpdateAccidentals(later, UpdateNoteHeight);
     }
-    for (Voice* each : measureStaffVoices.Of(measureStaff))
-        if (each == voice && choice.space) SpaceVoice(each);
+    if (choice.space && !voiceDropped) SpaceVoice(voice);
     return last;
 }
 
