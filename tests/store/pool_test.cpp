@@ -160,11 +160,12 @@ TEST_F(Pool, UndoSetsTheChangedMark) {
     pool->BeginCommand();
     Voice();
     pool->EndCommand();
-    for (const auto exchange : {&NewMemoryPool::Undo, &NewMemoryPool::Redo}) {
-        pool->SetModified(false);
-        (pool->*exchange)();
-        EXPECT_TRUE(pool->Modified());
-    }
+    pool->SetModified(false);
+    pool->Undo();
+    EXPECT_TRUE(pool->Modified());
+    pool->SetModified(false);
+    pool->Redo();
+    EXPECT_TRUE(pool->Modified());
 }
 
 using PoolDeath = Pool;
