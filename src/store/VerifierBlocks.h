@@ -9,8 +9,8 @@ namespace corvane {
 class NewMemoryPool;
 struct Finding;
 
-// Bytes that what stands at a place of a block takes, its word included; 0 for what cannot stand there. A hole's are not
-// judged.
+// Bytes that what stands at a place of a block takes, its word included; 0 for what cannot stand there. A
+// hole's are not judged.
 uint32_t SpanAt(const uint8_t* place);
 
 // Adds what it finds; a pool without findings here can be walked.
