@@ -28,7 +28,7 @@ int RunEditor(const std::vector<std::string>& files, int argc, char** argv) {
     parts.journals = &journals;
     parts.stateFolder = StateFolder();
     MainFrame frame(parts, settings);
-    const EndSignals signals;
+    const EndSignals endSignals;
     if (const std::string missing = MissingMusicFont(); !missing.empty()) Notify(Severity::Message, missing);
     if (const std::string damaged = settings.TakeMessage(); !damaged.empty())
         Notify(Severity::Message, damaged);

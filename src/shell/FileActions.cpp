@@ -1,6 +1,7 @@
 #include "shell/FileActions.h"
 
 #include <QApplication>
+#include <QDateTime>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -9,6 +10,7 @@
 #include "shell/NewScoreDialog.h"
 #include "shell/Notices.h"
 #include "shell/Printing.h"
+#include "shell/ScoreChoice.h"
 #include "shell/ScoreExport.h"
 #include "shell/ScoreTabs.h"
 
@@ -43,6 +45,12 @@ std::string SavedExtension(const std::string& path) {
 
 QString WithExtension(const QString& path, const char* extension) {
     return QFileInfo(path).completeBaseName() + "." + extension;
+}
+
+// In local time, as backups tell theirs; empty for 0.
+std::string TimeText(int64_t seconds) {
+    return seconds ? QDateTime::fromSecsSinceEpoch(seconds).toString("yyyy-MM-dd HH:mm:ss").toStdString()
+                   : "";
 }
 
 class BusyCursor {
@@ -83,15 +91,55 @@ bool FileActions::OpenPath(const std::string& path) {
     Status status;
     std::vector<std::string> healed;
     WindowTarn* window = _frame.TheSession().Open(absolute.toStdString(), status, &healed);
-    if (!window) return ShowMessage(&_frame, status.message(), path), false;
-    _lastFolder = QFileInfo(absolute).absolutePath();
+    if (window) _lastFolder = QFileInfo(absolute).absolutePath();
+    return ShowOpened(window, status, healed, path);
+}
+
+bool FileActions::ShowOpened(WindowTarn* window, const Status& status, const std::vector<std::string>& healed,
+                             const std::string& about) {
+    if (!window) return ShowMessage(&_frame, status.message(), about), false;
     _frame.ShowScore(*window);
-    if (!healed.empty()) {
-        std::string lines;
-        for (const std::string& line : healed) lines += line + "\n";
-        ShowMessage(&_frame, "Some things in this score were not in order and have been mended.", lines);
-    }
+    if (healed.empty()) return true;
+    std::string lines;
+    for (const std::string& line : healed) lines += line + "\n";
+    ShowMessage(&_frame, "Some things in this score were not in order and have been mended.", lines);
     return true;
+}
+
+void FileActions::OfferRecovered(const std::vector<RecoveredScore>& scores) {
+    std::vector<ScoreChoice::Row> rows;
+    for (const RecoveredScore& score : scores)
+        rows.push_back({score.title, TimeText(score.time), score.neverSaved ? "never saved" : score.path});
+    ScoreChoice choice(&_frame, "Unsaved Scores",
+                       "These scores had changes that were not saved when Corvane ended:", rows);
+    choice.OfferDiscard();
+    choice.exec();
+    for (const int row : choice.Discarded())
+        _frame.TheSession().DiscardRecovered(scores[static_cast<size_t>(row)]);
+    for (const int row : choice.Opened()) {
+        const RecoveredScore& score = scores[static_cast<size_t>(row)];
+        Status status;
+        std::vector<std::string> healed;
+        WindowTarn* window = _frame.TheSession().OpenRecovered(score, status, &healed);
+        ShowOpened(window, status, healed, score.title);
+    }
+}
+
+void FileActions::OpenBackup() {
+    const std::vector<Backup> backups = _frame.TheSession().FindBackups();
+    if (backups.empty()) return _frame.Tell("There are no backups yet.");
+    std::vector<ScoreChoice::Row> rows;
+    for (const Backup& backup : backups) rows.push_back({backup.title, backup.when, backup.original});
+    ScoreChoice choice(&_frame, "Open Backup",
+                       "Versions of scores as they were before they were saved anew:", rows);
+    choice.exec();
+    for (const int row : choice.Opened()) {
+        const Backup& backup = backups[static_cast<size_t>(row)];
+        Status status;
+        std::vector<std::string> healed;
+        WindowTarn* window = _frame.TheSession().OpenBackup(backup, status, &healed);
+        ShowOpened(window, status, healed, backup.path);
+    }
 }
 
 bool FileActions::SaveTo(WindowTarn& window, const std::string& path) {

@@ -3,11 +3,13 @@
 
 #include <QString>
 #include <string>
+#include <vector>
+
+#include "session/Session.h"
 
 namespace corvane {
 
 class MainFrame;
-class WindowTarn;
 
 class FileActions {
 public:
@@ -18,6 +20,10 @@ public:
     void Open();
     // A score that is open already is shown. False, with a box, for a file that cannot be opened.
     bool OpenPath(const std::string& path);
+    // Asks which of the scores that an earlier run left unsaved to open, discard or keep for later.
+    void OfferRecovered(const std::vector<RecoveredScore>& scores);
+    // Asks for one of the versions that saves have replaced.
+    void OpenBackup();
     bool Save(WindowTarn& window);
     bool SaveAs(WindowTarn& window);
     void Export(WindowTarn& window);
@@ -28,6 +34,8 @@ public:
     bool CloseAll();
 
 private:
+    bool ShowOpened(WindowTarn* window, const Status& status, const std::vector<std::string>& healed,
+                    const std::string& about);
     bool AskToSave(WindowTarn& window);
     bool SaveTo(WindowTarn& window, const std::string& path);
     QString FolderOf(const WindowTarn* window) const;

@@ -3,14 +3,11 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QMimeData>
-#include <QTimer>
 #include <QUrl>
 #include <algorithm>
 
-#include "base/Assert.h"
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
-#include "session/Recovery.h"
 #include "shell/ActionSet.h"
 #include "shell/AuditionPlayer.h"
 #include "shell/PaletteDock.h"
@@ -25,6 +22,7 @@ namespace {
 
 constexpr const char* kPlaceKey = "Settings/Window";
 constexpr int kWidth = 1280, kHeight = 860;
+constexpr int kSafetyMilliseconds = 80;
 
 QByteArray ReadBytes(const SettingsStore& settings, const char* name) {
     std::vector<uint8_t> bytes;
@@ -37,17 +35,20 @@ void WriteBytes(SettingsStore& settings, const char* name, const QByteArray& byt
     settings.Write(kPlaceKey, name, {data, static_cast<size_t>(bytes.size())});
 }
 
+SessionParts WithShell(SessionParts parts, EditorShell& shell) {
+    parts.shell = &shell;
+    return parts;
+}
+
 }  // namespace
 
-MainFrame::MainFrame(FileLayer& files, SettingsStore& settings, const std::string& recoveryFolder)
+MainFrame::MainFrame(SessionParts parts, SettingsStore& settings)
     : _settings(settings),
-      _notices(
-          *this, [this](std::string_view text) { Tell(text); }, recoveryFolder),
-      _session({&files, &settings, this}),
+      _notices(*this, [this](std::string_view text) { Tell(text); }),
+      _session(WithShell(std::move(parts), *this)),
       _files(*this),
       _player([this] { RefreshActions(); }),
       _tabs(new ScoreTabs) {
-    RecoverInto(files, recoveryFolder);
     TakeSwitches();
     setWindowIcon(ToolIcon(ToolPicture::Program));
     setAcceptDrops(true);
@@ -68,7 +69,7 @@ MainFrame::MainFrame(FileLayer& files, SettingsStore& settings, const std::strin
 
 MainFrame::~MainFrame() {
     EndAuditions();
-    SetLastWords(nullptr);
+    _safety.stop();
     delete _tabs;  // the views before the scores that they show
 }
 
@@ -78,8 +79,19 @@ void MainFrame::Start(const std::vector<std::string>& paths) {
     QTimer::singleShot(0, this, [this, paths] {
         _notices.FrameIsShown();
         for (const std::string& path : paths) _files.OpenPath(path);
+        OfferRecovered();
     });
+    _safety.setSingleShot(true);
+    connect(&_safety, &QTimer::timeout, this, [this] { KeepSafe(); });
+    _safety.start(kSafetyMilliseconds);
 }
+
+void MainFrame::OfferRecovered() {
+    const std::vector<RecoveredScore> found = _session.FindRecovered();
+    if (!found.empty()) _files.OfferRecovered(found);
+}
+
+void MainFrame::KeepSafe() { _safety.start(_session.KeepSafe() ? 0 : kSafetyMilliseconds); }
 
 // ---- scores
 

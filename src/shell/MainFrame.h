@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 #include <memory>
 #include <string>
 
@@ -23,11 +24,12 @@ class ToolStrip;
 
 class MainFrame : public QMainWindow, public EditorShell {
 public:
-    // What it is given outlives it. An assertion writes changed scores to `recoveryFolder`.
-    MainFrame(FileLayer& files, SettingsStore& settings, const std::string& recoveryFolder);
+    // What it is given outlives it; the session's shell is the frame.
+    MainFrame(SessionParts parts, SettingsStore& settings);
     ~MainFrame() override;
 
-    // Opens the scores, or a new one where there is none, and shows itself.
+    // Opens the scores, or a new one where there is none, and shows itself; offers what an earlier run left
+    // unsaved.
     void Start(const std::vector<std::string>& paths);
 
     Session& TheSession() { return _session; }
@@ -71,6 +73,8 @@ private:
     void ShowWindowTitle();
     void TakeSwitches();
     DrawContext ScreenContext();
+    void OfferRecovered();
+    void KeepSafe();
     void RestorePlace();
     void KeepPlace();
 
@@ -79,6 +83,7 @@ private:
     Session _session;
     FileActions _files;
     PlayControl _player;
+    QTimer _safety;  // of unsaved work
     ScoreTabs* _tabs;
     PaletteDock* _palette = nullptr;
     std::unique_ptr<ActionSet> _actions;

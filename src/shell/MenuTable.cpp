@@ -103,6 +103,8 @@ bool IsSwitchOn(MainFrame&) {
 }
 
 using S = EditSwitches;
+// Entries of our own stand apart from the numbers that toolbars and scripts have always known.
+constexpr int kOpenBackupId = 40001;
 constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kNotes = "&Notes",
                      *kTools = "&Tools", *kMidi = "&MIDI", *kHelp = "&Help";
 
@@ -111,6 +113,7 @@ const MenuRow kRows[] = {
     {kFile, kNewId, "&New...", "Ctrl+N", [](MainFrame& f) { f.Files().New(); }, IsQuiet, {}, {}, ToolPicture::New},
     {kFile, kOpenId, "&Open...", "Ctrl+O", [](MainFrame& f) { f.Files().Open(); }, IsQuiet, {}, {}, ToolPicture::Open},
     {kFile, 57616, "&Recent Files", "", nullptr, IsQuiet, {}, FillRecent},
+    {kFile, kOpenBackupId, "Open &Backup...", "", [](MainFrame& f) { f.Files().OpenBackup(); }, IsQuiet},
     {kFile, 57602, "&Close", "Ctrl+W", OnScore<&FileActions::Close>, HasScore},
     {kFile, 0},
     {kFile, kSaveId, "&Save", "Ctrl+S", OnScore<&FileActions::Save>, IsQuietWithScore, {}, {}, ToolPicture::Save},

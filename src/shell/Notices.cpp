@@ -15,7 +15,6 @@ constexpr const char* kTitle = "Corvane";
 
 QWidget* frameInUse = nullptr;
 std::function<void(std::string_view)> tellInUse;
-QString recovery;
 QStringList waiting;
 bool isShown = false;
 
@@ -28,8 +27,7 @@ void ShowLastMessage(std::string_view text) {
     if (!qApp || QThread::currentThread() != qApp->thread()) return;
     for (QWidget* window : QApplication::topLevelWidgets()) window->hide();
     QMessageBox box(QMessageBox::Critical, kTitle, ToQt(text).trimmed());
-    box.setInformativeText(
-        "Corvane has to close. Scores with changes that were not saved are in the folder " + recovery + ".");
+    box.setInformativeText("Corvane has to close. What was not saved will be offered when it starts again.");
     box.exec();
 }
 
@@ -53,13 +51,13 @@ void Sink(Severity severity, std::string_view text) {
 void ShowMessage(QWidget* parent, std::string_view text, std::string_view about) {
     QMessageBox box(QMessageBox::Warning, kTitle, ToQt(text), QMessageBox::Ok, parent);
     box.setInformativeText(ToQt(about));
+    box.setStyleSheet("QLabel#qt_msgbox_informativelabel { min-width: 320px; }");
     box.exec();
 }
 
-Notices::Notices(QWidget& frame, std::function<void(std::string_view)> tell, std::string recoveryFolder) {
+Notices::Notices(QWidget& frame, std::function<void(std::string_view)> tell) {
     frameInUse = &frame;
     tellInUse = std::move(tell);
-    recovery = QString::fromStdString(recoveryFolder);
     SetNotifySink(Sink);
 }
 

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <functional>
-#include <string>
 #include <string_view>
 
 class QWidget;
@@ -14,7 +13,7 @@ namespace corvane {
 // frame is shown wait for it.
 class Notices {
 public:
-    Notices(QWidget& frame, std::function<void(std::string_view)> tell, std::string recoveryFolder);
+    Notices(QWidget& frame, std::function<void(std::string_view)> tell);
     ~Notices();
     Notices(const Notices&) = delete;
 

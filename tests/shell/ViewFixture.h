@@ -16,7 +16,7 @@ namespace corvane {
 
 class ViewTest : public testing::Test {
 protected:
-    ViewTest() : _session({&_files, nullptr, nullptr}) {
+    ViewTest() : _session(Parts(_files)) {
         window = _session.NewScore({4, 2}, "DS");
         window->Activate();
         Tools() = ToolState();
@@ -56,10 +56,16 @@ protected:
         const Measure* m = systemMeasures.First(system);
         for (int i = 1; i < measure; ++i) m = systemMeasures.Next(m);
         std::vector<int> lines;
-        for (VoiceSymbol* symbol : voiceSymbols.Of(measureStaffVoices.First(measureMeasureStaffs.First(m))))
+        for (VoiceSymbol* symbol : voiceSymbols.Of(measureStaffVoices.First(measureStaffs.First(m))))
             if (auto* chord = As<Chords>(symbol))
                 for (const GenericNote* note : chordNotes.Of(chord)) lines.push_back(note->_line);
         return lines;
+    }
+
+    static SessionParts Parts(FileLayer& files) {
+        SessionParts parts;
+        parts.files = &files;
+        return parts;
     }
 
     PosixFiles _files;
