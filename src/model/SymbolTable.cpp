@@ -21,11 +21,6 @@ FontSymbol* FindSymbol(const Document* document, std::string_view name) {
     return nullptr;
 }
 
-FontSymbol* UseOnceMore(FontSymbol* symbol) {
-    symbol->_useCount += 1;
-    return symbol;
-}
-
 void Destroy(FontSymbol* symbol) {
     if (auto* composite = As<CompositeSymbol>(symbol)) {
         while (FontSymbol* part = compositeParts.First(composite)) {
@@ -69,17 +64,18 @@ FontSymbol* Clone(const FontSymbol* symbol) {
 
 FontSymbol* LookupSymbol(Document* document, std::string_view name) {
     name = name.substr(0, name.find('\0'));
-    if (FontSymbol* symbol = FindSymbol(document, name)) return UseOnceMore(symbol);
+    if (FontSymbol* symbol = FindSymbol(document, name)) return ShareSymbol(symbol);
     const std::string canonical = CanonicalSymbolName(name);
     if (canonical != name)
-        if (FontSymbol* symbol = FindSymbol(document, canonical)) return UseOnceMore(symbol);
+        if (FontSymbol* symbol = FindSymbol(document, canonical)) return ShareSymbol(symbol);
     FontSymbol* symbol = MakeSymbol(document, canonical);
     documentFontSymbols.Add(document, symbol);
-    return UseOnceMore(symbol);
+    return ShareSymbol(symbol);
 }
 
 void ReleaseSymbol(Document* document, FontSymbol* symbol) {
     CORVANE_ASSERT(symbol);
+    if (symbol->_useCount == kCountlessUses) return;
     symbol->_useCount -= 1;
     if (symbol->_useCount > 0) return;
     documentFontSymbols.Remove(document, symbol);
@@ -105,7 +101,7 @@ FontSymbol* CopySymbol(Document* target, const FontSymbol* symbol) {
         copy = Clone(symbol);
         documentFontSymbols.Add(target, copy);
     }
-    return UseOnceMore(copy);
+    return ShareSymbol(copy);
 }
 
 std::string_view SymbolName(const FontSymbol* symbol) {

@@ -45,9 +45,14 @@ inline int32_t SymbolWidth(const FontSymbol* symbol, int32_t lineDistance, int32
 // modified.
 bool MeasureDirtySymbols(Document* document);
 
+// The count has 16 bits: at this many uses it stays where it is, and the symbol stays with the document.
+inline constexpr int16_t kCountlessUses = 32767;
+inline void CountUse(FontSymbol* symbol) {
+    if (symbol->_useCount != kCountlessUses) symbol->_useCount += 1;
+}
 // A second use of a symbol that is at hand.
 inline FontSymbol* ShareSymbol(FontSymbol* symbol) {
-    symbol->_useCount += 1;
+    CountUse(symbol);
     return symbol;
 }
 

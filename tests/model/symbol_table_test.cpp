@@ -29,6 +29,14 @@ TEST_F(SymbolTable, TwoUsesShareOneSymbolAndTwoReleasesGiveEverythingBack) {
     EXPECT_EQ(pool->Total(), total);
 }
 
+TEST_F(SymbolTable, ACountThatIsFullStaysAndKeepsTheSymbol) {
+    FontSymbol* head = LookupSymbol(document, "Quarto");
+    for (int uses = 1; uses < kCountlessUses + 5; ++uses) LookupSymbol(document, "Quarto");
+    EXPECT_EQ(head->_useCount, kCountlessUses);
+    for (int uses = 0; uses < kCountlessUses; ++uses) ReleaseSymbol(document, head);
+    EXPECT_EQ(documentFontSymbols.First(document), head) << "some uses may still stand";
+}
+
 TEST_F(SymbolTable, AFieldTakesReleasesAndDropsItsSymbol) {
     auto* note = Make<Note>();
     ChangeSymbol(document, note->_symbol, "Meta");
