@@ -1,5 +1,6 @@
 // The window.
 #include <QApplication>
+#include <cstdlib>
 
 #include "base/Notify.h"
 #include "cli/Program.h"
@@ -12,7 +13,19 @@
 #include "shell/UiMap.h"
 
 namespace corvane {
+namespace {
+
+// Without any of these Qt would end the program with words of its own.
+bool HasDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (const char* value = std::getenv(name); value && *value) return true;
+    return false;
+}
+
+}  // namespace
+
 int RunEditor(const std::vector<std::string>& files, int argc, char** argv) {
+    if (!HasDisplay()) return Refuse("there is no display; \"corvane --help\" tells what works without one");
     QApplication application(argc, argv);
     QApplication::setApplicationName("corvane");
     QApplication::setApplicationDisplayName("Corvane");

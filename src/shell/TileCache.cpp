@@ -10,6 +10,7 @@ namespace corvane {
 namespace {
 
 constexpr int32_t kSide = 1500;  // page units
+constexpr int32_t kSpill = 2;    // pixels that ink may stand out of its object's rectangle by rounding
 constexpr qsizetype kBudget = 96 << 20;
 
 Rect UnitsOf(const std::pair<int, int>& square, const Rect& page) {
@@ -43,11 +44,12 @@ void TileCache::Clear() {
     _bytes = 0;
 }
 
-void TileCache::DropDirty(NewWindowSheet& sheet, const Rect& page) {
+// What a tile shows may have spilt over its edges, so its neighbours go as well.
+void TileCache::DropDirty(NewWindowSheet& sheet, const Rect& page, const ViewScale& scale) {
     for (int tile = 0; tile < sheet.TileCount(); ++tile) {
         if (!sheet.IsDirty(tile)) continue;
         sheet.ClearDirty(tile);
-        ForEachSquare(sheet.TileRect(tile), page, [&](const Square& square) {
+        ForEachSquare(sheet.TileRect(tile).GrownBy(scale.Units(kSpill)), page, [&](const Square& square) {
             const auto found = _pictures.find(square);
             if (found == _pictures.end()) return;
             _bytes -= found->second.sizeInBytes();
@@ -58,14 +60,14 @@ void TileCache::DropDirty(NewWindowSheet& sheet, const Rect& page) {
 
 void TileCache::Paint(QPainter& painter, NewWindowSheet& sheet, const Rect& page, const ViewScale& scale,
                       const DrawContext& context, const QRect& exposed) {
-    DropDirty(sheet, page);
+    DropDirty(sheet, page, scale);
     ForEachSquare(UnitsAround(exposed, scale), page, [&](const Square& square) {
         const Rect units = UnitsOf(square, page), pixels = scale.Pixels(units);
         if (pixels.IsEmpty() || !ToQt(pixels).intersects(exposed)) return;
         QImage& picture = _pictures[square];
         if (picture.isNull()) {
             ImagePort port(units, scale.Zoom(), scale.Dpi());
-            sheet.Draw(port, units, context);
+            sheet.Draw(port, units.GrownBy(scale.Units(kSpill)), context);
             picture = port.Image();
             _bytes += picture.sizeInBytes();
             ++_made;

@@ -31,7 +31,7 @@ public:
 
 private:
     using Square = std::pair<int, int>;  // column, row
-    void DropDirty(NewWindowSheet& sheet, const Rect& page);
+    void DropDirty(NewWindowSheet& sheet, const Rect& page, const ViewScale& scale);
     void KeepWithinBudget(const QRect& exposed, const Rect& page, const ViewScale& scale);
 
     std::map<Square, QImage> _pictures;

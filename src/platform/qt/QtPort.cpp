@@ -44,6 +44,13 @@ QRegion ToQt(const WRegion& region) {
 
 QRectF ToQt(const DeviceRect& r) { return QRectF(r.left, r.top, r.Width(), r.Height()); }
 
+// Smoothing would leave the colour a shade short at places, and other ones where the picture starts elsewhere.
+void FillWholePixels(QPainter& painter, const QRect& rect, const QColor& colour) {
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.fillRect(rect, colour);
+    painter.setRenderHint(QPainter::Antialiasing);
+}
+
 QPolygonF ToQt(const std::vector<DevicePoint>& points) {
     QPolygonF polygon;
     polygon.reserve(static_cast<qsizetype>(points.size()));
@@ -165,7 +172,7 @@ bool QtPort::SnapLine(DevicePoint from, DevicePoint to, double width) {
         ink = WholePixels(0, std::min(from.y, to.y), 0, std::max(from.y, to.y));
         ink = QRect(NearestPixel(from.x - 0.5 * thick), ink.top(), thick, ink.height());
     }
-    _painter.fillRect(ink, corvane::ToQt(Ink()));
+    FillWholePixels(_painter, ink, corvane::ToQt(Ink()));
     return true;
 }
 
@@ -212,8 +219,8 @@ void QtPort::DoFillRect(const DeviceRect& rect) {
     const QRectF area = ToQt(rect).normalized();
     if (area.isEmpty()) return;
     if (_surface == Surface::Pixels)
-        _painter.fillRect(WholePixels(area.left(), area.top(), area.right(), area.bottom()),
-                          corvane::ToQt(Fill()));
+        FillWholePixels(_painter, WholePixels(area.left(), area.top(), area.right(), area.bottom()),
+                        corvane::ToQt(Fill()));
     else
         _painter.fillRect(area, corvane::ToQt(Fill()));
 }
@@ -236,7 +243,7 @@ void QtPort::DoPaintRegion(const WRegion& deviceRegion, bool invert) {
     if (invert) _painter.setCompositionMode(QPainter::CompositionMode_Difference);
     const QColor colour = corvane::ToQt(invert ? kWhite : Fill());
     for (const Rect& r : deviceRegion.Rects())
-        _painter.fillRect(QRect(r.left, r.top, r.Width(), r.Height()), colour);
+        FillWholePixels(_painter, QRect(r.left, r.top, r.Width(), r.Height()), colour);
     _painter.restore();
 }
 
