@@ -85,6 +85,9 @@ Measure* NextMeasure(const Measure* measure) {
 
 Measure* PrevMeasure(const Measure* measure) {
     if (Measure* before = systemMeasures.Prev(measure)) return before;
+    // A staff knows its measures both ways; the way back over pages is linear in them.
+    const MeasureStaff* crossing = measureStaffs.First(measure);
+    if (crossing && docStaffMeasureStaffs.IsLinked(crossing)) return MeasurePar(PrevOnStaff(crossing));
     const System* system = SystemPar(measure);
     const Page* page = PagePar(system);
     for (system = system ? pageSystems.Prev(system) : nullptr; page; system = pageSystems.Last(page)) {
