@@ -1,6 +1,7 @@
 #include "session/Backups.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
@@ -10,10 +11,10 @@
 namespace corvane {
 namespace {
 
-constexpr size_t kKeyLength = 16, kWhenLength = 19, kLongestStem = 120;
+constexpr size_t kKeyLength = 16, kWhenLength = 23, kToldLength = 19, kLongestStem = 120;
 constexpr const char* kOriginalEnding = ".path";
 
-// The parts of a backup's name: "Sonata 2026-11-21 04.30.42 0123456789abcdef.cvm".
+// The parts of a backup's name: "Sonata 2026-11-21 04.30.42.137 0123456789abcdef.cvm".
 struct BackupName {
     std::string stem, when, key, ending;
     std::string Text() const { return stem + " " + when + " " + key + ending; }
@@ -30,12 +31,16 @@ std::string KeyOf(const std::string& original) {
     return text;
 }
 
-std::string Now() {
-    const std::time_t now = std::time(nullptr);
+using Clock = std::chrono::system_clock;
+
+std::string WhenOf(Clock::time_point moment) {
+    const std::time_t seconds = Clock::to_time_t(moment);
+    const auto thousandths = moment.time_since_epoch() / std::chrono::milliseconds(1) % 1000;
     std::tm local{};
-    char text[32];
-    localtime_r(&now, &local);
-    std::strftime(text, sizeof text, "%Y-%m-%d %H.%M.%S", &local);
+    char text[48];
+    localtime_r(&seconds, &local);
+    const size_t length = std::strftime(text, sizeof text, "%Y-%m-%d %H.%M.%S", &local);
+    std::snprintf(text + length, sizeof text - length, ".%03d", static_cast<int>(thousandths));
     return text;
 }
 
@@ -61,7 +66,7 @@ bool ParseName(const std::string& name, BackupName& parts) {
     const size_t when = end - kTail + 1, key = end - kKeyLength;
     parts = {name.substr(0, when - 1), name.substr(when, kWhenLength), name.substr(key, kKeyLength),
              name.substr(end)};
-    return IsDigits(parts.when, "0000-00-00 00.00.00") &&
+    return IsDigits(parts.when, "0000-00-00 00.00.00.000") &&
            parts.key.find_first_not_of("0123456789abcdef") == std::string::npos && parts.Text() == name;
 }
 
@@ -112,16 +117,17 @@ Status Backups::Copy(const std::string& original, std::span<const uint8_t> bytes
         return Status::Ok();
     const std::filesystem::path name(NameOf(original));
     const std::string key = KeyOf(original);
-    BackupName parts{Shortened(name.stem().string(), kLongestStem), Now(), key,
+    BackupName parts{Shortened(name.stem().string(), kLongestStem), "", key,
                      Shortened(name.extension().string(), kKeyLength)};
     if (Status status = _files.MakeFolder(_folder); !status) return status;
     if (Status status = TellOriginal(key, original); !status) return status;
-    std::string copy = _folder + "/" + parts.Text();
-    const std::string stem = parts.stem;
-    for (int n = 2; Stands(copy); ++n) {
-        parts.stem = stem + " " + std::to_string(n);
+    std::string copy;
+    auto moment = Clock::now();
+    do {
+        parts.when = WhenOf(moment);
         copy = _folder + "/" + parts.Text();
-    }
+        moment += std::chrono::milliseconds(1);
+    } while (Stands(copy));
     if (Status status = ReplaceFile(_files, copy, bytes); !status) return status;
     Prune(original, copy);
     return Status::Ok();
@@ -167,11 +173,14 @@ std::vector<Backup> Backups::All() {
             backup.original = backup.title;
         else
             backup.title = NameOf(backup.original);
-        std::replace(backup.when.begin(), backup.when.end(), '.', ':');
         backups.push_back(std::move(backup));
     }
     std::stable_sort(backups.begin(), backups.end(),
                      [](const Backup& a, const Backup& b) { return a.when > b.when; });
+    for (Backup& backup : backups) {
+        backup.when.resize(kToldLength);
+        std::replace(backup.when.begin(), backup.when.end(), '.', ':');
+    }
     return backups;
 }
 
