@@ -72,7 +72,8 @@ void PaintDirtyTiles(benchmark::State& state) {
     for (int tile = 0; tile < window->Sheet().TileCount(); ++tile) dirty += window->Sheet().IsDirty(tile);
     for (auto _ : state)
         for (int tile = 0; tile < window->Sheet().TileCount(); ++tile)
-            if (window->Sheet().IsDirty(tile)) window->Sheet().Draw(port, window->Sheet().TileRect(tile), DrawContext());
+            if (window->Sheet().IsDirty(tile))
+                window->Sheet().Draw(port, window->Sheet().TileRect(tile), DrawContext());
     state.counters["tiles"] = dirty;
 }
 BENCHMARK(PaintDirtyTiles)->Unit(benchmark::kMillisecond);

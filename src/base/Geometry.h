@@ -21,7 +21,9 @@ struct Rect {
     constexpr int32_t Width() const { return right - left; }
     constexpr int32_t Height() const { return bottom - top; }
     constexpr bool IsEmpty() const { return right <= left || bottom <= top; }
-    constexpr Rect MovedBy(int32_t dx, int32_t dy) const { return {left + dx, top + dy, right + dx, bottom + dy}; }
+    constexpr Rect MovedBy(int32_t dx, int32_t dy) const {
+        return {left + dx, top + dy, right + dx, bottom + dy};
+    }
     constexpr Rect GrownBy(int32_t d) const { return {left - d, top - d, right + d, bottom + d}; }
     constexpr bool Meets(const Rect& o) const {
         return left < o.right && o.left < right && top < o.bottom && o.top < bottom;

@@ -13,7 +13,8 @@ enum class Severity {
 
 using NotifySink = void (*)(Severity, std::string_view text);
 
-// Installs who tells the person; null restores the default, which prints messages on stderr. Main thread only.
+// Installs who tells the person; null restores the default, which prints messages on stderr. Main thread
+// only.
 void SetNotifySink(NotifySink sink);
 
 // Tells the person; returns once they have been told. Main thread only, but for Fatal.

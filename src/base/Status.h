@@ -8,12 +8,12 @@ namespace corvane {
 
 enum class Fault {
     None,
-    NotFound,      // a path that cannot be read
-    ReadOnly,      // a path that cannot be written
-    Damaged,       // bytes that are no valid score, MIDI file, setting
-    Refused,       // a request that makes no sense for this score
-    Unsupported,   // an extension or kind that we do not handle
-    NoSpace,       // disk or memory ran out
+    NotFound,     // a path that cannot be read
+    ReadOnly,     // a path that cannot be written
+    Damaged,      // bytes that are no valid score, MIDI file, setting
+    Refused,      // a request that makes no sense for this score
+    Unsupported,  // an extension or kind that we do not handle
+    NoSpace,      // disk or memory ran out
 };
 
 class [[nodiscard]] Status {

@@ -1,5 +1,5 @@
-// The one range of 4 GiB of addresses in which every pool block lies. A stored pointer is the 32-bit distance from the
-// start of this range; distance 0 is null and is never handed out. Main thread only, but for Base().
+// The one range of 4 GiB of addresses in which every pool block lies. A stored pointer is the 32-bit distance
+// from the start of this range; distance 0 is null and is never handed out. Main thread only, but for Base().
 #pragma once
 
 #include <cstdint>
@@ -13,8 +13,8 @@ public:
     // The start of the range; fixed from the first Allocate to the end of the process.
     static uint8_t* Base() { return _base; }
 
-    // `bytes` zeroed bytes at the lowest free address that is not below `from`, in whole pages; null when none is left.
-    // OwnerOf answers `owner` for every address of them.
+    // `bytes` zeroed bytes at the lowest free address that is not below `from`, in whole pages; null when
+    // none is left. OwnerOf answers `owner` for every address of them.
     static uint8_t* Allocate(uint32_t bytes, void* owner, const uint8_t* from = nullptr);
 
     // Gives back what Allocate gave, with the same size.

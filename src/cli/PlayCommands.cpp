@@ -44,15 +44,16 @@ int RunPlay(const std::string& file, bool dry) {
     WindowTarn* window = program.OpenOrTell(file);
     if (!window) return kRefused;
     if (!dry) return PlayAloud(window->GetDocument());
-    DryPlay(window->GetDocument(), [](std::string_view line) { std::fwrite(line.data(), 1, line.size(), stdout); });
+    DryPlay(window->GetDocument(),
+            [](std::string_view line) { std::fwrite(line.data(), 1, line.size(), stdout); });
     return kDone;
 }
 
 int RunDevices() {
     std::puts("output -1  built-in synthesiser");
     for (const MidiDevice& device : ListMidiDevices())
-        std::printf("%-6s %2d  %s (%s)\n", device.isOutput ? "output" : "input", device.number, device.name.c_str(),
-                    device.system.c_str());
+        std::printf("%-6s %2d  %s (%s)\n", device.isOutput ? "output" : "input", device.number,
+                    device.name.c_str(), device.system.c_str());
     return kDone;
 }
 

@@ -21,7 +21,8 @@ WindowTarn* HeadlessProgram::OpenOrTell(const std::string& path) {
     std::vector<std::string> healed;
     WindowTarn* window = _session->Open(path, status, &healed);
     if (!window) Refuse(path + ": " + status.message());
-    for (const std::string& line : healed) std::fprintf(stderr, "corvane: %s: mended: %s\n", path.c_str(), line.c_str());
+    for (const std::string& line : healed)
+        std::fprintf(stderr, "corvane: %s: mended: %s\n", path.c_str(), line.c_str());
     return window;
 }
 

@@ -67,11 +67,13 @@ int RunInfo(const std::string& file, bool json) {
     WindowTarn* window = program.OpenOrTell(file);
     if (!window) return kRefused;
     const ScoreFacts facts = FactsOf(*window);
-    const char* format = json ? "{\"pages\": %d, \"systems\": %d, \"measures\": %d, \"staves\": %d, \"notes\": %ld, "
-                                "\"objects\": %ld, \"bytes\": %zu}\n"
-                              : "pages     %d\nsystems   %d\nmeasures  %d\nstaves    %d\nnotes     %ld\n"
-                                "objects   %ld\nbytes     %zu\n";
-    std::printf(format, facts.pages, facts.systems, facts.measures, facts.staves, facts.notes, facts.objects, facts.bytes);
+    const char* format =
+        json ? "{\"pages\": %d, \"systems\": %d, \"measures\": %d, \"staves\": %d, \"notes\": %ld, "
+               "\"objects\": %ld, \"bytes\": %zu}\n"
+             : "pages     %d\nsystems   %d\nmeasures  %d\nstaves    %d\nnotes     %ld\n"
+               "objects   %ld\nbytes     %zu\n";
+    std::printf(format, facts.pages, facts.systems, facts.measures, facts.staves, facts.notes, facts.objects,
+                facts.bytes);
     return kDone;
 }
 

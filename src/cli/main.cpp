@@ -11,7 +11,8 @@ struct Choice {
     std::function<int()> run;
 };
 
-CLI::App* Subcommand(CLI::App& app, const char* name, const char* what, Choice& choice, std::function<int()> run) {
+CLI::App* Subcommand(CLI::App& app, const char* name, const char* what, Choice& choice,
+                     std::function<int()> run) {
     CLI::App* sub = app.add_subcommand(name, what);
     sub->callback([&choice, run = std::move(run)] { choice.run = run; });
     return sub;
@@ -21,7 +22,8 @@ void AddFileCommands(CLI::App& app, Choice& choice) {
     static NewOptions create;
     CLI::App* sub = Subcommand(app, "new", "Make an empty score", choice, [] { return RunNew(create); });
     sub->add_option("OUT", create.out, "The score file to write")->required();
-    sub->add_option("--staves", create.staves, "Staves from the top: S single, D pair, B bass, E percussion, C custom")
+    sub->add_option("--staves", create.staves,
+                    "Staves from the top: S single, D pair, B bass, E percussion, C custom")
         ->capture_default_str();
     sub->add_option("--measures", create.measures, "Measures in a system")->capture_default_str();
     sub->add_option("--systems", create.systems, "Systems on a page")->capture_default_str();
@@ -40,7 +42,8 @@ void AddFileCommands(CLI::App& app, Choice& choice) {
 void AddScoreCommands(CLI::App& app, Choice& choice) {
     static std::string file;
     static bool json = false, dry = false;
-    CLI::App* sub = Subcommand(app, "info", "Tell what a score holds", choice, [] { return RunInfo(file, json); });
+    CLI::App* sub =
+        Subcommand(app, "info", "Tell what a score holds", choice, [] { return RunInfo(file, json); });
     sub->add_option("FILE", file, "A score file")->required();
     sub->add_flag("--json", json, "As one JSON object");
     sub = Subcommand(app, "check", "Prove the whole graph of a score file and print its first faults", choice,
@@ -51,7 +54,8 @@ void AddScoreCommands(CLI::App& app, Choice& choice) {
     sub->add_flag("--dry", dry, "On a simulated clock: print each message as TICK PORT STATUS DATA1 DATA2");
     Subcommand(app, "devices", "List MIDI inputs and outputs", choice, [] { return RunDevices(); });
     static std::string script = "-";
-    sub = Subcommand(app, "script", "Run editing steps, one a line", choice, [] { return RunScript(script); });
+    sub =
+        Subcommand(app, "script", "Run editing steps, one a line", choice, [] { return RunScript(script); });
     sub->add_option("FILE", script, "The steps; - for standard input")->capture_default_str();
 }
 

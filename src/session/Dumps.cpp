@@ -27,11 +27,13 @@ void DumpEvent(const VoiceSymbol* symbol, std::string& out) {
     if (const int dots = DotCount(symbol)) text += " dots " + Number(dots);
     if (const auto* chord = As<Chords>(symbol)) {
         const Stem* stem = StemOf(chord);
-        text += " stem " + Number(static_cast<int>(stem->_direction.Get())) + " length " + Number(stem->_length);
+        text +=
+            " stem " + Number(static_cast<int>(stem->_direction.Get())) + " length " + Number(stem->_length);
         if (BeamOf(stem)) text += " beamed";
         for (const GenericNote* note : chordNotes.Of(chord)) {
             text += " line " + Number(note->_line);
-            if (const auto alteration = static_cast<int>(note->_alteration.Get())) text += " alteration " + Number(alteration);
+            if (const auto alteration = static_cast<int>(note->_alteration.Get()))
+                text += " alteration " + Number(alteration);
             if (AccidentOf(note)) text += " accidental";
         }
     } else if (const auto* pause = As<Pause>(symbol); pause && BeamOf(pause)) {
@@ -42,7 +44,8 @@ void DumpEvent(const VoiceSymbol* symbol, std::string& out) {
 
 void DumpCrossing(const MeasureStaff* crossing, int number, std::string& out) {
     Line(out, 3, "staff " + Number(number));
-    for (const StaffMeasureSymbol* symbol : staffSymbols.Of(crossing)) Line(out, 4, InfoOf(symbol->ClassNumber())->name);
+    for (const StaffMeasureSymbol* symbol : staffSymbols.Of(crossing))
+        Line(out, 4, InfoOf(symbol->ClassNumber())->name);
     for (const Voice* voice : measureStaffVoices.Of(crossing)) {
         Line(out, 4, "voice " + Number(voice->_number));
         for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) DumpEvent(symbol, out);
@@ -56,10 +59,12 @@ Status DumpTree(WindowTarn& window, std::string& out) {
         for (const System* system : pageSystems.Of(page)) {
             Line(out, 1, "system " + Number(++systemNumber));
             for (const Measure* measure : systemMeasures.Of(system)) {
-                Line(out, 2, "measure " + Number(measure->_number) + " " + Number(measure->_num) + "/" +
-                                 Number(measure->_den));
+                Line(out, 2,
+                     "measure " + Number(measure->_number) + " " + Number(measure->_num) + "/" +
+                         Number(measure->_den));
                 int staffNumber = 0;
-                for (const MeasureStaff* crossing : measureStaffs.Of(measure)) DumpCrossing(crossing, ++staffNumber, out);
+                for (const MeasureStaff* crossing : measureStaffs.Of(measure))
+                    DumpCrossing(crossing, ++staffNumber, out);
             }
         }
     }
@@ -94,7 +99,8 @@ constexpr struct {
 
 int StaffCount(std::string_view staffs) {
     int count = 0;
-    for (const char letter : staffs) count += letter == 'D' ? 2 : letter == 'S' || letter == 'B' || letter == 'E' || letter == 'C';
+    for (const char letter : staffs)
+        count += letter == 'D' ? 2 : letter == 'S' || letter == 'B' || letter == 'E' || letter == 'C';
     return count;
 }
 
@@ -107,11 +113,13 @@ Status DumpScore(WindowTarn& window, std::string_view what, std::string& out) {
 }
 
 Status CheckNewScore(const PageLayout& layout, std::string_view staffs) {
-    if (layout.measuresPerSystem < 1) return {Fault::Refused, "The number of measures must be higher than 0!"};
+    if (layout.measuresPerSystem < 1)
+        return {Fault::Refused, "The number of measures must be higher than 0!"};
     if (layout.systemsPerPage < 1) return {Fault::Refused, "The number of systems must be higher than 0!"};
     if (layout.measuresPerSystem > kMostMeasures || layout.systemsPerPage > kMostSystems)
         return {Fault::Refused, "A new score takes at most 15 measures to a system and 15 systems to a page"};
-    if (StaffCount(staffs) > kMostStaffs) return {Fault::Refused, "It is impossible to insert more than 16 staves!"};
+    if (StaffCount(staffs) > kMostStaffs)
+        return {Fault::Refused, "It is impossible to insert more than 16 staves!"};
     const bool known = std::all_of(staffs.begin(), staffs.end(), [](char letter) {
         return std::string_view("SDCBE0123456789").find(letter) != std::string_view::npos;
     });

@@ -7,8 +7,8 @@ namespace corvane {
 
 class FileLayer;
 
-// From now on an assertion writes all changed scores to `folder` as "NAME-recovered.cvm" (numbered where that name is
-// taken). `files` outlives the program's work.
+// From now on an assertion writes all changed scores to `folder` as "NAME-recovered.cvm" (numbered where that
+// name is taken). `files` outlives the program's work.
 void RecoverInto(FileLayer& files, std::string folder);
 
 }  // namespace corvane

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "model/ClassTable.h"
 #include "base/Notify.h"
 #include "layout/PageLayout.h"
+#include "model/ClassTable.h"
 #include "model/Preferences.h"
 #include "model/ScoreCheck.h"
 #include "model/SymbolTable.h"
@@ -91,7 +91,8 @@ WindowTarn* Session::NewScore(const PageLayout& layout, const std::string& staff
     return Join(std::move(window));
 }
 
-// A window with what `load` fills its pool with, without an identity yet. Null, and nothing changed, where it fails.
+// A window with what `load` fills its pool with, without an identity yet. Null, and nothing changed, where it
+// fails.
 WindowTarn* Session::OpenBy(const Load& load, Status& status, std::vector<std::string>* healed) {
     NewMemoryPool* poolBefore = MemoryManager::Instance().GetCurrentPool();
     WindowTarn* active = WindowTarn::instance;
@@ -118,7 +119,9 @@ WindowTarn* Session::Open(const std::string& path, Status& status, std::vector<s
     std::vector<uint8_t> bytes;
     status = _parts.files->Read(path, bytes);
     if (!status) return nullptr;
-    const auto load = [&](NewMemoryPool& pool, LoadReport& report) { return ReadScore(pool, bytes, &report); };
+    const auto load = [&](NewMemoryPool& pool, LoadReport& report) {
+        return ReadScore(pool, bytes, &report);
+    };
     WindowTarn* window = OpenBy(load, status, healed);
     if (!window) return nullptr;
     const bool readOnly = (_backups && _backups->Holds(path)) || !_parts.files->CheckWritable(path).ok();
@@ -144,7 +147,8 @@ Status Session::Save(WindowTarn& window, const std::string& path) {
 }
 
 void Session::Close(WindowTarn* window) {
-    const auto found = std::find_if(_windows.begin(), _windows.end(), [&](const auto& w) { return w.get() == window; });
+    const auto found =
+        std::find_if(_windows.begin(), _windows.end(), [&](const auto& w) { return w.get() == window; });
     if (found == _windows.end()) return;
     if (_journals) _journals->Close(**found, false);
     _windows.erase(found);
@@ -160,9 +164,12 @@ std::vector<RecoveredScore> Session::FindRecovered() {
     return _recovered ? _recovered->Find() : std::vector<RecoveredScore>();
 }
 
-WindowTarn* Session::OpenRecovered(const RecoveredScore& score, Status& status, std::vector<std::string>* healed) {
+WindowTarn* Session::OpenRecovered(const RecoveredScore& score, Status& status,
+                                   std::vector<std::string>* healed) {
     const RecoveredScore item = score;
-    const auto load = [&](NewMemoryPool& pool, LoadReport& report) { return _recovered->Load(item, pool, report); };
+    const auto load = [&](NewMemoryPool& pool, LoadReport& report) {
+        return _recovered->Load(item, pool, report);
+    };
     WindowTarn* window = OpenBy(load, status, healed);
     if (!window) return nullptr;
     const bool readOnly = !item.neverSaved && !_parts.files->CheckWritable(item.path).ok();
@@ -186,7 +193,9 @@ WindowTarn* Session::OpenBackup(const Backup& backup, Status& status, std::vecto
     std::vector<uint8_t> bytes;
     status = _parts.files->Read(backup.path, bytes);
     if (!status) return nullptr;
-    const auto load = [&](NewMemoryPool& pool, LoadReport& report) { return ReadScore(pool, bytes, &report); };
+    const auto load = [&](NewMemoryPool& pool, LoadReport& report) {
+        return ReadScore(pool, bytes, &report);
+    };
     WindowTarn* window = OpenBy(load, status, healed);
     if (window) window->SetIdentity(backup.title + " (" + backup.when + ")", backup.title, false, true);
     return window;

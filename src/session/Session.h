@@ -1,5 +1,5 @@
-// Start-up and shut-down order, the score windows, new, open, save, close. All of it runs without a screen. Main thread
-// only.
+// Start-up and shut-down order, the score windows, new, open, save, close. All of it runs without a screen.
+// Main thread only.
 #pragma once
 
 #include <functional>
@@ -25,40 +25,45 @@ class Journals;
 struct SessionParts {
     FileLayer* files = nullptr;
     SettingsStore* settings = nullptr;
-    EditorShell* shell = nullptr;          // null for a headless run
-    JournalFolder* journals = nullptr;     // null where no unsaved work is kept
-    std::string stateFolder;               // of backups and of what an assertion saves; empty for none
+    EditorShell* shell = nullptr;       // null for a headless run
+    JournalFolder* journals = nullptr;  // null where no unsaved work is kept
+    std::string stateFolder;            // of backups and of what an assertion saves; empty for none
 };
 
 class Session {
 public:
-    // The fixed order: memory, class table, settings (missing ones are created with defaults), command observer.
+    // The fixed order: memory, class table, settings (missing ones are created with defaults), command
+    // observer.
     explicit Session(const SessionParts& parts);
     // Closes all windows. What is still unsaved then was closed by nobody: it is left to the next start.
     ~Session();
 
-    // A new score titled "Untitled" in a window of its own, which becomes active. Staffs: letters of a staff string.
+    // A new score titled "Untitled" in a window of its own, which becomes active. Staffs: letters of a staff
+    // string.
     WindowTarn* NewScore();  // by the preferences
     WindowTarn* NewScore(const PageLayout& layout, const std::string& staffs);
-    // A window with the score of a file. Null with "File not found" or "Invalid file"; nothing else has changed then.
-    // `healed` gets a line for each thing that was mended on the way in.
+    // A window with the score of a file. Null with "File not found" or "Invalid file"; nothing else has
+    // changed then. `healed` gets a line for each thing that was mended on the way in.
     WindowTarn* Open(const std::string& path, Status& status, std::vector<std::string>* healed = nullptr);
-    // Writes the window's score; on success its path, title and modified mark follow. The version that another session
-    // wrote is kept as a backup first; when that fails the save goes on and the person is told.
+    // Writes the window's score; on success its path, title and modified mark follow. The version that
+    // another session wrote is kept as a backup first; when that fails the save goes on and the person is
+    // told.
     Status Save(WindowTarn& window, const std::string& path);
     // Unsaved work goes with the window.
     void Close(WindowTarn* window);
 
     // ---- unsaved work, kept against the end of the program or the machine
-    // To be called at least every 100 ms while no event waits: some milliseconds of work at most. True when more is to be
-    // done at the next chance.
+    // To be called at least every 100 ms while no event waits: some milliseconds of work at most. True when
+    // more is to be done at the next chance.
     bool KeepSafe();
     // Everything, now: before the program is ended from outside.
     void MakeSafe();
     // What programs left that are gone, newest first. It stays on the disk until it is opened or discarded.
     std::vector<RecoveredScore> FindRecovered();
-    // In a window of its own, changed, under its path or as never saved. Null with "Invalid file"; the work stays then.
-    WindowTarn* OpenRecovered(const RecoveredScore& score, Status& status, std::vector<std::string>* healed = nullptr);
+    // In a window of its own, changed, under its path or as never saved. Null with "Invalid file"; the work
+    // stays then.
+    WindowTarn* OpenRecovered(const RecoveredScore& score, Status& status,
+                              std::vector<std::string>* healed = nullptr);
     void DiscardRecovered(const RecoveredScore& score);
 
     // ---- backups, newest first; of one file or, with an empty path, of all
@@ -81,8 +86,8 @@ private:
 
     SessionParts _parts;
     SessionPreferences _preferences;
-    std::unique_ptr<Backups> _backups;        // null where none are kept
-    std::unique_ptr<Journals> _journals;      // null where no unsaved work is kept
+    std::unique_ptr<Backups> _backups;         // null where none are kept
+    std::unique_ptr<Journals> _journals;       // null where no unsaved work is kept
     std::unique_ptr<RecoveryList> _recovered;  // as _journals
     std::vector<std::unique_ptr<WindowTarn>> _windows;
 };

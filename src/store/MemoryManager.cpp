@@ -25,7 +25,8 @@ NewMemoryPool* MemoryManager::NewPool(uint32_t size) {
 }
 
 void MemoryManager::DeletePool(NewMemoryPool* pool) {
-    const auto found = std::find_if(_pools.begin(), _pools.end(), [&](const auto& p) { return p.get() == pool; });
+    const auto found =
+        std::find_if(_pools.begin(), _pools.end(), [&](const auto& p) { return p.get() == pool; });
     CORVANE_ASSERT_AS(found != _pools.end(), "pool");
     if (_currentPool == pool) _currentPool = nullptr;
     _pools.erase(found);

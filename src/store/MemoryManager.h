@@ -1,5 +1,6 @@
-// The session's front to the pools. All persistent allocation and every Touch go to the current pool; whoever works on
-// another score than the active one sets its pool first and restores the former (PoolScope). Main thread only.
+// The session's front to the pools. All persistent allocation and every Touch go to the current pool; whoever
+// works on another score than the active one sets its pool first and restores the former (PoolScope). Main
+// thread only.
 #pragma once
 
 #include <memory>
@@ -17,7 +18,8 @@ public:
 
     // A new pool, made the current one.
     NewMemoryPool* NewPool(uint32_t size = 0);
-    // Frees the pool and all in it. The current pool is not changed, unless it was this one: then there is none.
+    // Frees the pool and all in it. The current pool is not changed, unless it was this one: then there is
+    // none.
     void DeletePool(NewMemoryPool* pool);
     size_t PoolCount() const { return _pools.size(); }
 

@@ -26,8 +26,10 @@ void ForEachHole(BlockTrailer& trailer, Visit visit) {
         CORVANE_ASSERT_AS(hole->size.Get() % kGranule == 0, "!(objDim%10)");
         const uint32_t behind = hole->next.Get();
         if (visit(*hole, *link)) return;
-        if (HoleAt(link->Get()) == hole) link = &hole->next;
-        else CORVANE_ASSERT(link->Get() == behind);
+        if (HoleAt(link->Get()) == hole)
+            link = &hole->next;
+        else
+            CORVANE_ASSERT(link->Get() == behind);
     }
 }
 
@@ -239,9 +241,12 @@ void* NewMemoryPool::NextObject(const void* object) const {
             place = block->start;
         }
         const int16_t word = WordAt(place);
-        if (word == kHoleWord) place += reinterpret_cast<const Hole*>(place)->size.Get();
-        else if (word == 0) place += kGranule;
-        else return place + kWordSize;
+        if (word == kHoleWord)
+            place += reinterpret_cast<const Hole*>(place)->size.Get();
+        else if (word == 0)
+            place += kGranule;
+        else
+            return place + kWordSize;
     }
 }
 

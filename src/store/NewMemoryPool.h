@@ -1,8 +1,8 @@
-// The pool of one score: a ring of equal blocks in ascending address order, each packed with objects behind their
-// 16-bit words. Undo is a copy of each block made before its first change in a command.
+// The pool of one score: a ring of equal blocks in ascending address order, each packed with objects behind
+// their 16-bit words. Undo is a copy of each block made before its first change in a command.
 //
-// Not for threads: main thread only. Running out of address space for a block is an assertion, but for blocks that a
-// load asks for.
+// Not for threads: main thread only. Running out of address space for a block is an assertion, but for blocks
+// that a load asks for.
 #pragma once
 
 #include <array>
@@ -19,7 +19,8 @@ struct ClassInfo;
 
 class NewMemoryPool {
 public:
-    // With 0 a pool of growing blocks of 150040 bytes; with a size, one first block with that many usable bytes.
+    // With 0 a pool of growing blocks of 150040 bytes; with a size, one first block with that many usable
+    // bytes.
     explicit NewMemoryPool(uint32_t size = 0);
     ~NewMemoryPool();  // frees all objects at once; no destructor of theirs runs
     NewMemoryPool(const NewMemoryPool&) = delete;
@@ -28,7 +29,8 @@ public:
     void* Allocate(int16_t classNumber, int32_t size);
     // A zeroed raw block of at least `size` bytes; null for a size below 0 or above 31989.
     void* AllocateRaw(int32_t size);
-    // Back to the holes. All stored pointers of the object must be null ("Invalid_deallocation"); null is ignored.
+    // Back to the holes. All stored pointers of the object must be null ("Invalid_deallocation"); null is
+    // ignored.
     void Release(void* object);
 
     // The write barrier: the first touch of a block in a recorded command copies the block aside.
@@ -43,9 +45,11 @@ public:
     bool UndoEnabled() const { return _undoEnabled; }
     bool Recording() const { return _recording; }
 
-    // Counts on with every block that a command, an undo or a redo changes; each block tells the count of its last.
+    // Counts on with every block that a command, an undo or a redo changes; each block tells the count of its
+    // last.
     uint64_t Changes() const { return _changes; }
-    // Whether something was written outside a recorded command since the last question: the count does not tell where.
+    // Whether something was written outside a recorded command since the last question: the count does not
+    // tell where.
     bool TakeUnrecorded() { return std::exchange(_unrecorded, false); }
 
     bool Modified() const { return _modified; }
@@ -60,7 +64,9 @@ public:
     uint64_t Total() const { return _total; }  // usable bytes of the blocks that take part in the score
     uint64_t Free() const { return _free; }    // bytes in their holes
     uint32_t BlockCount() const { return static_cast<uint32_t>(_blocks.size()); }
-    const PoolBlock& Block(uint32_t place) const { return *_blocks[place]; }  // in address order, released ones too
+    const PoolBlock& Block(uint32_t place) const {
+        return *_blocks[place];
+    }  // in address order, released ones too
     // The block of an address of this pool; null for any other address.
     const PoolBlock* BlockOf(const void* address) const;
 
@@ -70,11 +76,12 @@ public:
     void* FirstObject() const;
     void* NextObject(const void* object) const;
 
-    // For loads: appends at ascending addresses without searching holes. The pool must be empty at first; FinishFilling
-    // turns what is left of the last block into a hole. False, and nothing done, when there is no room for a block.
+    // For loads: appends at ascending addresses without searching holes. The pool must be empty at first;
+    // FinishFilling turns what is left of the last block into a hole. False, and nothing done, when there is
+    // no room for a block.
     bool StartFilling();
     uint8_t* FillPlace() const { return _cursor; }
-    uint32_t FillOffset() const;                // bytes used in the block being filled
+    uint32_t FillOffset() const;  // bytes used in the block being filled
     void AdvanceFilling(uint32_t bytes) { _cursor += bytes; }
     bool NextFillingBlock();
     void FinishFilling();

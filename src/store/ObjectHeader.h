@@ -1,7 +1,7 @@
 // Words, sizes and the arithmetic of places in a pool block. DO NOT CHANGE: files rest on these numbers.
 //
-// The unit of a block is the granule of 10 bytes. An object, a hole or a raw block starts on a granule with a 16-bit
-// word that tells what it is; an object's first byte stands behind its word.
+// The unit of a block is the granule of 10 bytes. An object, a hole or a raw block starts on a granule with a
+// 16-bit word that tells what it is; an object's first byte stands behind its word.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ inline constexpr int16_t kTrailerWord = 32001;
 inline constexpr int32_t kLargestObject = 31999;  // bytes of a typed object
 inline constexpr int32_t kLargestRaw = 31989;     // bytes of a raw block
 inline constexpr uint32_t kTrailerSize = 40;
-inline constexpr uint32_t kSnapshotGap = 28;      // the last bytes of a block that snapshots leave out
+inline constexpr uint32_t kSnapshotGap = 28;  // the last bytes of a block that snapshots leave out
 inline constexpr uint32_t kDefaultPoolSize = 150040;
 
 inline int16_t WordAt(const uint8_t* place) {

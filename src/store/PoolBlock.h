@@ -10,16 +10,16 @@ class NewMemoryPool;
 
 // The last 40 bytes of a block. Links are distances in the stored space.
 struct BlockTrailer {
-    Packed2<int16_t> word;            // kTrailerWord
+    Packed2<int16_t> word;  // kTrailerWord
     Packed2<int16_t> unused2;
     Packed2<uint32_t> firstHole;
     uint8_t unused8[12];
-    Packed2<uint32_t> next, prev;     // trailers; a ring in ascending address order
+    Packed2<uint32_t> next, prev;  // trailers; a ring in ascending address order
     uint8_t unused28[4];
-    Packed2<uint32_t> undoSnapshot;   // the block's first size - 28 bytes before the command
-    uint8_t touched;                  // in the current command
-    uint8_t added;                    // in the current command
-    uint8_t released;                 // wholly free: takes no part in the score
+    Packed2<uint32_t> undoSnapshot;  // the block's first size - 28 bytes before the command
+    uint8_t touched;                 // in the current command
+    uint8_t added;                   // in the current command
+    uint8_t released;                // wholly free: takes no part in the score
     uint8_t unused39;
 };
 static_assert(sizeof(BlockTrailer) == kTrailerSize);
@@ -35,11 +35,11 @@ static_assert(sizeof(Hole) == kGranule);
 struct PoolBlock {
     NewMemoryPool* pool = nullptr;
     uint8_t* start = nullptr;
-    uint32_t size = 0;        // trailer included
-    uint32_t largestHole = 0; // never less than the largest hole; more until a search finds out
-    uint32_t place = 0;       // among the pool's blocks, by address
-    uint64_t change = 0;      // of the pool's changes, the last that it saw
-    bool noted = false;       // among the blocks that the command has changed
+    uint32_t size = 0;         // trailer included
+    uint32_t largestHole = 0;  // never less than the largest hole; more until a search finds out
+    uint32_t place = 0;        // among the pool's blocks, by address
+    uint64_t change = 0;       // of the pool's changes, the last that it saw
+    bool noted = false;        // among the blocks that the command has changed
 
     BlockTrailer& Trailer() const { return *reinterpret_cast<BlockTrailer*>(start + size - kTrailerSize); }
     uint32_t Usable() const { return size - kTrailerSize; }

@@ -1,9 +1,11 @@
-// Intrusive one-to-many relations. The parent embeds a Top, the child a Bot; both hold links to each other's ends.
+// Intrusive one-to-many relations. The parent embeds a Top, the child a Bot; both hold links to each other's
+// ends.
 //
-// A parent end points at the last child; the children form a ring, last to first. A child in no relation has null
-// links. Four kinds differ in what a child carries: DoubleAggregation (next, prev, source), SingleAggregation (next,
-// source), SingleCollection and SingleRing (next). Third argument of an end: the domain; persistent links are stored
-// pointers and every write touches its block first, transient ones are native pointers.
+// A parent end points at the last child; the children form a ring, last to first. A child in no relation has
+// null links. Four kinds differ in what a child carries: DoubleAggregation (next, prev, source),
+// SingleAggregation (next, source), SingleCollection and SingleRing (next). Third argument of an end: the
+// domain; persistent links are stored pointers and every write touches its block first, transient ones are
+// native pointers.
 //
 // Cost: Add is constant; Remove of a double aggregation is constant, of the other kinds linear in the ring.
 #pragma once
@@ -240,18 +242,18 @@ private:
 }  // namespace relation
 
 // The ends that classes embed. T is the embedding class, N the relation's number, D its domain.
-#define CORVANE_RELATION_ENDS(Top, Bot, ChildKind)                                 \
-    template <class T, int N, int D>                                               \
-    struct Bot : relation::ChildKind<D> {                                          \
-        using Owner = T;                                                           \
-        using End = relation::ChildKind<D>;                                        \
-        static constexpr int kNumber = N, kDomain = D;                             \
-    };                                                                             \
-    template <class T, int N, int D>                                               \
-    struct Top : relation::ParentEnd<relation::ChildKind<D>, D> {                  \
-        using Owner = T;                                                           \
-        using End = relation::ParentEnd<relation::ChildKind<D>, D>;                \
-        static constexpr int kNumber = N, kDomain = D;                             \
+#define CORVANE_RELATION_ENDS(Top, Bot, ChildKind)                  \
+    template <class T, int N, int D>                                \
+    struct Bot : relation::ChildKind<D> {                           \
+        using Owner = T;                                            \
+        using End = relation::ChildKind<D>;                         \
+        static constexpr int kNumber = N, kDomain = D;              \
+    };                                                              \
+    template <class T, int N, int D>                                \
+    struct Top : relation::ParentEnd<relation::ChildKind<D>, D> {   \
+        using Owner = T;                                            \
+        using End = relation::ParentEnd<relation::ChildKind<D>, D>; \
+        static constexpr int kNumber = N, kDomain = D;              \
     };
 
 CORVANE_RELATION_ENDS(TopT, BotT, DoubleChild)

@@ -1,5 +1,5 @@
-// Fields of records. Reading is plain; every write goes through the write barrier first, so that undo sees it.
-// A field lives in a pool of the current score; main thread only for writes.
+// Fields of records. Reading is plain; every write goes through the write barrier first, so that undo sees
+// it. A field lives in a pool of the current score; main thread only for writes.
 #pragma once
 
 #include <cstdint>
@@ -33,7 +33,8 @@ private:
     Packed2<T> _value;
 };
 
-// A stored pointer: a 32-bit distance from the start of the stored space. `pointer = object` touches and writes.
+// A stored pointer: a 32-bit distance from the start of the stored space. `pointer = object` touches and
+// writes.
 template <class T>
 class Ptr {
 public:

@@ -44,7 +44,8 @@ TEST_F(Dispatch, GapsAreSharedInProportionToHeights) {
     upper->_top = 1000, upper->_bottom = 2000;
     lower->_top = 3000, lower->_bottom = 6000;
     EXPECT_EQ(FindSystem(page, 2249), upper);
-    EXPECT_EQ(FindSystem(page, 2250), lower) << "exactly on the boundary: a quarter of the gap, to the lower one";
+    EXPECT_EQ(FindSystem(page, 2250), lower)
+        << "exactly on the boundary: a quarter of the gap, to the lower one";
     upper->_bottom = 1000, lower->_bottom = 3000;
     EXPECT_EQ(FindSystem(page, 1999), upper) << "without heights the gap is halved";
     EXPECT_EQ(FindSystem(page, 2000), lower);
@@ -52,7 +53,8 @@ TEST_F(Dispatch, GapsAreSharedInProportionToHeights) {
     Measure* first = systemMeasures.First(upper);
     EXPECT_EQ(FindMeasure(upper, 0), first);
     EXPECT_EQ(FindMeasure(upper, 99999), systemMeasures.Last(upper));
-    EXPECT_EQ(FindMeasure(upper, OriginOf(upper).x + first->_right), first) << "an edge belongs to the first that has it";
+    EXPECT_EQ(FindMeasure(upper, OriginOf(upper).x + first->_right), first)
+        << "an edge belongs to the first that has it";
 }
 
 TEST_F(Dispatch, EraserLeavesARestOrClosesUp) {
@@ -119,7 +121,8 @@ TEST_F(Dispatch, OneStepOfUndoAndRedo) {
 TEST_F(Dispatch, WindowsKeepTheirScoresApart) {
     auto other = Open("S", 2, 1);
     Enter(kQuarter, 1, 1, 100, 3);
-    EXPECT_EQ(DumpNotes(other->GetDocument()), "") << "a press goes to the window it falls on, not the active one";
+    EXPECT_EQ(DumpNotes(other->GetDocument()), "")
+        << "a press goes to the window it falls on, not the active one";
     EXPECT_EQ(WindowTarn::instance, window.get());
     EXPECT_FALSE(other->CanUndo());
     other->Activate();

@@ -52,7 +52,9 @@ protected:
         while (--number > 0) measure = NextMeasure(measure);
         return measure;
     }
-    MeasureStaff* Crossing(int measure, int staff) { return MeasureStaffAt(MeasureNumber(measure), StaffNumber(staff)); }
+    MeasureStaff* Crossing(int measure, int staff) {
+        return MeasureStaffAt(MeasureNumber(measure), StaffNumber(staff));
+    }
 
     // Page units of a place: per mille of the note area, staff step.
     Point At(int measure, int staff, int perMille, int line) {
@@ -93,8 +95,19 @@ protected:
 
 // Palette items of group 1.
 enum NoteItems {
-    kWhole = 3, kHalf = 5, kQuarter = 7, kEighth = 9, kSixteenth = 11, kWholeRest = 4, kHalfRest = 6, kQuarterRest = 8,
-    kEighthRest = 10, kDot = 20, kSharp = 23, kFlat = 24, kNatural = 26
+    kWhole = 3,
+    kHalf = 5,
+    kQuarter = 7,
+    kEighth = 9,
+    kSixteenth = 11,
+    kWholeRest = 4,
+    kHalfRest = 6,
+    kQuarterRest = 8,
+    kEighthRest = 10,
+    kDot = 20,
+    kSharp = 23,
+    kFlat = 24,
+    kNatural = 26
 };
 
 }  // namespace corvane

@@ -28,7 +28,8 @@ TEST_F(Insertion, NotesStandInProportionAndSoundAtTheirTimes) {
     const auto events = Events(1, 1);
     ASSERT_EQ(events.size(), 3u);
     EXPECT_EQ(XOf(events[0]), 0);
-    EXPECT_NEAR(XOf(events[1]) * 2, XOf(events[2]) - XOf(events[1]), 1) << "a half note takes twice a quarter's room";
+    EXPECT_NEAR(XOf(events[1]) * 2, XOf(events[2]) - XOf(events[1]), 1)
+        << "a half note takes twice a quarter's room";
     EXPECT_EQ(Notes(), "1 1 0 1 2 0 1 1 67 64\n1 2 0 1 4 0 1 1 72 64\n1 4 0 1 5 0 1 1 71 64\n");
     EXPECT_TRUE(IsUp(StemOf(As<Chords>(events[2]))->_direction)) << "the middle line is stemmed up";
     EXPECT_FALSE(IsUp(StemOf(As<Chords>(events[1]))->_direction));
@@ -52,7 +53,8 @@ TEST_F(Insertion, FullMeasuresRefuseWithoutATrace) {
     ExpectSound();
     window->Undo();
     ExpectSound();
-    EXPECT_EQ(Events(1, 1).size(), 5u) << "the refusal is a step of its own: undo steps back to the refused rest";
+    EXPECT_EQ(Events(1, 1).size(), 5u)
+        << "the refusal is a step of its own: undo steps back to the refused rest";
 }
 
 TEST_F(Insertion, AWholeRestFillsAnyEmptyVoiceAndStandsInTheMiddle) {

@@ -68,7 +68,8 @@ protected:
         Stem* stem = StemOf(chord);
         SetDirection(stem, direction);
         std::vector<int> sides;
-        for (const GenericNote* note : stemNotes.Of(stem)) sides.push_back(static_cast<int>(note->_side.Get()));
+        for (const GenericNote* note : stemNotes.Of(stem))
+            sides.push_back(static_cast<int>(note->_side.Get()));
         return sides;
     }
 
@@ -98,7 +99,8 @@ TEST_F(Notes, DurationsCountValuesDotsAndTuplets) {
 }
 
 TEST_F(Notes, DenominatorsOfNoPowerOfTwoCountAsTheOneBelow) {
-    for (const auto& [denominator, effective] : {std::pair{4, 4}, {6, 4}, {5, 4}, {7, 4}, {12, 8}, {1, 1}, {128, 128}, {0, 1}})
+    for (const auto& [denominator, effective] :
+         {std::pair{4, 4}, {6, 4}, {5, 4}, {7, 4}, {12, 8}, {1, 1}, {128, 128}, {0, 1}})
         EXPECT_EQ(EffectiveDenominator(denominator), effective) << denominator;
 }
 
@@ -136,7 +138,7 @@ TEST_F(Notes, EachClefPutsItsOwnPitchOnItsOwnLine) {
     // C clefs hold middle C, G clefs G, F clefs the F below.
     const struct {
         int code, line, key;
-    } cases[] = {{1, 3, 67}, {2, 7, 53}, {3, 3, 79}, {4, 3, 55}, {5, 7, 41}, {6, 9, 60}, {7, 7, 60},
+    } cases[] = {{1, 3, 67}, {2, 7, 53}, {3, 3, 79},  {4, 3, 55},  {5, 7, 41},  {6, 9, 60}, {7, 7, 60},
                  {8, 5, 60}, {9, 3, 60}, {10, 1, 60}, {11, 1, 64}, {12, 1, 64}, {13, 1, 64}};
     for (const auto& c : cases)
         EXPECT_EQ(60 + SemitonesOfStep(DiatonicStep(c.code, c.line)), c.key) << "clef " << c.code;

@@ -123,7 +123,9 @@ TEST_F(Paths, WalksDownToNotesFillEveryLevel) {
     EXPECT_EQ(Count<MeasureStemIterator>(MeasureCrd(systemCrd, measure)), 6);
     EXPECT_EQ(Count<DocMeasureStaffIterator>(DocCrd(document)), 8);
     EXPECT_EQ(Count<SystemVoiceIterator>(systemCrd), 4);
-    EXPECT_EQ(Count<DocStaffVoiceSymbolIterator>(DocStaffCrd(DocCrd(document), documentDocStaffs.First(document))), 3);
+    EXPECT_EQ(
+        Count<DocStaffVoiceSymbolIterator>(DocStaffCrd(DocCrd(document), documentDocStaffs.First(document))),
+        3);
     SystemGenericNoteIterator walk;
     walk.Start(systemCrd);
     while (GenericNote* note = walk.Next()) {

@@ -1,7 +1,7 @@
 // What comes back after a program was killed, and what is left alone.
 #include "base/Notify.h"
-#include "recovery_MemoryJournals.h"
 #include "model/Preferences.h"
+#include "recovery_MemoryJournals.h"
 #include "recovery_fixture.h"
 #include "session/JournalReader.h"
 #include "session/Journals.h"

@@ -1,6 +1,7 @@
 // Scores as the session makes, saves, opens and closes them; scripts.
-#include <gtest/gtest.h>
+#include "session/Session.h"
 
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -15,7 +16,6 @@
 #include "play/DryPlay.h"
 #include "play/NoteDump.h"
 #include "session/ScriptRunner.h"
-#include "session/Session.h"
 
 namespace corvane {
 namespace {
@@ -51,13 +51,17 @@ protected:
     }
     Status Run(const std::string& script) {
         out.clear();
-        ScriptRunner runner(*session, [this](WindowTarn&, const std::string& path, int page, int) {
-            exported = path + " " + std::to_string(page);
-            return Status::Ok();
-        }, out);
+        ScriptRunner runner(
+            *session,
+            [this](WindowTarn&, const std::string& path, int page, int) {
+                exported = path + " " + std::to_string(page);
+                return Status::Ok();
+            },
+            out);
         return runner.Run(script);
     }
-    // A piece on both staves in two voices, with dots, accidentals, rests and beams, at the places of the default score.
+    // A piece on both staves in two voices, with dots, accidentals, rests and beams, at the places of the
+    // default score.
     const char* kPiece =
         "new D 5 3\n"
         "item 1 7\npress 2450 2150\npress 2900 2100\npress 3300 2050 # three quarters\n"
@@ -118,8 +122,10 @@ TEST_F(SessionTest, RefusedFilesChangeNothing) {
     const struct {
         std::string path;
         const char* message;
-    } cases[] = {{Path("missing.cvm"), "File not found"}, {Path("half.cvm"), "Invalid file"},
-                 {Path("text.cvm"), "Invalid file"},      {Path("config"), "File not found"}};
+    } cases[] = {{Path("missing.cvm"), "File not found"},
+                 {Path("half.cvm"), "Invalid file"},
+                 {Path("text.cvm"), "Invalid file"},
+                 {Path("config"), "File not found"}};
     const size_t pools = MemoryManager::Instance().PoolCount();
     for (const auto& c : cases) {
         SCOPED_TRACE(c.path);
@@ -187,7 +193,8 @@ TEST_F(SessionTest, SettingsAndRecentFilesSurviveARestart) {
     session->Preferences().staffString = "SB";
     EXPECT_TRUE(session->StorePreferences());
     Start();
-    EXPECT_EQ(session->RecentFiles(), (std::vector<std::string>{Path("2.cvm"), Path("5.cvm"), Path("4.cvm"), Path("3.cvm")}));
+    EXPECT_EQ(session->RecentFiles(),
+              (std::vector<std::string>{Path("2.cvm"), Path("5.cvm"), Path("4.cvm"), Path("3.cvm")}));
     EXPECT_EQ(documentDocStaffs.Count(session->NewScore()->GetDocument()), 2);
     EXPECT_EQ(session->Preferences().staffString, "SB");
 }
