@@ -2,8 +2,9 @@
 # current folder. Silent unless something fails; a terminal is told of what takes long.
 # shellcheck shell=bash
 
+# libjack-jackd2-dev: of the two that librtmidi-dev accepts, the one that bears jackd2 beside it.
 build_packages=(g++ cmake ninja-build pkg-config ccache mold qt6-base-dev qt6-svg-dev librtmidi-dev
-    libfluidsynth-dev libcli11-dev libfreetype-dev libfontconfig-dev)
+    libjack-jackd2-dev libfluidsynth-dev libcli11-dev libfreetype-dev libfontconfig-dev)
 run_packages=(timgm6mb-soundfont fonts-liberation fonts-dejavu-core libqt6svg6)
 test_packages=(libgtest-dev python3 xvfb xauth xdotool openbox imagemagick poppler-utils sox jackd2)
 
@@ -40,7 +41,7 @@ install_missing() {
     done
     if ((${#missing[@]})); then
         tell "Installing ${missing[*]}"
-        apt_get update && apt_get install --yes --no-install-recommends "${missing[@]}" || return 1
+        apt_get update && apt_get install --yes --no-install-recommends --no-remove "${missing[@]}" || return 1
     fi
     touch "$stamp"
 }
