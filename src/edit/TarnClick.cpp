@@ -3,6 +3,7 @@
 #include "edit/Deletion.h"
 #include "edit/PaletteTable.h"
 #include "edit/SelectionPress.h"
+#include "edit/Signs.h"
 #include "edit/TarnSelect.h"
 #include "edit/ToolState.h"
 #include "layout/Frames.h"
@@ -55,7 +56,21 @@ bool EraseNote(const Press& press, const DrawPatch& patch) {
     if (note) DeleteNote(press.window, note, ErasersChoice());
     return chordSymbol != nullptr;
 }
-constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {EraseRest, EraseNote};
+template <class R, void (*Delete)(WindowTarn&, R*)>
+bool Erase(const Press& press, const DrawPatch& patch) {
+    R* record = patch.Record<R>();
+    if (record) Delete(press.window, record);
+    return record != nullptr;
+}
+bool EraseEndings(const Press& press, const DrawPatch& patch) {
+    auto* mark = patch.Record<MarkEndings>();
+    if (mark) DeleteEndings(press.window, endingsMarks.ParentOf(mark));
+    return mark != nullptr;
+}
+constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
+    Erase<SimboliVari, DeleteSimboliVari>, EraseRest,    Erase<Coda, DeleteCoda>, EraseNote,
+    Erase<MovingClaf, DeleteClaf>,         EraseEndings, Erase<Time, DeleteTempo>,
+};
 
 void UseEraser(const Press& press) {
     press.window.caret.visible = false;
