@@ -89,9 +89,11 @@ void DrawCell(GraphicPort& port, Document* document, const std::string& name, Po
     for (int32_t y = top; y <= bottom; y += kLineDistance)
         PaintLevel(port, corner.x + 100, corner.x + kCellWidth - 100, y, StaffLineWeight(kLineDistance));
     FontSymbol* symbol = LookupSymbol(document, name);
-    const Rect ink = InkOf(symbol, Point{}, kLineDistance, 100);
+    const int32_t wide = InkOf(symbol, Point{}, kLineDistance, 100).Width(), most = kCellWidth - 100;
+    const int32_t percent = wide > most ? 100 * most / wide : 100;
+    const Rect ink = InkOf(symbol, Point{}, kLineDistance, percent);
     DrawSymbol(port, symbol, middle - (ink.left + ink.right) / 2,
-               bottom - (LineOf(name) - 1) * kLineDistance / 2, kLineDistance, 100);
+               bottom - (LineOf(name) - 1) * kLineDistance / 2, kLineDistance, percent);
     ReleaseSymbol(document, symbol);
 
     const std::string text = Readable(name);

@@ -21,6 +21,7 @@ using CommandFamily = std::span<const Command>;
 CommandFamily SwitchCommands();
 CommandFamily SignCommands();
 CommandFamily SelectionCommands();
+CommandFamily StructureCommands();
 
 // When commands can act.
 bool NotPlaying(const WindowTarn& window);

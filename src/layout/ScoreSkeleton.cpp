@@ -112,6 +112,11 @@ System* MakeSystem(Page* page, System* behind, int measures) {
 
 Measure* MakeMeasure(System* system, Measure* behind) {
     auto* measure = Make<Measure>();
+    JoinMeasure(system, measure, behind);
+    return measure;
+}
+
+void JoinMeasure(System* system, Measure* measure, Measure* behind) {
     const Measure* wasFirst = systemMeasures.First(system);
     systemMeasures.Insert(system, measure, behind);
     system->_measureCount += 1;
@@ -122,7 +127,6 @@ Measure* MakeMeasure(System* system, Measure* behind) {
     measure->_number = before ? before->_number + 1 : 1;
     AddCrossings(measure, before, system);
     if (!behind) wasFirst ? MoveHeader(wasFirst, measure, !before) : MakeHeader(measure, !before);
-    return measure;
 }
 
 MeasureStaff* MakeMeasureStaff(Measure* measure, MeasureStaff* behindInMeasure, DocStaff* docStaff,

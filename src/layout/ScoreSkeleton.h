@@ -11,6 +11,9 @@ void AddClef(MeasureStaff* crossing, int code);
 void AddKey(MeasureStaff* crossing, int key);  // sharps less flats
 void AddTime(MeasureStaff* crossing);          // of the measure's meter
 
+// What MakeMeasure does with a measure of any kind that stands in no system yet.
+void JoinMeasure(System* system, Measure* measure, Measure* behind);
+
 // A staff of a system below `behind`, or on top where it is null, drawn over the system's whole width.
 SimpleStaff* MakeSimpleStaff(System* system, MultiStaff* behind, StaffKind kind, int lineCount);
 StaffCustom* MakeStaffCustom(System* system, MultiStaff* behind, StaffKind kind);

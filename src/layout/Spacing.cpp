@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/Rounding.h"
+#include "layout/Beaming.h"
 #include "layout/Frames.h"
 #include "layout/MovingClefs.h"
 #include "layout/NoteGeometry.h"
@@ -169,8 +170,10 @@ bool SpaceVoice(Voice* voice) {
     if (!first) return false;
     const ClefPlaces clefs(MeasureStaffPar(voice));
     const bool changed = SpaceEvents(voice, first);
-    if (changed) clefs.Apply();
-    return changed;
+    if (!changed) return false;
+    clefs.Apply();
+    RefitBeamsOf(voice);
+    return true;
 }
 
 }  // namespace corvane

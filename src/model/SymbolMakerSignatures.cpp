@@ -102,6 +102,15 @@ int32_t WidthOr(const SymbolPart& part, int32_t fallback) {
     return width ? width : fallback;
 }
 
+// A plus with its middle at a height.
+SymbolPart PlusPart(const TimeText& text, int32_t dx, int32_t dy) {
+    SymbolPart plus = TimePart(text, kPlus, dx, 0, "+");
+    plus.font = kMusicFont;
+    const Rect ink = InkOf(plus);
+    plus.glyph.dy = dy - (ink.top + ink.bottom) / 2;
+    return plus;
+}
+
 // The numerators joined by pluses, one denominator under their middle.
 SymbolDesign DesignSum(const TimeText& text) {
     SymbolDesign design{{}, true};
@@ -109,8 +118,7 @@ SymbolDesign DesignSum(const TimeText& text) {
     int32_t dx = 0;
     for (size_t i = 0; i < text.fractions.size(); ++i) {
         if (i > 0) {
-            SymbolPart plus = TimePart(text, kPlus, dx, text.UpperRow(), "+");
-            plus.font = kMusicFont;
+            SymbolPart plus = PlusPart(text, dx, text.UpperRow());
             dx += WidthOr(plus, text.Scaled(70)) + space;
             design.parts.push_back(std::move(plus));
         }
@@ -129,18 +137,17 @@ SymbolDesign DesignFractions(const TimeText& text) {
     const bool bracketed = text.form == TimeForm::Bracketed;
     const int32_t space = text.Scaled(30);
     int32_t dx = 0;
-    const auto addSign = [&](uint8_t code, std::string_view name) {
-        SymbolPart sign = TimePart(text, code, dx, 0, name);
+    const auto add = [&](SymbolPart sign) {
         sign.font = kMusicFont;
         dx += WidthOr(sign, text.Scaled(70)) + space;
         design.parts.push_back(std::move(sign));
     };
-    if (bracketed) addSign(kBracketLeft, "ParentesiAperta");
+    if (bracketed) add(TimePart(text, kBracketLeft, dx, 0, "ParentesiAperta"));
     for (size_t i = 0; i < text.fractions.size(); ++i) {
-        if (i > 0) addSign(kPlus, "+");
+        if (i > 0) add(PlusPart(text, dx, 0));
         dx += AddFraction(design, text, text.fractions[i], dx) + space;
     }
-    if (bracketed) addSign(kBracketRight, "ParentesiChiusa");
+    if (bracketed) add(TimePart(text, kBracketRight, dx, 0, "ParentesiChiusa"));
     return design;
 }
 

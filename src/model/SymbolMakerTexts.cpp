@@ -12,7 +12,7 @@ namespace corvane {
 namespace {
 
 constexpr uint8_t kSegno = 37, kCoda = 222, kBlank = 32, kItalic = 2;
-constexpr int32_t kLetterSize = 240, kSignSize = 400, kSmallSignSize = 280;
+constexpr int32_t kLetterSize = 210, kSignSize = 400, kSmallSignSize = 280;
 constexpr double kPlainAdvance = 0.5;  // of a letter that nothing can measure
 
 struct TextFont {
