@@ -64,7 +64,8 @@ GenericNote* InsertNewChord(Voice* voice, int32_t x, int line, const NoteKind& k
     stemNotes.Add(stem, note);
     stem->_slant = kVerticalStem;
     stem->_x = x;
-    RestemChord(chord);
+    SetDirection(stem, DefaultStemDirection(voice, kind.value, line));
+    SetDefaultStemLength(stem);
     AttachFlag(stem, kind.value);
     return note;
 }

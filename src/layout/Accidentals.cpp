@@ -1,6 +1,4 @@
 // Accidentals: their symbols, and which notes of a measure need one.
-#include <string_view>
-
 #include "layout/Engraving.h"
 #include "model/Clefs.h"
 #include "model/NoteOperations.h"
@@ -11,10 +9,16 @@
 namespace corvane {
 namespace {
 
-constexpr std::string_view kLetters = "AdbDBmMtTsS";  // by alteration code
+constexpr char kLetters[] = {'A', 'd', 'b', 'D', 'B', 'm', 'M', 't', 'T', 's', 'S'};  // by alteration code
 constexpr int16_t kScopeMeasure = 1;
 
 int32_t XOfNote(const GenericNote* note) { return StemPar(note)->_x; }
+
+Alteration KeyAlterationAt(const GenericNote* note) {
+    const MeasureStaff* measureStaff = MeasureStaffPar(note);
+    const int clef = ClefInForce(measureStaff, XOfNote(note));
+    return AlterationOfKey(KeyInForce(measureStaff), DiatonicStep(clef, note->_line));
+}
 
 // No clef changes what the line means between two notes, the first on the left.
 bool NoClafBetween(const GenericNote* a, const GenericNote* b) {
@@ -39,26 +43,16 @@ int16_t ScopeOf(const GenericNote* note) {
     return preferences ? preferences->_accidentalScope.Get() : kScopeMeasure;
 }
 
-// A note shows its accidental where it differs from the one before on its line, or else from the key.
-void RenewAccident(GenericNote* note, const GenericNote* before) {
-    RemoveAccidents(note);
-    const Alteration inForce =
-        before && NoClafBetween(before, note) ? before->_alteration.Get() : KeyAlterationAt(note);
-    if (note->_alteration != inForce) AttachAccident(note, note->_alteration);
+// The earlier of two notes decides what the later one is compared with.
+Alteration InForce(const GenericNote* before, const GenericNote* note) {
+    return before && NoClafBetween(before, note) ? before->_alteration.Get() : KeyAlterationAt(note);
 }
 
 }  // namespace
 
-Alteration KeyAlterationAt(const GenericNote* note) {
-    const MeasureStaff* measureStaff = MeasureStaffPar(note);
-    const int clef = ClefInForce(measureStaff, XOfNote(note));
-    return AlterationOfKey(KeyInForce(measureStaff), DiatonicStep(clef, note->_line));
-}
-
 std::string AccidentName(Alteration alteration, bool grace, bool bracketed) {
     std::string name = grace ? "#G" : "#";
-    const auto code = static_cast<size_t>(alteration);
-    name += kLetters[code < kLetters.size() ? code : 0];  // a file may hold any code
+    name += kLetters[static_cast<size_t>(alteration)];
     return bracketed ? name + "(" : name;
 }
 
@@ -82,8 +76,7 @@ void RemoveAccidents(GenericNote* note) {
 GenericNote* NoteBefore(const GenericNote* note) {
     GenericNote* nearest = nullptr;
     ForEachOnLine(note, [&](GenericNote* other) {
-        if (XOfNote(other) < XOfNote(note) && (!nearest || XOfNote(other) > XOfNote(nearest)))
-            nearest = other;
+        if (XOfNote(other) < XOfNote(note) && (!nearest || XOfNote(other) > XOfNote(nearest))) nearest = other;
     });
     return nearest;
 }
@@ -91,18 +84,20 @@ GenericNote* NoteBefore(const GenericNote* note) {
 GenericNote* NoteBehind(const GenericNote* note) {
     GenericNote* nearest = nullptr;
     ForEachOnLine(note, [&](GenericNote* other) {
-        if (XOfNote(other) > XOfNote(note) && (!nearest || XOfNote(other) < XOfNote(nearest)))
-            nearest = other;
+        if (XOfNote(other) > XOfNote(note) && (!nearest || XOfNote(other) < XOfNote(nearest))) nearest = other;
     });
     return nearest;
 }
 
 void UpdateAccidentals(GenericNote* note, const std::function<void(GenericNote*)>& changed) {
-    if (ScopeOf(note) != kScopeMeasure) return RenewAccident(note, nullptr);
-    RenewAccident(note, NoteBefore(note));
-    GenericNote* behind = NoteBehind(note);
+    const bool wholeMeasure = ScopeOf(note) == kScopeMeasure;
+    const GenericNote* before = wholeMeasure ? NoteBefore(note) : nullptr;
+    RemoveAccidents(note);
+    if (note->_alteration != InForce(before, note)) AttachAccident(note, note->_alteration);
+    GenericNote* behind = wholeMeasure ? NoteBehind(note) : nullptr;
     if (!behind) return;
-    RenewAccident(behind, note);
+    RemoveAccidents(behind);
+    if (behind->_alteration != InForce(note, behind)) AttachAccident(behind, behind->_alteration);
     changed(behind);
 }
 

@@ -2,13 +2,12 @@
 #include <algorithm>
 #include <vector>
 
-#include "layout/BarlineShapes.h"
 #include "layout/DrawFamilies.h"
 #include "layout/Frames.h"
 #include "layout/LineWeights.h"
 #include "layout/PageLayout.h"
-#include "layout/SpacingHeader.h"
 #include "model/Par.h"
+#include "model/Preferences.h"
 
 namespace corvane {
 namespace {
@@ -48,6 +47,19 @@ struct Bar {
     bool dashed = false;
 };
 
+struct Weights {
+    int32_t thin, thick, gap, lineDistance;
+};
+
+Weights WeightsOf(const Measure* measure, int32_t lineDistance) {
+    const Document* document = DocumentPar(measure);
+    const auto* preferences = document ? Preferences<MeasurePreferences>(document) : nullptr;
+    const int32_t thick = preferences ? preferences->_thickBarline.Get() : 42;
+    const int32_t gap = preferences ? preferences->_barlineGap.Get() : 40;
+    return {BarlineWeight(lineDistance), WeightOf(thick, lineDistance), gap * lineDistance / 100,
+            lineDistance};
+}
+
 // Everything that one measure draws, in absolute page units.
 struct BarlinePicture {
     std::vector<Span> spans;
@@ -79,35 +91,31 @@ void AddDots(BarlinePicture& picture, const std::vector<Staff*>& staffs, int32_t
     }
 }
 
-// The repeat sign takes the barline's place, but for one behind clefs, keys and time signatures.
-bool OpensWithRepeat(const Measure* measure) {
-    return measure && measure->_startRepeat && PlacesOf(measure).repeat == 0;
-}
+bool StartsRepeat(const Measure* measure) { return measure && measure->_startRepeat; }
 bool EndsThick(const Measure* measure) {
     return measure && (measure->_endRepeat || measure->_barline == BarlineKind::Final);
 }
 
 // At the right edge; the last bar ends there. A repeat that starts behind it stands for a thin barline.
 void AddEnd(BarlinePicture& picture, const Measure* measure, const std::vector<Staff*>& staffs, int32_t right,
-            const BarlineWeights& w) {
+            const Weights& w) {
     if (EndsThick(measure)) {
         const int32_t thin = right - w.thick - w.gap - w.thin;
         picture.bars.push_back({thin, w.thin});
         picture.bars.push_back({right - w.thick, w.thick});
-        if (measure->_endRepeat) AddDots(picture, staffs, thin - w.gap - w.DotSize());
+        if (measure->_endRepeat) AddDots(picture, staffs, thin - w.gap - w.lineDistance * 2 / 5);
         return;
     }
-    if (OpensWithRepeat(systemMeasures.Next(measure))) return;
+    if (StartsRepeat(systemMeasures.Next(measure))) return;
     if (measure->_barline == BarlineKind::Double)
         picture.bars.push_back({right - 2 * w.thin - w.gap, w.thin});
     picture.bars.push_back({right - w.thin, w.thin, measure->_barline == BarlineKind::Dashed});
 }
 
-// Behind the header, or at the left edge, where the thick bar of a repeat that ends before it serves both.
+// At the left edge; the thick bar of a repeat that ends before it serves both.
 void AddStartRepeat(BarlinePicture& picture, const Measure* measure, const std::vector<Staff*>& staffs,
-                    int32_t left, const BarlineWeights& w) {
-    left += PlacesOf(measure).repeat;
-    if (!OpensWithRepeat(measure) || !EndsThick(systemMeasures.Prev(measure))) {
+                    int32_t left, const Weights& w) {
+    if (!EndsThick(systemMeasures.Prev(measure))) {
         picture.bars.push_back({left, w.thick});
         left += w.thick;
     }
@@ -124,7 +132,7 @@ BarlinePicture PictureOf(const Measure* measure) {
     picture.spans = SpansOf(system, staffs);
     picture.lineDistance = staffs.front()->_lineDistance;
     const int32_t left = OriginOf(system).x + measure->_left, right = OriginOf(system).x + measure->_right;
-    const BarlineWeights weights = BarlineWeightsOf(measure, picture.lineDistance);
+    const Weights weights = WeightsOf(measure, picture.lineDistance);
     if (!measure->_hiddenBarline) AddEnd(picture, measure, staffs, right, weights);
     if (measure->_startRepeat) AddStartRepeat(picture, measure, staffs, left, weights);
     if (systemMeasures.First(system) == measure && staffs.size() > 1)

@@ -39,8 +39,7 @@ void VisitEvent(const VoiceSymbol* symbol, Columns columns, const PatchVisitor& 
     for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(symbol)) Visit(attribute, number, visit);
 }
 
-void VisitSignsAndEvents(const MeasureStaff* crossing, Columns columns, const PatchVisitor& visit) {
-    for (StaffMeasureSymbol* symbol : staffSymbols.Of(crossing)) Visit(symbol, 0, visit);
+void VisitEvents(const MeasureStaff* crossing, Columns columns, const PatchVisitor& visit) {
     for (const Voice* voice : measureStaffVoices.Of(crossing))
         for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) VisitEvent(symbol, columns, visit);
 }
@@ -48,7 +47,8 @@ void VisitSignsAndEvents(const MeasureStaff* crossing, Columns columns, const Pa
 // A crossing without a staff of its own is not drawn.
 void VisitCrossing(const MeasureStaff* crossing, const PatchVisitor& visit) {
     if (!crossing->_staff) return;
-    VisitSignsAndEvents(crossing, Columns::WithFirstChord, visit);
+    for (StaffMeasureSymbol* symbol : staffSymbols.Of(crossing)) Visit(symbol, 0, visit);
+    VisitEvents(crossing, Columns::WithFirstChord, visit);
 }
 
 void VisitSystem(const System* system, const PatchVisitor& visit) {
@@ -70,10 +70,8 @@ void ForEachPatch(const Page* page, const PatchVisitor& visit) {
     for (PageText* text : pageTexts.Of(page)) Visit(text, 0, visit);
 }
 
-void ForEachPatch(const System* system, const PatchVisitor& visit) { VisitSystem(system, visit); }
-
 void ForEachPatch(const MeasureStaff* measureStaff, const PatchVisitor& visit) {
-    VisitSignsAndEvents(measureStaff, Columns::WithEachChord, visit);
+    VisitEvents(measureStaff, Columns::WithEachChord, visit);
 }
 
 void ForEachPatch(const VoiceSymbol* symbol, const PatchVisitor& visit) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "layout/BarlineShapes.h"
 #include "layout/Frames.h"
 #include "layout/Spacing.h"
 #include "layout/SymbolInk.h"
@@ -78,9 +77,7 @@ HeaderPlaces PlacesOf(const Measure* measure) {
         places[i] = x += widths[i] ? before[i] : 0;
         x += widths[i];
     }
-    const int32_t repeatWidth = StartRepeatWidth(measure);
-    const int32_t repeat = x += x && repeatWidth ? gaps.keyTime : 0;
-    return {places[0], places[1], places[2], repeat, x + repeatWidth + gaps.firstNote};
+    return {places[0], places[1], places[2], x + gaps.firstNote};
 }
 
 int32_t NoteAreaLeft(const Measure* measure) { return PlacesOf(measure).noteArea; }

@@ -57,7 +57,8 @@ class Desk:
         with os.fdopen(read) as pipe:
             self.env["DISPLAY"] = ":" + pipe.readline().strip()
         self._spawn(["openbox"])
-        wait_for(lambda: self._run("xdotool", "get_num_desktops"), "the window manager")
+        wait_for(lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self._run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+                 "the window manager")
         return self
 
     def __exit__(self, *_):
@@ -72,7 +73,7 @@ class Desk:
 
     def _spawn(self, command, **more):
         process = subprocess.Popen(command, env=self.env, cwd=self.home, stdin=subprocess.DEVNULL,
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **more)
+                                   stderr=subprocess.DEVNULL, **more)
         self.running.append(process)
         return process
 

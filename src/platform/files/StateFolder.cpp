@@ -1,7 +1,5 @@
 #include "platform/files/StateFolder.h"
 
-#include <sys/stat.h>
-
 #include <cstdlib>
 
 namespace corvane {
@@ -12,22 +10,13 @@ std::string Environment(const char* name) {
     return value ? value : "";
 }
 
-std::string Name() {
+}  // namespace
+
+std::string StateFolder() {
     if (std::string own = Environment("CORVANE_STATE_DIR"); !own.empty()) return own;
     // A relative one is to be ignored.
     if (const std::string xdg = Environment("XDG_STATE_HOME"); xdg.starts_with('/')) return xdg + "/corvane";
     return Environment("HOME") + "/.local/state/corvane";
-}
-
-}  // namespace
-
-std::string StateFolder() {
-    const std::string name = Name();
-    for (size_t slash = 0; slash != std::string::npos;) {
-        slash = name.find('/', slash + 1);
-        mkdir(name.substr(0, slash).c_str(), S_IRWXU);
-    }
-    return name;
 }
 
 }  // namespace corvane

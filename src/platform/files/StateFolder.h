@@ -5,8 +5,7 @@
 
 namespace corvane {
 
-// $CORVANE_STATE_DIR, else "corvane" in $XDG_STATE_HOME, else in ~/.local/state. Made where it is missing,
-// for its owner alone: what lies there may be copied from files that nobody else may read.
+// $CORVANE_STATE_DIR, else "corvane" in $XDG_STATE_HOME, else in ~/.local/state. Need not exist.
 std::string StateFolder();
 
 }  // namespace corvane
