@@ -46,6 +46,7 @@ int RunInfo(const std::string& file, bool json);
 int RunCheck(const std::string& file);
 int RunPlay(const std::string& file, bool dry);
 int RunDevices();
+int RunSymbols(const std::string& out, int zoom);
 int RunScript(const std::string& file);
 // The window; returns when it is closed.
 int RunEditor(const std::vector<std::string>& files, int argc, char** argv);

@@ -53,6 +53,12 @@ void AddScoreCommands(CLI::App& app, Choice& choice) {
     sub->add_option("FILE", file, "A score file")->required();
     sub->add_flag("--dry", dry, "On a simulated clock: print each message as TICK PORT STATUS DATA1 DATA2");
     Subcommand(app, "devices", "List MIDI inputs and outputs", choice, [] { return RunDevices(); });
+    static std::string sheet;
+    static int zoom = 160;
+    sub = Subcommand(app, "symbols", "Draw every symbol on a staff, with its name", choice,
+                     [] { return RunSymbols(sheet, zoom); });
+    sub->add_option("OUT", sheet, "The picture to write: png, pdf or svg")->required();
+    sub->add_option("--zoom", zoom, "Percent, for png")->check(CLI::Range(5, 1600))->capture_default_str();
     static std::string script = "-";
     sub =
         Subcommand(app, "script", "Run editing steps, one a line", choice, [] { return RunScript(script); });

@@ -64,8 +64,7 @@ GenericNote* InsertNewChord(Voice* voice, int32_t x, int line, const NoteKind& k
     stemNotes.Add(stem, note);
     stem->_slant = kVerticalStem;
     stem->_x = x;
-    SetDirection(stem, DefaultStemDirection(voice, kind.value, line));
-    SetDefaultStemLength(stem);
+    RestemChord(chord);
     AttachFlag(stem, kind.value);
     return note;
 }

@@ -24,9 +24,10 @@ public:
     int Choice(const char* name, std::initializer_list<const char*> words, int fallback);
     // Refused where an argument was given that nobody has asked for.
     Status Result();
+    // What was read makes no sense, for a reason that the caller knows.
+    void Refuse(std::string why);
 
 private:
-    void Refuse(std::string why);
     const CommandArguments& _arguments;
     std::map<std::string, bool> _asked;
     Status _status;

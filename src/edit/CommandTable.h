@@ -19,6 +19,9 @@ struct Command {
 // The commands of one family; each stands in a file of its own.
 using CommandFamily = std::span<const Command>;
 CommandFamily SwitchCommands();
+CommandFamily SignCommands();
+CommandFamily SelectionCommands();
+CommandFamily StructureCommands();
 
 // When commands can act.
 bool NotPlaying(const WindowTarn& window);

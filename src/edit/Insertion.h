@@ -37,6 +37,10 @@ void NoteInsertion(const InsertionPlace& place, std::string_view descriptor);
 void PauseInsertion(const InsertionPlace& place, std::string_view descriptor);
 void DotInsertion(const InsertionPlace& place, int count);
 void AccInsertion(const InsertionPlace& place, std::string_view descriptor);
+// A clef for what stands right of the point: left of the notes of a system's first measure the system's own, left of
+// those of a later measure before its barline, else within the measure.
+void ClafInsertion(const InsertionPlace& place, std::string_view descriptor);
+void SimboliVariInsertion(const InsertionPlace& place, std::string_view descriptor);
 
 // A chord with one note, linked in voice, column and stem, its flag attached; x in per mille decides its place among the
 // voice's events. Makes no timed events and does not space.

@@ -17,6 +17,12 @@ void EnterDots(const InsertionPlace& place, const PaletteItem& item, const std::
 void EnterAccidental(const InsertionPlace& place, const PaletteItem&, const std::string& descriptor) {
     AccInsertion(place, descriptor);
 }
+void EnterClef(const InsertionPlace& place, const PaletteItem&, const std::string& descriptor) {
+    ClafInsertion(place, descriptor);
+}
+void EnterSymbol(const InsertionPlace& place, const PaletteItem&, const std::string& descriptor) {
+    SimboliVariInsertion(place, descriptor);
+}
 
 using P = PaletteItem;
 // clang-format off
@@ -53,6 +59,39 @@ constexpr PaletteItem kItems[] = {
     {1, 32, "_TriBemolle_", "Three-quarter flat", EnterAccidental, P::Bracketed},
     {1, 33, "_BequadroSu_", "Natural, arrow up", EnterAccidental, P::Bracketed},
     {1, 34, "_BequadroGiu_", "Natural, arrow down", EnterAccidental, P::Bracketed},
+    {2, 1, "_ChiaveSol_", "Treble clef", EnterClef, P::Plain},
+    {2, 2, "_ChiaveFa_", "Bass clef", EnterClef, P::Plain},
+    {2, 3, "_ChiaveSolSu_", "Treble clef, octave up", EnterClef, P::Plain},
+    {2, 4, "_ChiaveSolGiu_", "Treble clef, octave down", EnterClef, P::Plain},
+    {2, 5, "_ChiaveFaGiu_", "Bass clef, octave down", EnterClef, P::Plain},
+    {2, 6, "_ChiaveDoCont_", "Alto clef", EnterClef, P::Plain},
+    {2, 7, "_ChiaveDoCont1_", "Alto clef", EnterClef, P::Plain},
+    {2, 8, "_ChiaveScatola_", "Percussion clef, box", EnterClef, P::Plain},
+    {2, 9, "_ChiaveLinee_", "Percussion clef, lines", EnterClef, P::Plain},
+    {2, 10, "_ChiaveRastrello_", "Percussion clef, rake", EnterClef, P::Plain},
+    {2, 11, "_ChiaveDoBar_", "Baritone clef", EnterClef, P::Plain},
+    {2, 12, "_ChiaveDoTen_", "Tenor clef", EnterClef, P::Plain},
+    {2, 13, "_ChiaveDoMezzSop_", "Mezzo-soprano clef", EnterClef, P::Plain},
+    {2, 14, "_ChiaveDoSop_", "Soprano clef", EnterClef, P::Plain},
+    {5, 1, "_Trillo_", "Trill", EnterSymbol, P::Plain},
+    {6, 11, "_SimboloCoda_", "Coda sign", EnterSymbol, P::Plain},
+    {6, 12, "_Pedale_", "Pedal", EnterSymbol, P::Plain},
+    {6, 14, "_FinePedale_", "End of pedal", EnterSymbol, P::Plain},
+    {6, 16, "_Ripetizione1_", "Repeat of a measure", EnterSymbol, P::Plain},
+    {6, 17, "_Ripetizione2_", "Repeat of two measures", EnterSymbol, P::Plain},
+    {6, 18, "_FreccaSu_", "Arrow up", EnterSymbol, P::Plain},
+    {6, 19, "_FrecciaGiu_", "Arrow down", EnterSymbol, P::Plain},
+    {6, 20, "_FrecciaDestra_", "Arrow right", EnterSymbol, P::Plain},
+    {6, 21, "_FrecciaSinistra_", "Arrow left", EnterSymbol, P::Plain},
+    {6, 22, "_SmorzaCorde_", "Damp the strings", EnterSymbol, P::Plain},
+    {7, 15, "_Glissando_", "Glissando", EnterSymbol, P::Plain},
+    {7, 16, "_Mazza1_", "Soft beater", EnterSymbol, P::Plain},
+    {7, 17, "_Mazza2_", "Medium beater", EnterSymbol, P::Plain},
+    {7, 18, "_Mazza3_", "Hard beater", EnterSymbol, P::Plain},
+    {7, 19, "_Mazza4_", "Wooden beater", EnterSymbol, P::Plain},
+    {7, 20, "_NotaTrillo1_", "Trill note, flat", EnterSymbol, P::Plain},
+    {7, 21, "_NotaTrillo2_", "Trill note, natural", EnterSymbol, P::Plain},
+    {7, 22, "_NotaTrillo3_", "Trill note, sharp", EnterSymbol, P::Plain},
 };
 // clang-format on
 

@@ -2,6 +2,9 @@
 
 #include "edit/Deletion.h"
 #include "edit/PaletteTable.h"
+#include "edit/SelectionPress.h"
+#include "edit/Signs.h"
+#include "edit/TarnSelect.h"
 #include "edit/ToolState.h"
 #include "layout/Frames.h"
 #include "layout/NoteGeometry.h"
@@ -53,11 +56,26 @@ bool EraseNote(const Press& press, const DrawPatch& patch) {
     if (note) DeleteNote(press.window, note, ErasersChoice());
     return chordSymbol != nullptr;
 }
-constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {EraseRest, EraseNote};
+template <class R, void (*Delete)(WindowTarn&, R*)>
+bool Erase(const Press& press, const DrawPatch& patch) {
+    R* record = patch.Record<R>();
+    if (record) Delete(press.window, record);
+    return record != nullptr;
+}
+bool EraseEndings(const Press& press, const DrawPatch& patch) {
+    auto* mark = patch.Record<MarkEndings>();
+    if (mark) DeleteEndings(press.window, endingsMarks.ParentOf(mark));
+    return mark != nullptr;
+}
+constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
+    Erase<SimboliVari, DeleteSimboliVari>, EraseRest,    Erase<Coda, DeleteCoda>, EraseNote,
+    Erase<MovingClaf, DeleteClaf>,         EraseEndings, Erase<Time, DeleteTempo>,
+};
 
 void UseEraser(const Press& press) {
     press.window.caret.visible = false;
     EditStep step(press.window);
+    ClearSelectionAnchors();
     const DrawPatch patch = press.window.Sheet().HitSymbol(press.point);
     if (!patch) return;
     for (const auto row : kEraserRows)
@@ -66,8 +84,10 @@ void UseEraser(const Press& press) {
 
 void UseArrow(const Press& press) {
     press.window.caret.visible = true;
+    ClearSelectionAnchors();
     press.window.Shell().StateChanged(press.window);
     press.window.Shell().Refresh(press.window);
+    PressWithArrow(press.window, press.point, press.modifiers);
 }
 
 constexpr struct {
@@ -80,12 +100,25 @@ constexpr struct {
 void MouseDown(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
     if (IsPlaying() || !window.CurrentPage()) return;
     window.Activate();
+    window.interaction.reset();
     System* system = FindSystem(window.CurrentPage(), y);
     if (!system || systemStaffs.IsEmpty(system) || systemMeasures.IsEmpty(system)) return;
     const Press press{window, system, {x, y}, modifiers};
     MoveCaret(press);
     for (const auto& tool : kTools)
         if (tool.mode == Tools().toolMode) return tool.use(press);
+}
+
+void MouseMove(WindowTarn& window, int32_t x, int32_t y) {
+    if (window.interaction) window.interaction->Move({x, y});
+}
+
+void MouseUp(WindowTarn& window, int32_t x, int32_t y) {
+    if (!window.interaction) return;
+    window.Activate();
+    const std::unique_ptr<Interaction> ended = std::move(window.interaction);
+    ended->Release({x, y});
+    window.Shell().Refresh(window);
 }
 
 }  // namespace corvane

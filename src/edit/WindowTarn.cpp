@@ -12,6 +12,12 @@ using WindowKit = relation::Kit<relation::CollectionChild<kWindows>, kWindows>;
 // The ring of all score windows, in creation order.
 SingleRingT<WindowTarn, 1, kWindows> windowRing{};
 
+std::unique_ptr<GraphicPort> UnitPort() {
+    auto port = std::make_unique<MemoryPort>(GraphicPort::kUnitsPerInch, GraphicPort::kUnitsPerInch);
+    port->SetZoomRatio(100);
+    return port;
+}
+
 class Observer : public CommandObserver {
 public:
     void CommandBegins(NewMemoryPool& pool) override {
@@ -30,7 +36,7 @@ void WatchCommands() {
 }
 
 WindowTarn::WindowTarn(EditorShell& shell)
-    : ElemT{}, _shell(shell), _sheet(std::make_unique<NewWindowSheet>()), _port(std::make_unique<MemoryPort>()) {
+    : ElemT{}, _shell(shell), _sheet(std::make_unique<NewWindowSheet>()), _port(UnitPort()), _selection(*_port) {
     _pool = MemoryManager::Instance().NewPool();
     WindowKit::Add(&windowRing, this);
     ++wndCounter;
@@ -47,6 +53,7 @@ WindowTarn::~WindowTarn() {
         for (WindowTarn* other : All()) instance = other;
     }
     _pool->DisableUndo();
+    interaction.reset();
     _port.reset();
     _sheet.reset();
     MemoryManager::Instance().DeletePool(_pool);
@@ -79,6 +86,10 @@ void WindowTarn::Bind(Document* document) {
 }
 
 void WindowTarn::SetCurrentPage(Page* page) {
+    if (page != _page) {
+        interaction.reset();
+        if (!_selection.IsWholeScore()) _selection.Clear();
+    }
     _page = page;
     RefilePage();
     _shell.PageChanged(*this);
@@ -86,6 +97,11 @@ void WindowTarn::SetCurrentPage(Page* page) {
 
 void WindowTarn::RefilePage() {
     if (_page) _sheet->FilePage(_page);
+    _shell.Refresh(*this);
+}
+
+void WindowTarn::SelectionChanged() {
+    _shell.StateChanged(*this);
     _shell.Refresh(*this);
 }
 

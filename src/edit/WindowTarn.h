@@ -6,6 +6,8 @@
 #include <string>
 
 #include "edit/EditorShell.h"
+#include "edit/Interaction.h"
+#include "edit/Selection.h"
 #include "graphics/MemoryPort.h"
 #include "layout/Sheet.h"
 #include "model/TarnCoordinate.h"
@@ -45,11 +47,13 @@ public:
     Document* GetDocument() const { return _document; }
     NewMemoryPool* Pool() const { return _pool; }
     NewWindowSheet& Sheet() { return *_sheet; }
+    // Measures and keeps regions at one device unit for each page unit.
     GraphicPort& Port() { return *_port; }
+    const GraphicPort& Port() const { return *_port; }
     EditorShell& Shell() { return _shell; }
 
     Page* CurrentPage() const { return _page; }
-    // Files the page's objects on the sheet and tells the shell.
+    // Files the page's objects on the sheet and tells the shell. What was selected of another page is no longer.
     void SetCurrentPage(Page* page);
     // Files the current page anew, all tiles dirty.
     void RefilePage();
@@ -69,6 +73,12 @@ public:
     void SetIdentity(std::string title, std::string path, bool readOnly, bool neverSaved);
 
     Caret caret;
+    Selection& TheSelection() { return _selection; }
+    const Selection& TheSelection() const { return _selection; }
+    // Tells the shell after a change of the selection.
+    void SelectionChanged();
+    // What the pressed pointer does; null while it is up.
+    std::unique_ptr<Interaction> interaction;
 
     // Told by the command bracket of this window's pool.
     void CommandBegins();
@@ -81,6 +91,7 @@ private:
     NewMemoryPool* _pool = nullptr;
     std::unique_ptr<NewWindowSheet> _sheet;
     std::unique_ptr<GraphicPort> _port;
+    Selection _selection;
     Document* _document = nullptr;
     Page* _page = nullptr;
     Page *_pageBeforeEdit = nullptr, *_pageAfterEdit = nullptr;

@@ -1,4 +1,6 @@
 // Accidentals: their symbols, and which notes of a measure need one.
+#include <string_view>
+
 #include "layout/Engraving.h"
 #include "model/Clefs.h"
 #include "model/NoteOperations.h"
@@ -9,16 +11,10 @@
 namespace corvane {
 namespace {
 
-constexpr char kLetters[] = {'A', 'd', 'b', 'D', 'B', 'm', 'M', 't', 'T', 's', 'S'};  // by alteration code
+constexpr std::string_view kLetters = "AdbDBmMtTsS";  // by alteration code
 constexpr int16_t kScopeMeasure = 1;
 
 int32_t XOfNote(const GenericNote* note) { return StemPar(note)->_x; }
-
-Alteration KeyAlterationAt(const GenericNote* note) {
-    const MeasureStaff* measureStaff = MeasureStaffPar(note);
-    const int clef = ClefInForce(measureStaff, XOfNote(note));
-    return AlterationOfKey(KeyInForce(measureStaff), DiatonicStep(clef, note->_line));
-}
 
 // No clef changes what the line means between two notes, the first on the left.
 bool NoClafBetween(const GenericNote* a, const GenericNote* b) {
@@ -43,16 +39,26 @@ int16_t ScopeOf(const GenericNote* note) {
     return preferences ? preferences->_accidentalScope.Get() : kScopeMeasure;
 }
 
-// The earlier of two notes decides what the later one is compared with.
-Alteration InForce(const GenericNote* before, const GenericNote* note) {
-    return before && NoClafBetween(before, note) ? before->_alteration.Get() : KeyAlterationAt(note);
+// A note shows its accidental where it differs from the one before on its line, or else from the key.
+void RenewAccident(GenericNote* note, const GenericNote* before) {
+    RemoveAccidents(note);
+    const Alteration inForce =
+        before && NoClafBetween(before, note) ? before->_alteration.Get() : KeyAlterationAt(note);
+    if (note->_alteration != inForce) AttachAccident(note, note->_alteration);
 }
 
 }  // namespace
 
+Alteration KeyAlterationAt(const GenericNote* note) {
+    const MeasureStaff* measureStaff = MeasureStaffPar(note);
+    const int clef = ClefInForce(measureStaff, XOfNote(note));
+    return AlterationOfKey(KeyInForce(measureStaff), DiatonicStep(clef, note->_line));
+}
+
 std::string AccidentName(Alteration alteration, bool grace, bool bracketed) {
     std::string name = grace ? "#G" : "#";
-    name += kLetters[static_cast<size_t>(alteration)];
+    const auto code = static_cast<size_t>(alteration);
+    name += kLetters[code < kLetters.size() ? code : 0];  // a file may hold any code
     return bracketed ? name + "(" : name;
 }
 
@@ -76,7 +82,8 @@ void RemoveAccidents(GenericNote* note) {
 GenericNote* NoteBefore(const GenericNote* note) {
     GenericNote* nearest = nullptr;
     ForEachOnLine(note, [&](GenericNote* other) {
-        if (XOfNote(other) < XOfNote(note) && (!nearest || XOfNote(other) > XOfNote(nearest))) nearest = other;
+        if (XOfNote(other) < XOfNote(note) && (!nearest || XOfNote(other) > XOfNote(nearest)))
+            nearest = other;
     });
     return nearest;
 }
@@ -84,20 +91,18 @@ GenericNote* NoteBefore(const GenericNote* note) {
 GenericNote* NoteBehind(const GenericNote* note) {
     GenericNote* nearest = nullptr;
     ForEachOnLine(note, [&](GenericNote* other) {
-        if (XOfNote(other) > XOfNote(note) && (!nearest || XOfNote(other) < XOfNote(nearest))) nearest = other;
+        if (XOfNote(other) > XOfNote(note) && (!nearest || XOfNote(other) < XOfNote(nearest)))
+            nearest = other;
     });
     return nearest;
 }
 
 void UpdateAccidentals(GenericNote* note, const std::function<void(GenericNote*)>& changed) {
-    const bool wholeMeasure = ScopeOf(note) == kScopeMeasure;
-    const GenericNote* before = wholeMeasure ? NoteBefore(note) : nullptr;
-    RemoveAccidents(note);
-    if (note->_alteration != InForce(before, note)) AttachAccident(note, note->_alteration);
-    GenericNote* behind = wholeMeasure ? NoteBehind(note) : nullptr;
+    if (ScopeOf(note) != kScopeMeasure) return RenewAccident(note, nullptr);
+    RenewAccident(note, NoteBefore(note));
+    GenericNote* behind = NoteBehind(note);
     if (!behind) return;
-    RemoveAccidents(behind);
-    if (behind->_alteration != InForce(note, behind)) AttachAccident(behind, behind->_alteration);
+    RenewAccident(behind, note);
     changed(behind);
 }
 

@@ -1,5 +1,8 @@
 #include "layout/BeamGroups.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "base/Assert.h"
 #include "base/Rounding.h"
 #include "layout/Beaming.h"
@@ -9,8 +12,6 @@
 
 namespace corvane {
 namespace {
-
-constexpr int kFull = 3, kEighthLevel = 1, kLargerValue = 2, kNone = 0;
 
 // The group, from 0, of each beat of a pattern; beats repeat after its length.
 int GroupByPattern(int beat, int first, int length) {
@@ -32,17 +33,24 @@ int FiveGroup(FiveGroups choice, int beat) {
     return choice == FiveGroups::All ? -1 : GroupByPattern(beat, choice == FiveGroups::TwoThree ? 2 : 3, 5);
 }
 int SevenGroup(SevenGroups choice, int beat) {
-    return choice == SevenGroups::All ? -1 : GroupByPattern(beat, choice == SevenGroups::FourThree ? 4 : 3, 7);
+    return choice == SevenGroups::All ? -1
+                                      : GroupByPattern(beat, choice == SevenGroups::FourThree ? 4 : 3, 7);
 }
 
 // False for a meter whose beats never connect.
 bool GroupOf(const NotePref& pref, int numerator, int beat, int& group) {
-    if (numerator % 6 == 0) group = CompositeGroup(pref._composite, beat);
-    else if (numerator % 3 == 0) group = TernaryGroup(pref._ternary, beat);
-    else if (numerator % 2 == 0) group = BinaryGroup(pref._binary, beat);
-    else if (numerator == 5) group = FiveGroup(pref._five, beat);
-    else if (numerator == 7) group = SevenGroup(pref._seven, beat);
-    else return false;
+    if (numerator % 6 == 0)
+        group = CompositeGroup(pref._composite, beat);
+    else if (numerator % 3 == 0)
+        group = TernaryGroup(pref._ternary, beat);
+    else if (numerator % 2 == 0)
+        group = BinaryGroup(pref._binary, beat);
+    else if (numerator == 5)
+        group = FiveGroup(pref._five, beat);
+    else if (numerator == 7)
+        group = SevenGroup(pref._seven, beat);
+    else
+        return false;
     return true;
 }
 
@@ -52,114 +60,111 @@ struct Timed {
     int beat;  // from 1
 };
 
-bool CanBeam(const VoiceSymbol* symbol) {
+// A sum of thirds may fall short of the beat that it reaches.
+constexpr double kBeatTolerance = 1e-9;
+
+bool CanBeam(VoiceSymbol* symbol) {
     const uint8_t value = ValueOf(symbol);
-    return value >= 8 && value != kDoubleWhole;
+    return value >= 8 && value != kDoubleWhole && !As<CrossBeam>(BeamOf(BeamSymbolOf(symbol)));
 }
+
+bool IsStem(const BeamMember& member) { return As<Stem>(member.symbol) != nullptr; }
+
+// Rests complete the part of a group in which a note stands; parts of rests alone fall off at both ends.
+BeamGroup WithoutEmptyEnds(const BeamGroup& group) {
+    auto first = std::find_if(group.begin(), group.end(), IsStem);
+    auto end = std::find_if(group.rbegin(), group.rend(), IsStem).base();
+    if (first == group.end()) return {};
+    while (first != group.begin() && std::prev(first)->connection == kFullConnection) --first;
+    while (end != group.end() && std::prev(end)->connection == kFullConnection) ++end;
+    BeamGroup kept(first, end);
+    kept.back().connection = kNotConnected;
+    return kept;
+}
+
+// Collects the groups of one voice.
+class Grouping {
+public:
+    explicit Grouping(const Voice* voice) : _document(DocumentPar(voice)), _measure(MeasurePar(voice)) {
+        const auto* pref = Preferences<NotePref>(_document);
+        _withRests = pref && pref->_completion == Completion::Complete;
+    }
+
+    std::vector<BeamGroup> Of(const Voice* voice) {
+        std::vector<Timed> row;
+        double sum = 0;
+        const int denominator = EffectiveDenominator(_measure->_den);
+        BeamGroup graces;
+        for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+            if (IsGrace(symbol)) {
+                Take(graces, symbol, kFullConnection);
+                continue;
+            }
+            Close(graces);
+            row.push_back({symbol, Truncate(denominator * sum * 0.001 + kBeatTolerance) + 1});
+            sum += Duration(symbol);
+        }
+        Close(graces);
+        TakeRow(row);
+        return std::move(_groups);
+    }
+
+private:
+    void TakeRow(const std::vector<Timed>& row) {
+        BeamGroup group;
+        for (size_t i = 0; i < row.size(); ++i)
+            Take(group, row[i].symbol,
+                 group.empty() ? kNotConnected : Connection(row[i - 1].beat, row[i].beat));
+        Close(group);
+    }
+
+    int Connection(int before, int beat) const {
+        return beat == before ? kFullConnection : BeatConnection(_document, beat, before, _measure->_num);
+    }
+
+    // Goes on with a group, or ends it where the event does not connect.
+    void Take(BeamGroup& group, VoiceSymbol* symbol, int connection) {
+        const bool takes = CanBeam(symbol) && (_withRests || !As<Pause>(symbol));
+        if (!takes || connection == kNotConnected) Close(group);
+        if (!takes) return;
+        if (!group.empty()) group.back().connection = connection;
+        group.push_back({BeamSymbolOf(symbol), ValueOf(symbol), kNotConnected});
+    }
+
+    void Close(BeamGroup& group) {
+        if (BeamGroup kept = WithoutEmptyEnds(group); !kept.empty()) _groups.push_back(std::move(kept));
+        group.clear();
+    }
+
+    const Document* _document;
+    const Measure* _measure;
+    bool _withRests;
+    std::vector<BeamGroup> _groups;
+};
+
+}  // namespace
 
 BeamSymbol* BeamSymbolOf(VoiceSymbol* symbol) {
     if (auto* pause = As<Pause>(symbol)) return pause;
     return StemOf(As<Chords>(symbol));
 }
 
-// Collects groups from a row of events.
-class Grouping {
-public:
-    explicit Grouping(const Voice* voice)
-        : _document(DocumentPar(voice)), _pref(Preferences<NotePref>(_document)), _measure(MeasurePar(voice)) {}
-
-    std::vector<BeamGroup> Of(const Voice* voice) {
-        std::vector<Timed> row;
-        std::vector<VoiceSymbol*> graces;
-        double sum = 0;
-        const int denominator = EffectiveDenominator(_measure->_den);
-        for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
-            if (IsGrace(symbol)) {
-                graces.push_back(symbol);
-                continue;
-            }
-            TakeGraces(graces);
-            row.push_back({symbol, Truncate(denominator * sum * 0.001 + 1e-9) + 1});
-            sum += Duration(symbol);
-        }
-        TakeGraces(graces);
-        TakeRow(row);
-        return std::move(_groups);
-    }
-
-private:
-    // A run of short grace chords is a group of its own.
-    void TakeGraces(std::vector<VoiceSymbol*>& graces) {
-        BeamGroup group;
-        for (VoiceSymbol* grace : graces) {
-            if (!CanBeam(grace)) Close(group);
-            else Append(group, grace, kFull);
-        }
-        Close(group);
-        graces.clear();
-    }
-
-    void TakeRow(const std::vector<Timed>& row) {
-        BeamGroup group;
-        for (size_t i = 0; i < row.size(); ++i) {
-            const VoiceSymbol* symbol = row[i].symbol;
-            const bool rest = As<Pause>(symbol) != nullptr;
-            if (!CanBeam(symbol) || (rest && !MayHoldRest(group, row, i))) {
-                Close(group);
-                continue;
-            }
-            const int code = group.empty() ? kNone : Connection(row[i - 1].beat, row[i].beat);
-            if (code == kNone) Close(group);
-            if (rest && group.empty()) continue;
-            Append(group, row[i].symbol, code);
-        }
-        Close(group);
-    }
-
-    int Connection(int before, int beat) const {
-        return beat == before ? kFull : BeatConnection(_document, beat, before, _measure->_num);
-    }
-
-    // A rest stays under a beam only between notes of its group, and only where groups are completed.
-    bool MayHoldRest(const BeamGroup& group, const std::vector<Timed>& row, size_t i) const {
-        if (group.empty() || !_pref || _pref->_completion != Completion::Complete) return false;
-        for (size_t j = i + 1; j < row.size() && CanBeam(row[j].symbol); ++j) {
-            if (Connection(row[j - 1].beat, row[j].beat) == kNone) return false;
-            if (!As<Pause>(row[j].symbol)) return true;
-        }
-        return false;
-    }
-
-    static void Append(BeamGroup& group, VoiceSymbol* symbol, int code) {
-        if (!group.empty()) group.back().connection = code;
-        group.push_back({BeamSymbolOf(symbol), ValueOf(symbol), kNone});
-    }
-    void Close(BeamGroup& group) {
-        if (!group.empty()) _groups.push_back(group);
-        group.clear();
-    }
-
-    const Document* _document;
-    const NotePref* _pref;
-    const Measure* _measure;
-    std::vector<BeamGroup> _groups;
-};
-
-}  // namespace
-
 int BeatConnection(const Document* document, int beat, int before, int numerator) {
     CORVANE_ASSERT_AS(beat - before >= 1, "beatNumber - beatNumberPrec >= 1");
     const auto* pref = Preferences<NotePref>(document);
     int group = 0, groupBefore = 0;
-    if (!pref || !GroupOf(*pref, numerator, beat, group)) return kNone;
+    if (!pref || !GroupOf(*pref, numerator, beat, group)) return kNotConnected;
     GroupOf(*pref, numerator, before, groupBefore);
-    if (group == groupBefore) return kFull;
+    if (group == groupBefore) return kFullConnection;
     switch (pref->_subGroups.Get()) {
-        case SubGroups::ByEighthBeam: return kEighthLevel;
-        case SubGroups::ByLargerValue: return kLargerValue;
-        case SubGroups::NotConnected: return kNone;
+        case SubGroups::ByEighthBeam:
+            return kEighthLevel;
+        case SubGroups::ByLargerValue:
+            return kLargerValue;
+        case SubGroups::NotConnected:
+            return kNotConnected;
     }
-    return kNone;
+    return kNotConnected;
 }
 
 std::vector<BeamGroup> BeamGroupsOf(const Voice* voice) { return Grouping(voice).Of(voice); }

@@ -7,15 +7,23 @@
 
 namespace corvane {
 
-// One event under a beam and how it connects to the next: 0 at the end of its group, else a code of BeatConnection.
+// How two neighbours under a beam connect; the codes stand in files.
+inline constexpr int kNotConnected = 0, kEighthLevel = 1, kLargerValue = 2, kFullConnection = 3;
+
+// One event under a beam and how it connects to the next; not, at the end of its group.
 struct BeamMember {
     BeamSymbol* symbol = nullptr;
     uint8_t value = 8;
-    int connection = 0;
+    int connection = kNotConnected;
 };
 using BeamGroup = std::vector<BeamMember>;
 
-// Every group of the voice, single notes of an eighth and shorter as groups of one, in score order.
+// What can carry an event's flag or beam: the rest itself or the chord's stem.
+BeamSymbol* BeamSymbolOf(VoiceSymbol* symbol);
+
+// Every group of the voice: those of grace chords, then the others in score order. Single notes of an eighth
+// and shorter are groups of one. Each holds a stem; rests are in it where the score completes its groups.
+// Events under a beam over several staves are in none.
 std::vector<BeamGroup> BeamGroupsOf(const Voice* voice);
 
 }  // namespace corvane

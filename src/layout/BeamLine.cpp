@@ -1,6 +1,5 @@
 // The line of a beam, and the stems that reach it.
 #include <algorithm>
-#include <limits>
 
 #include "base/Assert.h"
 #include "base/Rounding.h"
@@ -16,37 +15,50 @@ namespace {
 
 constexpr double kSlope = 0.17;
 constexpr int kFirstDownAverage = 6;
+// Hundredths of a line distance: the shortest stem under a beam, from the middle of a head to the levels of a
+// beam, and from a rest to them.
+constexpr int32_t kLeastStem = 250, kHeadRoom = 100, kRestRoom = 50;
+// What a beam of grace notes keeps is smaller by this percentage.
+constexpr int32_t kGraceScale = 140;
 
 // What the heads under a beam tell.
 struct Heads {
     const GenericNote *high = nullptr, *low = nullptr;  // of the largest and the smallest line
     int count = 0, sum = 0, first = 0, last = 0;
-    StaffFrame top{}, bottom{};                         // the highest and the lowest staff
+    StaffFrame top{}, bottom{};  // the highest and the lowest staff
     Stem* firstStem = nullptr;
 
     int Average() const { return count ? sum / count : 0; }
 };
 
-void TakeHead(Heads& heads, const GenericNote* note) {
+void TakeHead(Heads& heads, Stem* stem, const GenericNote* note) {
     const StaffFrame staff = FrameOf(StaffPar(note));
+    if (!heads.count) {
+        heads.firstStem = stem;
+        heads.first = note->_line;
+    }
     if (!heads.count || staff.Bottom() < heads.top.Bottom()) heads.top = staff;
     if (!heads.count || staff.Bottom() > heads.bottom.Bottom()) heads.bottom = staff;
-    if (!heads.count) heads.first = note->_line;
-    heads.last = note->_line;
     if (!heads.high || note->_line > heads.high->_line) heads.high = note;
     if (!heads.low || note->_line <= heads.low->_line) heads.low = note;
+    heads.last = note->_line;
     heads.sum += note->_line;
     ++heads.count;
 }
 
+// Calls visit for each marker that stands on a stem with heads.
+template <class Visit>
+void ForEachStem(const Beam* beam, Visit visit) {
+    for (const BeamMarker* marker : beamMarkers.Of(beam))
+        if (auto* stem = As<Stem>(beamSymbolAttributes.ParentOf(marker)); stem && !stemNotes.IsEmpty(stem))
+            visit(stem, marker);
+}
+
 Heads HeadsOf(const Beam* beam) {
     Heads heads;
-    for (const BeamMarker* marker : beamMarkers.Of(beam)) {
-        auto* stem = As<Stem>(beamSymbolAttributes.ParentOf(marker));
-        if (!stem) continue;
-        if (!heads.firstStem) heads.firstStem = stem;
-        for (const GenericNote* note : stemNotes.Of(stem)) TakeHead(heads, note);
-    }
+    ForEachStem(beam, [&](Stem* stem, const BeamMarker*) {
+        for (const GenericNote* note : stemNotes.Of(stem)) TakeHead(heads, stem, note);
+    });
     return heads;
 }
 
@@ -55,21 +67,81 @@ double SlopeOf(const Heads& heads) {
     return heads.last < heads.first ? kSlope : -kSlope;
 }
 
-bool PointsUp(const Heads& heads) {
-    if (heads.firstStem) {
-        const GenericNote* note = stemNotes.First(heads.firstStem);
-        if (note && As<Grace>(note)) return true;
-        const Voice* voice = VoicePar(note);
-        if (voice && StemsAreForced(voice)) return ForcedStemsUp(voice);
-    }
-    return heads.Average() < kFirstDownAverage;
+bool IsGraceStem(const Stem* stem) {
+    return As<Grace>(stemNotes.First(stem)) != nullptr;
 }
 
-int32_t MinimumDistance(const Stem* stem, int32_t lineDistance) {
-    const auto* pref = Preferences<NotePref>(DocumentPar(stem));
-    const int32_t percent = pref ? pref->BeamMinDistance() : NotePref::kBeamMinDistance;
-    const GenericNote* note = stemNotes.First(stem);
-    return percent * lineDistance / (note && As<Grace>(note) ? 140 : 100);
+bool PointsUp(const Heads& heads) {
+    if (!heads.firstStem) return true;
+    const Voice* voice = VoicePar(heads.high);
+    if (voice && StemsAreForced(voice)) return ForcedStemsUp(voice);
+    return IsGraceStem(heads.firstStem) || heads.Average() < kFirstDownAverage;
+}
+
+// The sizes of a beam's levels, hundredths of a line distance, and how near a head may come to them.
+struct BeamClearance {
+    int32_t thickness, step, preferred, least;
+
+    explicit BeamClearance(const Stem* stem) {
+        const auto* pref = Preferences<NotePref>(DocumentPar(stem));
+        thickness = pref ? pref->BeamThickness() : NotePref::kBeamThickness;
+        step = thickness + (pref ? pref->BeamGap() : NotePref::kBeamGap);
+        preferred = pref ? pref->BeamMinDistance() : NotePref::kBeamMinDistance;
+        least = kLeastStem;
+        if (!IsGraceStem(stem)) return;
+        thickness /= 2, step /= 2;
+        preferred = preferred * 100 / kGraceScale, least = least * 100 / kGraceScale;
+    }
+    // From the beam's line to the inner edge of the levels of a value.
+    int32_t Depth(int value) const {
+        int32_t depth = thickness / 2;
+        for (int level = 16; level <= value; level *= 2) depth += step;
+        return depth;
+    }
+};
+
+// How far the line has to move away from the heads, so that every stem is long enough for its levels and, as
+// stems without a beam do, reaches the middle line.
+int32_t LackOf(const Beam* beam, const BeamLine& line, bool up) {
+    int32_t lack = 0;
+    ForEachStem(beam, [&](const Stem* stem, const BeamMarker* marker) {
+        const GenericNote* outer = up ? stemNotes.First(stem) : stemNotes.Last(stem);
+        const BeamClearance clearance(stem);
+        int32_t wanted = std::max(clearance.least, clearance.Depth(marker->_leftValue) + kHeadRoom);
+        if (!IsGraceStem(stem)) wanted = std::max(wanted, LengthToMiddleLine(outer, up));
+        const int32_t y = PlaceOf(outer).stem.y, end = line.YAt(BeamXOf(stem));
+        const int32_t length = up ? y - end : end - y;
+        lack = std::max(lack, wanted * FrameOf(StaffPar(outer)).lineDistance / 100 - length);
+    });
+    return lack;
+}
+
+// Under a beam a rest keeps its height unless the beam would run through it; then it moves by whole line
+// distances.
+void SetRestHeight(Pause* pause, const BeamMarker* marker, const BeamLine& line,
+                   const BeamClearance& clearance, bool up) {
+    pause->_beamY = pause->_y.Get();
+    const int32_t distance = FrameOf(StaffPar(pause)).lineDistance;
+    if (!distance) return;
+    const Rect rect = RectOf(pause);
+    const int32_t y = line.YAt(BeamXOf(pause));
+    const int32_t room = (clearance.Depth(marker->_leftValue) + kRestRoom) * distance / 100;
+    const int32_t lack = up ? y + room - rect.top : rect.bottom - (y - room);
+    if (lack <= 0) return;
+    const int32_t spaces = (lack + distance - 1) / distance;
+    const int32_t height = pause->_y + (up ? spaces : -spaces) * 1000;
+    pause->_beamY = height ? height : 1;  // 0 stands for none
+}
+
+// A neighbour across the end of a sub-group has no say.
+bool IsCut(const BeamMarker* left) { return left->_rightValue <= 8; }
+
+bool StubPointsRight(const BeamMarker* p, const BeamMarker* m, const BeamMarker* n) {
+    const bool before = p && !IsCut(p), behind = n && !IsCut(m);
+    if (!before) return behind || n || !p;
+    if (!behind) return false;
+    if (m->_leftValue <= n->_leftValue) return true;
+    return p->_leftValue < m->_leftValue && p->_leftValue < n->_leftValue;
 }
 
 bool& AngledSwitch() {
@@ -82,38 +154,42 @@ bool& AngledSwitch() {
 bool AngledBeams() { return AngledSwitch(); }
 void SetAngledBeams(bool angled) { AngledSwitch() = angled; }
 
+int32_t BeamLine::YAt(int32_t x) const { return Round(x * slope + b); }
+
 BeamLine ComputeBeam(const Beam* beam) {
     const Heads heads = HeadsOf(beam);
     BeamLine line;
     if (!heads.count) return line;
-    const BeamMarker *bmstart = beamMarkers.First(beam), *bmend = beamMarkers.Last(beam);
     const bool up = beam->_direction == 'U';
     const GenericNote* anchor = up ? heads.high : heads.low;
     const StaffFrame& staff = up ? heads.top : heads.bottom;
-    const int32_t distance = staff.lineDistance, clearance = MinimumDistance(heads.firstStem, distance);
-    const int32_t head = staff.Bottom() - distance * anchor->_line / 2 + distance / 2;
+    const int32_t distance = staff.lineDistance;
+    const int32_t clear = BeamClearance(heads.firstStem).preferred * distance / 100;
+    const double head = staff.Bottom() - distance * 0.5 * anchor->_line + distance * 0.5;
     line.slope = SlopeOf(heads);
-    const double b = head + (up ? -clearance : clearance) - BeamXOf(StemPar(anchor)) * line.slope;
-    const int32_t startX = BeamXOf(beamSymbolAttributes.ParentOf(bmstart));
-    const int32_t endX = BeamXOf(beamSymbolAttributes.ParentOf(bmend));
-    line.start = {startX, Round(startX * line.slope + b)};
-    line.end = {endX, Round(endX * line.slope + b)};
-    line.b = b;
+    line.b = head + (up ? -clear : clear) - BeamXOf(StemPar(anchor)) * line.slope;
+    if (!As<CrossBeam>(beam)) line.b += LackOf(beam, line, up) * (up ? -1 : 1);
+    const int32_t startX = BeamXOf(beamSymbolAttributes.ParentOf(beamMarkers.First(beam)));
+    const int32_t endX = BeamXOf(beamSymbolAttributes.ParentOf(beamMarkers.Last(beam)));
+    line.start = {startX, line.YAt(startX)};
+    line.end = {endX, line.YAt(endX)};
     return line;
 }
 
 void RefitBeam(Beam* beam) {
     const Heads heads = HeadsOf(beam);
+    if (!heads.count) return;
     const bool up = PointsUp(heads);
     const uint8_t direction = up ? 'U' : 'D';
     if (beam->_direction != direction) beam->_direction = direction;
-    std::vector<Stem*> stems;
-    for (const BeamMarker* marker : beamMarkers.Of(beam))
-        if (auto* stem = As<Stem>(beamSymbolAttributes.ParentOf(marker))) stems.push_back(stem);
-    for (Stem* stem : stems) ChangeStemDirection(stem, up ? StemDirection::Up : StemDirection::Down);
+    ForEachStem(beam, [&](Stem* stem, const BeamMarker*) { PointStem(stem, up); });
     const BeamLine line = ComputeBeam(beam);
-    for (Stem* stem : stems) SetEnd(stem, Round(BeamXOf(stem) * line.slope + line.b));
+    ForEachStem(beam, [&](Stem* stem, const BeamMarker*) { SetEnd(stem, line.YAt(BeamXOf(stem))); });
     SetMarkerStubs(beam);
+    const BeamClearance clearance(heads.firstStem);
+    for (const BeamMarker* marker : beamMarkers.Of(beam))
+        if (auto* pause = As<Pause>(beamSymbolAttributes.ParentOf(marker)))
+            SetRestHeight(pause, marker, line, clearance, up);
 }
 
 void SetMarkerStubs(Beam* beam) {
@@ -121,14 +197,7 @@ void SetMarkerStubs(Beam* beam) {
     for (BeamMarker* m : beamMarkers.Of(beam)) {
         const BeamMarker* n = beamMarkers.Next(m);
         m->_groupValue = std::clamp<uint8_t>(m->_leftValue, 8, 128);
-        bool right = true;
-        if (p && p->_leftValue < m->_leftValue) {
-            if (!n) right = false;
-            else if (n->_leftValue < m->_leftValue) right = p->_leftValue < n->_leftValue;
-        } else if (p) {
-            right = n && n->_leftValue >= m->_leftValue;
-        }
-        m->_stubSide = right ? 'R' : 'L';
+        m->_stubSide = StubPointsRight(p, m, n) ? 'R' : 'L';
         p = m;
     }
 }

@@ -13,64 +13,103 @@
 namespace corvane {
 namespace {
 
-constexpr uint8_t kNotCut = 255;
+constexpr uint8_t kNotCut = 255, kEighth = 8;
 
-uint8_t RightValueOf(const BeamMember& member, const BeamMember& next) {
-    constexpr int kEighthLevel = 1;
-    if (member.connection == kEighthLevel) return 8;
-    return member.connection == 2 ? std::min(member.value, next.value) : kNotCut;
-}
+// What the score wants of beams beside their grouping.
+struct BeamWishes {
+    bool beamAlone = false, stemsOnRests = false;
 
-bool HasTwoStems(const BeamGroup& group) {
-    return std::count_if(group.begin(), group.end(), [](const BeamMember& m) { return As<Stem>(m.symbol) != nullptr; }) > 1;
-}
-
-// Whether the beam stands over just these events, with these values and connections.
-bool IsAsBefore(const Beam* beam, const BeamGroup& group) {
-    size_t i = 0;
-    for (const BeamMarker* marker : beamMarkers.Of(beam)) {
-        if (i == group.size()) return false;
-        const BeamMember& member = group[i];
-        if (beamSymbolAttributes.ParentOf(marker) != member.symbol || marker->_leftValue != member.value ||
-            marker->_level != member.connection)
-            return false;
-        ++i;
+    explicit BeamWishes(const Document* document) {
+        const auto* pref = Preferences<NotePref>(document);
+        if (!pref) return;
+        beamAlone = pref->_singleNote == SingleNote::Beam;
+        stemsOnRests = pref->_completedBy == CompletedBy::StemsOnRests;
     }
-    return i == group.size();
+    bool WantsBeam(const BeamGroup& group) const { return group.size() > 1 || beamAlone; }
+};
+
+// What a marker is made with.
+struct MarkerPlan {
+    BeamSymbol* symbol;
+    uint8_t value, cut, connection;
+    bool drawToRest;
+
+    bool Holds(const BeamMarker* marker) const {
+        return beamSymbolAttributes.ParentOf(marker) == symbol && marker->_leftValue == value &&
+               marker->_rightValue == cut && marker->_level == connection &&
+               (marker->_drawToRest != 0) == drawToRest;
+    }
+};
+
+uint8_t CutTo(const BeamMember& member, const BeamMember& next) {
+    switch (member.connection) {
+        case kEighthLevel:
+            return kEighth;
+        case kLargerValue:
+            return std::min(member.value, next.value);
+        default:
+            return kNotCut;
+    }
 }
 
-void AddMarker(Beam* beam, const BeamGroup& group, size_t i, bool drawToRest) {
-    const BeamMember& member = group[i];
-    CORVANE_ASSERT_AS(!BeamOf(member.symbol), "!getBeam(beamSymbol)");
+std::vector<MarkerPlan> PlansOf(const BeamGroup& group, const BeamWishes& wishes) {
+    std::vector<MarkerPlan> plans;
+    for (size_t i = 0; i < group.size(); ++i) {
+        const uint8_t cut = i + 1 < group.size() ? CutTo(group[i], group[i + 1]) : kNotCut;
+        plans.push_back({group[i].symbol, group[i].value, cut, static_cast<uint8_t>(group[i].connection),
+                         wishes.stemsOnRests && As<Pause>(group[i].symbol)});
+    }
+    return plans;
+}
+
+// Whether a beam has just these markers.
+bool StandsAs(const Beam* beam, const std::vector<MarkerPlan>& plans) {
+    size_t i = 0;
+    for (const BeamMarker* marker : beamMarkers.Of(beam))
+        if (i == plans.size() || !plans[i++].Holds(marker)) return false;
+    return i == plans.size();
+}
+
+void AddMarker(Beam* beam, const MarkerPlan& plan) {
+    CORVANE_ASSERT_AS(!BeamOf(plan.symbol), "!getBeam(beamSymbol)");
     auto* marker = Make<BeamMarker>();
-    marker->_leftValue = member.value;
-    marker->_rightValue = i + 1 < group.size() ? RightValueOf(member, group[i + 1]) : kNotCut;
-    marker->_level = static_cast<uint8_t>(member.connection);
-    marker->_drawToRest = drawToRest && As<Pause>(member.symbol);
-    if (auto* stem = As<Stem>(member.symbol)) RemoveFlag(stem);
-    beamSymbolAttributes.Add(member.symbol, marker);
+    marker->_leftValue = plan.value;
+    marker->_rightValue = plan.cut;
+    marker->_level = plan.connection;
+    marker->_drawToRest = plan.drawToRest;
+    if (auto* stem = As<Stem>(plan.symbol)) RemoveFlag(stem);
+    beamSymbolAttributes.Add(plan.symbol, marker);
     beamMarkers.Add(beam, marker);
 }
 
-void BuildBeam(const Document* document, const BeamGroup& group) {
-    const auto* pref = Preferences<NotePref>(document);
-    const bool drawToRest = pref && pref->_completedBy == CompletedBy::StemsOnRests;
+void BuildBeam(const std::vector<MarkerPlan>& plans) {
     auto* beam = Make<Beam>();
     beam->_direction = 'U';
-    for (size_t i = 0; i < group.size(); ++i) AddMarker(beam, group, i, drawToRest);
+    for (const MarkerPlan& plan : plans) AddMarker(beam, plan);
     RefitBeam(beam);
 }
 
-// A note on its own has its flag and its own stem.
-void SetFlagged(const BeamMember& member) {
-    auto* stem = As<Stem>(member.symbol);
-    if (!stem || FlagOf(stem)) return;
-    AttachFlag(stem, member.value);
+void SetFlagged(const BeamGroup& group) {
+    for (const BeamMember& member : group)
+        if (auto* stem = As<Stem>(member.symbol); stem && !FlagOf(stem)) AttachFlag(stem, member.value);
 }
 
-bool WantsBeamAlone(const Document* document, const BeamGroup& group) {
-    const auto* pref = Preferences<NotePref>(document);
-    return pref && pref->_singleNote == SingleNote::Beam && group.size() == 1 && As<Stem>(group[0].symbol);
+// Dissolves what stands over the voice's events beside the beams to keep.
+void DissolveOthers(const Voice* voice, const std::vector<const Beam*>& kept) {
+    for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+        Beam* beam = BeamOf(BeamSymbolOf(symbol));
+        if (!beam || As<CrossBeam>(beam)) continue;
+        if (std::find(kept.begin(), kept.end(), beam) == kept.end()) DissolveBeam(beam, nullptr);
+    }
+}
+
+// A stem that has lost its beam stands on its own again.
+void Free(Stem* stem) {
+    const GenericNote* note = stemNotes.First(stem);
+    CORVANE_ASSERT_AS(note, "note");
+    Chords* chord = ChordPar(note);
+    RestemChord(chord);
+    AttachFlag(stem, ValueOf(chord));
 }
 
 }  // namespace
@@ -78,14 +117,10 @@ bool WantsBeamAlone(const Document* document, const BeamGroup& group) {
 void DissolveBeam(Beam* beam, const BeamSymbol* dying) {
     while (BeamMarker* marker = beamMarkers.First(beam)) {
         BeamSymbol* symbol = beamSymbolAttributes.ParentOf(marker);
-        const uint8_t value = marker->_leftValue;
         beamMarkers.Remove(marker);
         beamSymbolAttributes.Remove(marker);
         Release(marker);
-        auto* stem = As<Stem>(symbol);
-        if (!stem || stem == dying) continue;
-        AttachFlag(stem, value);
-        SetDefaultStemLength(stem);
+        if (auto* stem = As<Stem>(symbol); stem && stem != dying) Free(stem);
     }
     if (auto* cross = As<CrossBeam>(beam)) {
         measureSymbols.Remove(cross);
@@ -96,29 +131,34 @@ void DissolveBeam(Beam* beam, const BeamSymbol* dying) {
 }
 
 void BeamVoice(Voice* voice) {
-    const Document* document = DocumentPar(voice);
+    const BeamWishes wishes(DocumentPar(voice));
     const std::vector<BeamGroup> groups = BeamGroupsOf(voice);
-    std::vector<const BeamGroup*> missing;
+    std::vector<const BeamGroup*> anew;
+    std::vector<const Beam*> kept;
     for (const BeamGroup& group : groups) {
-        const bool wanted = HasTwoStems(group) || WantsBeamAlone(document, group);
         Beam* beam = BeamOf(group.front().symbol);
-        if (wanted && beam && IsAsBefore(beam, group)) RefitBeam(beam);
-        else missing.push_back(&group);
+        if (beam && wishes.WantsBeam(group) && StandsAs(beam, PlansOf(group, wishes))) {
+            RefitBeam(beam);
+            kept.push_back(beam);
+        } else {
+            anew.push_back(&group);
+        }
     }
-    std::vector<Stem*> freed;
-    for (const BeamGroup* group : missing)
-        for (const BeamMember& member : *group)
-            if (Beam* beam = BeamOf(member.symbol)) {
-                for (const BeamMarker* marker : beamMarkers.Of(beam))
-                    if (auto* stem = As<Stem>(beamSymbolAttributes.ParentOf(marker))) freed.push_back(stem);
-                DissolveBeam(beam, nullptr);
-            }
-    for (Stem* stem : freed)
-        if (GenericNote* note = stemNotes.First(stem)) RestemChord(ChordPar(note));
-    for (const BeamGroup* group : missing) {
-        if (HasTwoStems(*group) || WantsBeamAlone(document, *group)) BuildBeam(document, *group);
-        else for (const BeamMember& member : *group) SetFlagged(member);
+    DissolveOthers(voice, kept);
+    for (const BeamGroup* group : anew) {
+        if (wishes.WantsBeam(*group))
+            BuildBeam(PlansOf(*group, wishes));
+        else
+            SetFlagged(*group);
     }
+}
+
+void RefitBeamsOf(const Voice* voice) {
+    for (VoiceSymbol* symbol : voiceSymbols.Of(voice))
+        if (const BeamMarker* marker = MarkerOf(BeamSymbolOf(symbol))) {
+            Beam* beam = beamMarkers.ParentOf(marker);
+            if (beamMarkers.First(beam) == marker) RefitBeam(beam);
+        }
 }
 
 }  // namespace corvane

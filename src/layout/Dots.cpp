@@ -1,4 +1,4 @@
-// Augmentation dots: one record an event, whose count and distance serve all its heads.
+// Augmentation dots.
 #include "layout/Engraving.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -6,22 +6,31 @@
 
 namespace corvane {
 
+namespace {
+
+void RemoveDots(Document* document, VoiceSymbol* symbol) {
+    for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(symbol))
+        if (Dot* dot = As<Dot>(attribute)) {
+            DropSymbol(document, dot->_symbol);
+            voiceSymbolAttributes.Remove(dot);
+            Release(dot);
+        }
+}
+
+void AddDot(Document* document, VoiceSymbol* symbol) {
+    auto* dot = Make<Dot>();
+    voiceSymbolAttributes.Add(symbol, dot);
+    dot->_symbol = LookupSymbol(document, "Punto");
+}
+
+}  // namespace
+
 void SetDots(VoiceSymbol* symbol, int count) {
     Document* document = DocumentPar(symbol);
-    Dot* dot = DotOf(symbol);
-    if (count <= 0) {
-        if (!dot) return;
-        DropSymbol(document, dot->_symbol);
-        voiceSymbolAttributes.Remove(dot);
-        Release(dot);
-        return;
-    }
-    if (!dot) {
-        dot = Make<Dot>();
-        voiceSymbolAttributes.Add(symbol, dot);
-        dot->_symbol = LookupSymbol(document, "Punto");
-    }
-    dot->_count = static_cast<int16_t>(count);
+    if (count <= 0) return RemoveDots(document, symbol);
+    if (!DotOf(symbol)) AddDot(document, symbol);
+    for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(symbol))
+        if (Dot* dot = As<Dot>(attribute)) dot->_count = static_cast<int16_t>(count);
 }
 
 }  // namespace corvane

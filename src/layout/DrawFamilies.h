@@ -37,6 +37,19 @@ void Paint(GraphicPort& port, const Dot& dot, const DrawContext& context);
 Rect InkOf(const BeamMarker& marker);
 void Paint(GraphicPort& port, const BeamMarker& marker, const DrawContext& context);
 
+// What stands above a measure: DrawTempo.cpp, DrawEndings.cpp, DrawMeasureSigns.cpp; the last has symbols placed
+// at a staff and rests over several measures too.
+Rect InkOf(const Time& mark);
+void Paint(GraphicPort& port, const Time& mark, const DrawContext& context);
+Rect InkOf(const MarkEndings& mark);
+void Paint(GraphicPort& port, const MarkEndings& mark, const DrawContext& context);
+Rect InkOf(const Coda& coda);
+void Paint(GraphicPort& port, const Coda& coda, const DrawContext& context);
+Rect InkOf(const SimboliVari& sign);
+void Paint(GraphicPort& port, const SimboliVari& sign, const DrawContext& context);
+Rect InkOf(const MultiPause& pause);
+void Paint(GraphicPort& port, const MultiPause& pause, const DrawContext& context);
+
 // Text: DrawText.cpp.
 Rect InkOf(const PageText& text);
 void Paint(GraphicPort& port, const PageText& text, const DrawContext& context);

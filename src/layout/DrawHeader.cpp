@@ -1,10 +1,9 @@
 // Clefs, key and time signatures at the head of a measure, and clefs within it.
-#include "base/Rounding.h"
 #include "layout/DrawFamilies.h"
-#include "layout/Frames.h"
+#include "layout/MovingClefs.h"
 #include "layout/SpacingHeader.h"
 #include "layout/SymbolInk.h"
-#include "model/Clefs.h"
+#include "layout/TimeSigns.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
 
@@ -19,9 +18,6 @@ struct SignPlace {
     int32_t percent = 100;
 };
 
-// A clef within a measure is smaller than one at its head.
-constexpr int32_t kMovingClefPercent = 75;
-
 const Staff* StaffOf(const StaffMeasureSymbol& sign) {
     const MeasureStaff* crossing = MeasureStaffPar(&sign);
     return crossing ? crossing->_staff.Get() : nullptr;
@@ -33,13 +29,10 @@ SignPlace HeaderPlaceOf(const Sign& sign) {
     return staff ? SignPlace{sign._symbol, PlaceOfSign(&sign), staff->_lineDistance} : SignPlace{};
 }
 
-SignPlace PlaceOf(const MovingClaf& clef) {
+SignPlace SignPlaceOf(const MovingClaf& clef) {
     const Staff* staff = StaffOf(clef);
     if (!staff) return {};
-    const StaffFrame frame = FrameOf(staff);
-    const Point at{FrameOf(MeasurePar(&clef)).XOf(clef._place), frame.YOfLine(ClefOf(clef._code).line)};
-    const Point moved{clef._x * frame.lineDistance / 100, clef._y * frame.lineDistance / 100};
-    return {clef._symbol, at + moved, frame.lineDistance, kMovingClefPercent};
+    return {clef._symbol, PlaceOf(&clef), staff->_lineDistance, kMovingClefPercent};
 }
 
 Rect InkOf(const SignPlace& place) {
@@ -57,15 +50,19 @@ Rect InkOf(const StaticClaf& clef) { return InkOf(HeaderPlaceOf(clef)); }
 void Paint(GraphicPort& port, const StaticClaf& clef, const DrawContext&) {
     Paint(port, HeaderPlaceOf(clef));
 }
-Rect InkOf(const MovingClaf& clef) { return InkOf(PlaceOf(clef)); }
-void Paint(GraphicPort& port, const MovingClaf& clef, const DrawContext&) { Paint(port, PlaceOf(clef)); }
+Rect InkOf(const MovingClaf& clef) { return InkOf(SignPlaceOf(clef)); }
+void Paint(GraphicPort& port, const MovingClaf& clef, const DrawContext&) { Paint(port, SignPlaceOf(clef)); }
 Rect InkOf(const ClafSignature& key) { return InkOf(HeaderPlaceOf(key)); }
 void Paint(GraphicPort& port, const ClafSignature& key, const DrawContext&) {
     Paint(port, HeaderPlaceOf(key));
 }
-Rect InkOf(const TimeSignature& time) { return InkOf(HeaderPlaceOf(time)); }
+Rect InkOf(const TimeSignature& time) {
+    const SignPlace place = HeaderPlaceOf(time);
+    return place.symbol ? InkOfTime(time, place.at, place.lineDistance) : Rect{};
+}
 void Paint(GraphicPort& port, const TimeSignature& time, const DrawContext&) {
-    Paint(port, HeaderPlaceOf(time));
+    const SignPlace place = HeaderPlaceOf(time);
+    if (place.symbol) PaintTime(port, time, place.at, place.lineDistance);
 }
 
 }  // namespace corvane

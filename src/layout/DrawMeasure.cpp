@@ -1,13 +1,16 @@
-// Barlines at the edges of a measure, and the line that opens a system of several staves.
+// Barlines at the edges of a measure, the line that opens a system of several staves, and what stands at its
+// end.
 #include <algorithm>
 #include <vector>
 
+#include "layout/BarlineShapes.h"
+#include "layout/CourtesySigns.h"
 #include "layout/DrawFamilies.h"
 #include "layout/Frames.h"
 #include "layout/LineWeights.h"
 #include "layout/PageLayout.h"
+#include "layout/SpacingHeader.h"
 #include "model/Par.h"
-#include "model/Preferences.h"
 
 namespace corvane {
 namespace {
@@ -47,19 +50,6 @@ struct Bar {
     bool dashed = false;
 };
 
-struct Weights {
-    int32_t thin, thick, gap, lineDistance;
-};
-
-Weights WeightsOf(const Measure* measure, int32_t lineDistance) {
-    const Document* document = DocumentPar(measure);
-    const auto* preferences = document ? Preferences<MeasurePreferences>(document) : nullptr;
-    const int32_t thick = preferences ? preferences->_thickBarline.Get() : 42;
-    const int32_t gap = preferences ? preferences->_barlineGap.Get() : 40;
-    return {BarlineWeight(lineDistance), WeightOf(thick, lineDistance), gap * lineDistance / 100,
-            lineDistance};
-}
-
 // Everything that one measure draws, in absolute page units.
 struct BarlinePicture {
     std::vector<Span> spans;
@@ -91,31 +81,35 @@ void AddDots(BarlinePicture& picture, const std::vector<Staff*>& staffs, int32_t
     }
 }
 
-bool StartsRepeat(const Measure* measure) { return measure && measure->_startRepeat; }
+// The repeat sign takes the barline's place, but for one behind clefs, keys and time signatures.
+bool OpensWithRepeat(const Measure* measure) {
+    return measure && measure->_startRepeat && PlacesOf(measure).repeat == 0;
+}
 bool EndsThick(const Measure* measure) {
     return measure && (measure->_endRepeat || measure->_barline == BarlineKind::Final);
 }
 
 // At the right edge; the last bar ends there. A repeat that starts behind it stands for a thin barline.
 void AddEnd(BarlinePicture& picture, const Measure* measure, const std::vector<Staff*>& staffs, int32_t right,
-            const Weights& w) {
+            const BarlineWeights& w) {
     if (EndsThick(measure)) {
         const int32_t thin = right - w.thick - w.gap - w.thin;
         picture.bars.push_back({thin, w.thin});
         picture.bars.push_back({right - w.thick, w.thick});
-        if (measure->_endRepeat) AddDots(picture, staffs, thin - w.gap - w.lineDistance * 2 / 5);
+        if (measure->_endRepeat) AddDots(picture, staffs, thin - w.gap - w.DotSize());
         return;
     }
-    if (StartsRepeat(systemMeasures.Next(measure))) return;
+    if (OpensWithRepeat(systemMeasures.Next(measure))) return;
     if (measure->_barline == BarlineKind::Double)
         picture.bars.push_back({right - 2 * w.thin - w.gap, w.thin});
     picture.bars.push_back({right - w.thin, w.thin, measure->_barline == BarlineKind::Dashed});
 }
 
-// At the left edge; the thick bar of a repeat that ends before it serves both.
+// Behind the header, or at the left edge, where the thick bar of a repeat that ends before it serves both.
 void AddStartRepeat(BarlinePicture& picture, const Measure* measure, const std::vector<Staff*>& staffs,
-                    int32_t left, const Weights& w) {
-    if (!EndsThick(systemMeasures.Prev(measure))) {
+                    int32_t left, const BarlineWeights& w) {
+    left += PlacesOf(measure).repeat;
+    if (!OpensWithRepeat(measure) || !EndsThick(systemMeasures.Prev(measure))) {
         picture.bars.push_back({left, w.thick});
         left += w.thick;
     }
@@ -132,7 +126,7 @@ BarlinePicture PictureOf(const Measure* measure) {
     picture.spans = SpansOf(system, staffs);
     picture.lineDistance = staffs.front()->_lineDistance;
     const int32_t left = OriginOf(system).x + measure->_left, right = OriginOf(system).x + measure->_right;
-    const Weights weights = WeightsOf(measure, picture.lineDistance);
+    const BarlineWeights weights = BarlineWeightsOf(measure, picture.lineDistance);
     if (!measure->_hiddenBarline) AddEnd(picture, measure, staffs, right, weights);
     if (measure->_startRepeat) AddStartRepeat(picture, measure, staffs, left, weights);
     if (systemMeasures.First(system) == measure && staffs.size() > 1)
@@ -150,7 +144,7 @@ void PaintBar(GraphicPort& port, const Bar& bar, const Span& span, int32_t lineD
 
 }  // namespace
 
-Rect InkOf(const Measure& measure) { return PictureOf(&measure).Ink(); }
+Rect InkOf(const Measure& measure) { return Union(PictureOf(&measure).Ink(), InkOfCourtesy(&measure)); }
 
 void Paint(GraphicPort& port, const Measure& measure, const DrawContext&) {
     const PenKept kept(port);
@@ -160,6 +154,7 @@ void Paint(GraphicPort& port, const Measure& measure, const DrawContext&) {
     for (const Rect& dot : picture.dots) port.FillEllipse(dot);
     for (const Rect& line : picture.opening)
         PaintUpright(port, line.left, line.top, line.bottom, line.Width());
+    PaintCourtesy(port, &measure);
 }
 
 }  // namespace corvane

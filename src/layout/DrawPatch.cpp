@@ -68,6 +68,11 @@ std::array<const PatchBehaviour*, kClasses> MakeTable() {
              RowOf<Accident, Hits::Rectangle, When::Late>(),
              RowOf<Dot>(),
              RowOf<BeamMarker>(),
+             RowOf<Time>(),
+             RowOf<MarkEndings>(),
+             RowOf<Coda>(),
+             RowOf<SimboliVari>(),
+             RowOf<MultiPause>(),
              RowOf<PageText>(),
              RowOf<MeasureStaffText>(),
          })

@@ -8,23 +8,29 @@
 
 namespace corvane {
 
-// Code of a new stem from the value, the line of the outer head and the voice's preference.
+// Code of a stem from the value, the line of its head and the voice's preference.
 StemDirection DefaultStemDirection(const Voice* voice, uint8_t value, int line);
-// Whether the voice's stems follow its number: other voices of the crossing hold events, or they are not automatic.
+// Whether the voice's stems follow its number: other voices of the crossing hold events, or they are not
+// automatic.
 bool StemsAreForced(const Voice* voice);
 bool ForcedStemsUp(const Voice* voice);
-// Default direction and length for a chord as it stands; a grace chord keeps its own.
+// Default direction and length for a chord as it stands. Grace chords point up unless the voice's stems are
+// forced. A hidden stem stays hidden.
 void RestemChord(Chords* chord);
-// Every stem of the voice that stands under no beam takes its default direction and length
-// anew; the caller beams afterwards.
+// The same for every stem of the voice that stands under no beam; its beams are refitted.
 void RestemVoice(Voice* voice);
 // The free end at the preferred length from the outer head.
 void SetDefaultStemLength(Stem* stem);
+// From a head to the middle line of its staff, upward or downward, in hundredths of a line distance; negative
+// for a head beyond it.
+int32_t LengthToMiddleLine(const GenericNote* note, bool up);
 // Stores the code, the heads' sides and the flags' symbols ("up" and "down" swapped).
 void ChangeStemDirection(Stem* stem, StemDirection direction);
+// The same up or down, hidden where the stem was hidden or the value has none.
+void PointStem(Stem* stem, bool up);
 
-// The flag of a value from 8 on, named for the stem's direction; grace flags for a grace chord. Null, and nothing made,
-// for longer values.
+// The flag of a value from 8 on, named for the stem's direction; grace flags for a grace chord. Null, and
+// nothing made, for longer values.
 Flag* AttachFlag(Stem* stem, uint8_t value);
 void RemoveFlag(Stem* stem);
 
@@ -33,14 +39,17 @@ std::string AccidentName(Alteration alteration, bool grace, bool bracketed);
 Accident* AttachAccident(GenericNote* note, Alteration alteration, bool bracketed = false);
 void RemoveAccidents(GenericNote* note);
 
-// Runs the rule of accidentals in force to the end of the measure for a note and the next one on its line. The changed
-// notes are handed to `changed`: what it draws must be filed anew.
+// What the key in force at a note gives its line.
+Alteration KeyAlterationAt(const GenericNote* note);
+// Gives a note the accidental that it needs, and the next one on its line: an accidental stays in force to
+// the end of the measure or the next clef. The next note is handed to `changed`.
 void UpdateAccidentals(GenericNote* note, const std::function<void(GenericNote*)>& changed);
 // The nearest note on the same line of the same staff and measure, across voices, by x; null for none.
 GenericNote* NoteBefore(const GenericNote* note);
 GenericNote* NoteBehind(const GenericNote* note);
 
-// Sets an event's dots: makes, changes or removes its Dot objects (one for each head of a chord, or the rest's one).
+// Sets an event's dots, 0 to 3. One Dot serves all heads of a chord; where a file has one for each head, all
+// of them follow.
 void SetDots(VoiceSymbol* symbol, int count);
 
 }  // namespace corvane

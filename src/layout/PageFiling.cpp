@@ -39,7 +39,8 @@ void VisitEvent(const VoiceSymbol* symbol, Columns columns, const PatchVisitor& 
     for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(symbol)) Visit(attribute, number, visit);
 }
 
-void VisitEvents(const MeasureStaff* crossing, Columns columns, const PatchVisitor& visit) {
+void VisitSignsAndEvents(const MeasureStaff* crossing, Columns columns, const PatchVisitor& visit) {
+    for (StaffMeasureSymbol* symbol : staffSymbols.Of(crossing)) Visit(symbol, 0, visit);
     for (const Voice* voice : measureStaffVoices.Of(crossing))
         for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) VisitEvent(symbol, columns, visit);
 }
@@ -47,8 +48,7 @@ void VisitEvents(const MeasureStaff* crossing, Columns columns, const PatchVisit
 // A crossing without a staff of its own is not drawn.
 void VisitCrossing(const MeasureStaff* crossing, const PatchVisitor& visit) {
     if (!crossing->_staff) return;
-    for (StaffMeasureSymbol* symbol : staffSymbols.Of(crossing)) Visit(symbol, 0, visit);
-    VisitEvents(crossing, Columns::WithFirstChord, visit);
+    VisitSignsAndEvents(crossing, Columns::WithFirstChord, visit);
 }
 
 void VisitSystem(const System* system, const PatchVisitor& visit) {
@@ -70,8 +70,10 @@ void ForEachPatch(const Page* page, const PatchVisitor& visit) {
     for (PageText* text : pageTexts.Of(page)) Visit(text, 0, visit);
 }
 
+void ForEachPatch(const System* system, const PatchVisitor& visit) { VisitSystem(system, visit); }
+
 void ForEachPatch(const MeasureStaff* measureStaff, const PatchVisitor& visit) {
-    VisitEvents(measureStaff, Columns::WithEachChord, visit);
+    VisitSignsAndEvents(measureStaff, Columns::WithEachChord, visit);
 }
 
 void ForEachPatch(const VoiceSymbol* symbol, const PatchVisitor& visit) {

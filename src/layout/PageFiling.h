@@ -14,8 +14,11 @@ using PatchVisitor = std::function<void(const DrawPatch& patch, int voice)>;
 // the clefs and other signs, the events of the voices, what spans the measure. Last the texts of the page.
 void ForEachPatch(const Page* page, const PatchVisitor& visit);
 
-// The events of one staff in one measure with all that hangs on them. A column that several of its chords
-// share is given with each of them.
+// What one page shows of one system.
+void ForEachPatch(const System* system, const PatchVisitor& visit);
+
+// The signs and events of one staff in one measure with all that hangs on them. A column that several of its
+// chords share is given with each of them.
 void ForEachPatch(const MeasureStaff* measureStaff, const PatchVisitor& visit);
 
 // One event with all that hangs on it: of a chord its column, beam markers, signs and dots.

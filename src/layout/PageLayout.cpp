@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Rounding.h"
+#include "layout/CourtesySigns.h"
 #include "layout/ScoreBuilder.h"
 #include "layout/Spacing.h"
 #include "model/SymbolTable.h"
@@ -107,7 +108,7 @@ void FitMeasures(System* system) {
         allHeaders += headers.back();
     }
     const auto n = static_cast<int32_t>(headers.size());
-    const int32_t width = system->_right - system->_left;
+    const int32_t width = system->_right - system->_left - CourtesyWidth(system);
     // Too narrow for its headers, a system gives each measure the same width.
     const bool roomy = allHeaders < width;
     const int64_t shared = roomy ? width - allHeaders : width;

@@ -29,9 +29,11 @@ Document* BuildNewScore(const PageLayout& layout, std::string_view staffs);
 // staff, Cmn a custom staff of n groups of m lines (digits from 1). Other letters make none. Layout is left
 // to the caller.
 void BuildStaffs(Document* document, std::string_view staffs);
-// Adds the staves of a request below the others, to every page, system and measure of the document, with
-// clefs and the keys and meters in force. Layout is left to the caller (LayOutPages in PageLayout.h).
-void AddStaffs(Document* document, const StaffRequest& request);
+// Adds the staves of a request below `behind`, or on top where it is null, to every page, system and measure
+// of the document, with clefs and the keys and meters in force. A custom staff is not parted: what would come
+// between its line groups stands below it. The last staff made; null where a request makes none. Layout is
+// left to the caller (LayOutPages in PageLayout.h).
+DocStaff* AddStaffs(Document* document, const StaffRequest& request, DocStaff* behind);
 
 // Each of these makes its object behind a sibling, or first where `behind` is null, with all that belongs to
 // it: a page like its model (empty without one), a system with the staffs of its neighbour, a measure with a
@@ -40,9 +42,9 @@ void AddStaffs(Document* document, const StaffRequest& request);
 Page* MakePage(Document* document, Page* behind, const Page* model);
 System* MakeSystem(Page* page, System* behind, int measures);
 Measure* MakeMeasure(System* system, Measure* behind);
-// The crossing with one voice, linked in both ways.
-MeasureStaff* MakeMeasureStaff(Measure* measure, DocStaff* docStaff, Staff* staff,
-                               MeasureStaff* behindOnStaff);
+// The crossing with one voice, linked in both ways: behind one of its measure and one of its staff.
+MeasureStaff* MakeMeasureStaff(Measure* measure, MeasureStaff* behindInMeasure, DocStaff* docStaff,
+                               MeasureStaff* behindOnStaff, Staff* staff);
 Voice* MakeVoice(MeasureStaff* measureStaff, int number);
 
 void CenterSystems(Document* document, Page* page);      // equal bands, staves refitted

@@ -10,7 +10,8 @@ namespace {
 
 void NumberPages(Document* document) {
     int16_t number = 0;
-    for (Page* page : documentPages.Of(document)) page->_pageNumber = ++number;
+    for (Page* page : documentPages.Of(document))
+        if (page->_pageNumber != ++number) page->_pageNumber = number;
 }
 
 System* PrevSystem(const System* system) {
@@ -37,11 +38,11 @@ void AddStaffsOfNeighbour(System* system) {
 
 // The crossings of a new measure, one a staff of its system, in the score's order behind those of the measure
 // before.
-void AddCrossings(Measure* measure, System* system) {
-    const Measure* before = PrevMeasure(measure);
+void AddCrossings(Measure* measure, const Measure* before, System* system) {
     for (Staff* staff : StaffsFromTop(system)) {
         DocStaff* docStaff = docStaffStaffs.ParentOf(staff);
-        MakeMeasureStaff(measure, docStaff, staff, before ? MeasureStaffAt(before, docStaff) : nullptr);
+        MakeMeasureStaff(measure, measureStaffs.Last(measure), docStaff,
+                         before ? MeasureStaffAt(before, docStaff) : nullptr, staff);
     }
 }
 
@@ -65,10 +66,13 @@ void MoveHeader(const Measure* from, const Measure* to, bool startsScore) {
     }
 }
 
+// What holds before the measure is said again; at the start of the score what holds behind it.
 void MakeHeader(const Measure* measure, bool startsScore) {
     for (MeasureStaff* crossing : measureStaffs.Of(measure)) {
-        const int key = KeyInForce(crossing);
-        AddClef(crossing, ClefInForce(crossing, 0));
+        const MeasureStaff* behind = startsScore ? NextOnStaff(crossing) : nullptr;
+        const MeasureStaff* model = behind ? behind : crossing;
+        const int key = KeyInForce(model);
+        AddClef(crossing, ClefInForce(model, 0));
         AddKey(crossing, key);
         if (startsScore) AddTime(crossing);
     }
@@ -108,6 +112,11 @@ System* MakeSystem(Page* page, System* behind, int measures) {
 
 Measure* MakeMeasure(System* system, Measure* behind) {
     auto* measure = Make<Measure>();
+    JoinMeasure(system, measure, behind);
+    return measure;
+}
+
+void JoinMeasure(System* system, Measure* measure, Measure* behind) {
     const Measure* wasFirst = systemMeasures.First(system);
     systemMeasures.Insert(system, measure, behind);
     system->_measureCount += 1;
@@ -116,15 +125,14 @@ Measure* MakeMeasure(System* system, Measure* behind) {
     measure->_num = model ? model->_num.Get() : int16_t{4};
     measure->_den = model ? model->_den.Get() : int16_t{4};
     measure->_number = before ? before->_number + 1 : 1;
-    AddCrossings(measure, system);
+    AddCrossings(measure, before, system);
     if (!behind) wasFirst ? MoveHeader(wasFirst, measure, !before) : MakeHeader(measure, !before);
-    return measure;
 }
 
-MeasureStaff* MakeMeasureStaff(Measure* measure, DocStaff* docStaff, Staff* staff,
-                               MeasureStaff* behindOnStaff) {
+MeasureStaff* MakeMeasureStaff(Measure* measure, MeasureStaff* behindInMeasure, DocStaff* docStaff,
+                               MeasureStaff* behindOnStaff, Staff* staff) {
     auto* crossing = Make<MeasureStaff>();
-    measureStaffs.Add(measure, crossing);
+    measureStaffs.Insert(measure, crossing, behindInMeasure);
     docStaffMeasureStaffs.Insert(docStaff, crossing, behindOnStaff);
     crossing->_staff = staff;
     MakeVoice(crossing, 1);

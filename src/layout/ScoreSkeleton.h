@@ -11,9 +11,12 @@ void AddClef(MeasureStaff* crossing, int code);
 void AddKey(MeasureStaff* crossing, int key);  // sharps less flats
 void AddTime(MeasureStaff* crossing);          // of the measure's meter
 
-// A staff of a system behind the others, drawn over the system's whole width.
-SimpleStaff* MakeSimpleStaff(System* system, AllStaff* allStaff, StaffKind kind, int lineCount);
-StaffCustom* MakeStaffCustom(System* system, AllStaff* allStaff, StaffKind kind);
+// What MakeMeasure does with a measure of any kind that stands in no system yet.
+void JoinMeasure(System* system, Measure* measure, Measure* behind);
+
+// A staff of a system below `behind`, or on top where it is null, drawn over the system's whole width.
+SimpleStaff* MakeSimpleStaff(System* system, MultiStaff* behind, StaffKind kind, int lineCount);
+StaffCustom* MakeStaffCustom(System* system, MultiStaff* behind, StaffKind kind);
 StaffBot* MakeStaffBot(StaffCustom* custom, System* system, StaffKind kind, int lineCount);
 
 // Joins two staffs of a system at their left end.

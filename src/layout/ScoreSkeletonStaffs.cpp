@@ -38,13 +38,13 @@ struct Copier {
     }
 
     void Simple(SimpleStaff* model) const {
-        SimpleStaff* staff = MakeSimpleStaff(target, nullptr, model->_kind, model->_lineCount);
+        SimpleStaff* staff = MakeSimpleStaff(target, systemStaffs.Last(target), model->_kind, model->_lineCount);
         Lines(model, staff);
         Join(allStaffStaffs, static_cast<MultiStaff*>(staff), static_cast<MultiStaff*>(model));
     }
 
     void Custom(StaffCustom* model) const {
-        StaffCustom* custom = MakeStaffCustom(target, nullptr, static_cast<StaffKind>(model->_kind.Get()));
+        StaffCustom* custom = MakeStaffCustom(target, systemStaffs.Last(target), static_cast<StaffKind>(model->_kind.Get()));
         for (StaffBot* bot : customStaffs.Of(model))
             Lines(bot, MakeStaffBot(custom, target, bot->_kind, bot->_lineCount));
         Join(allStaffStaffs, static_cast<MultiStaff*>(custom), static_cast<MultiStaff*>(model));
@@ -53,19 +53,17 @@ struct Copier {
 
 }  // namespace
 
-SimpleStaff* MakeSimpleStaff(System* system, AllStaff* allStaff, StaffKind kind, int lineCount) {
+SimpleStaff* MakeSimpleStaff(System* system, MultiStaff* behind, StaffKind kind, int lineCount) {
     auto* staff = Make<SimpleStaff>();
     Fill(staff, system, kind, lineCount);
-    systemStaffs.Add(system, staff);
-    if (allStaff) allStaffStaffs.Add(allStaff, staff);
+    systemStaffs.Insert(system, staff, behind);
     return staff;
 }
 
-StaffCustom* MakeStaffCustom(System* system, AllStaff* allStaff, StaffKind kind) {
+StaffCustom* MakeStaffCustom(System* system, MultiStaff* behind, StaffKind kind) {
     auto* custom = Make<StaffCustom>();
     custom->_kind = static_cast<int16_t>(kind);
-    systemStaffs.Add(system, custom);
-    if (allStaff) allStaffStaffs.Add(allStaff, custom);
+    systemStaffs.Insert(system, custom, behind);
     return custom;
 }
 

@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "base/Rounding.h"
+#include "layout/Beaming.h"
 #include "layout/Frames.h"
+#include "layout/MovingClefs.h"
 #include "layout/NoteGeometry.h"
 #include "layout/SpacingHeader.h"
 #include "model/NoteOperations.h"
@@ -134,6 +136,14 @@ private:
     std::vector<Placed> _placed;
 };
 
+bool SpaceEvents(Voice* voice, VoiceSymbol* first) {
+    const auto* rest = As<Pause>(first);
+    if (rest && rest->_value == 1 && first == voiceSymbols.Last(voice)) return PutX(first, kMiddle);
+    VoiceSpacing spacing(voice);
+    spacing.Walk(voice);
+    return spacing.Store();
+}
+
 }  // namespace
 
 double MeasureFraction(const Measure* measure) {
@@ -158,11 +168,12 @@ bool IsMeasureFull(const Voice* voice, double* sum) {
 bool SpaceVoice(Voice* voice) {
     VoiceSymbol* first = voiceSymbols.First(voice);
     if (!first) return false;
-    const auto* rest = As<Pause>(first);
-    if (rest && rest->_value == 1 && first == voiceSymbols.Last(voice)) return PutX(first, kMiddle);
-    VoiceSpacing spacing(voice);
-    spacing.Walk(voice);
-    return spacing.Store();
+    const ClefPlaces clefs(MeasureStaffPar(voice));
+    const bool changed = SpaceEvents(voice, first);
+    if (!changed) return false;
+    clefs.Apply();
+    RefitBeamsOf(voice);
+    return true;
 }
 
 }  // namespace corvane

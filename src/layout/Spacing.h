@@ -9,8 +9,8 @@ namespace corvane {
 // with their gaps.
 int32_t NoteAreaLeft(const Measure* measure);
 
-// The mathematical rule for one voice: every event strictly in proportion to its duration. True if some x
-// changed.
+// The mathematical rule for one voice: every event strictly in proportion to its duration. Clefs among the
+// events stay between the same ones; its beams are refitted. True if some x changed.
 bool SpaceVoice(Voice* voice);
 
 // What a measure can hold and what a voice fills of it, in whole notes. Denominators that are no power of two

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "layout/BarlineShapes.h"
 #include "layout/Frames.h"
 #include "layout/Spacing.h"
 #include "layout/SymbolInk.h"
@@ -77,7 +78,9 @@ HeaderPlaces PlacesOf(const Measure* measure) {
         places[i] = x += widths[i] ? before[i] : 0;
         x += widths[i];
     }
-    return {places[0], places[1], places[2], x + gaps.firstNote};
+    const int32_t repeatWidth = StartRepeatWidth(measure);
+    const int32_t repeat = x += x && repeatWidth ? gaps.keyTime : 0;
+    return {places[0], places[1], places[2], repeat, x + repeatWidth + gaps.firstNote};
 }
 
 int32_t NoteAreaLeft(const Measure* measure) { return PlacesOf(measure).noteArea; }

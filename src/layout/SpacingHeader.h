@@ -22,6 +22,8 @@ SpacingGaps GapsOf(const Document* document);
 // end.
 struct HeaderPlaces {
     int32_t clef = 0, key = 0, time = 0;
+    int32_t repeat =
+        0;  // of a repeat that starts: behind the signs, or the barline itself where there are none
     int32_t noteArea = 0;  // where the note area begins
 };
 HeaderPlaces PlacesOf(const Measure* measure);

@@ -6,6 +6,7 @@
 #include "layout/PageLayout.h"
 #include "layout/ScoreBuilder.h"
 #include "layout/ScoreSkeleton.h"
+#include "layout/SignRecords.h"
 #include "model/Clefs.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
@@ -47,9 +48,9 @@ const Form& FormOf(StaffKind kind) {
     return kForms[0];
 }
 
-DocStaff* MakeDocStaff(Document* document) {
+DocStaff* MakeDocStaff(Document* document, DocStaff* behind) {
     auto* docStaff = Make<DocStaff>();
-    documentDocStaffs.Add(document, docStaff);
+    documentDocStaffs.Insert(document, docStaff, behind);
     docStaff->_active = 1;
     for (VoiceRecord& voice : docStaff->_voices) {
         voice._recordActive = 1;
@@ -66,10 +67,26 @@ AllStaff* MakeAllStaff() {
     return allStaff;
 }
 
+// What draws a staff in a system; null for a null staff.
+MultiStaff* MultiStaffOf(const System* system, const DocStaff* docStaff) {
+    for (Staff* staff : StaffsFromTop(system)) {
+        if (docStaffStaffs.ParentOf(staff) != docStaff) continue;
+        if (auto* simple = As<SimpleStaff>(staff)) return simple;
+        return customStaffs.ParentOf(As<StaffBot>(staff));
+    }
+    return nullptr;
+}
+
+// The last staff of the group that a staff is drawn in: itself, unless that is a custom one.
+DocStaff* LastOfGroup(DocStaff* docStaff) {
+    const auto* bot = docStaff ? As<StaffBot>(docStaffStaffs.First(docStaff)) : nullptr;
+    return bot ? docStaffStaffs.ParentOf(customStaffs.Last(customStaffs.ParentOf(bot))) : docStaff;
+}
+
 class StaffBuilder {
 public:
-    StaffBuilder(Document* document, const StaffRequest& request)
-        : _document(document), _request(request), _form(FormOf(request.kind)) {
+    StaffBuilder(Document* document, const StaffRequest& request, DocStaff* behind)
+        : _document(document), _request(request), _form(FormOf(request.kind)), _behind(LastOfGroup(behind)) {
         const int staves = _form.braced ? 2 : request.staffCount;
         if (_form.braced)
             _columns = {{_form.custom[0], 1, nullptr}, {_form.custom[1], 1, nullptr}};
@@ -77,8 +94,11 @@ public:
             _columns = {{true, staves, nullptr}};
         else
             _columns.assign(static_cast<size_t>(staves), {false, 1, nullptr});
-        for (int i = 0; i < staves; ++i) _docStaffs.push_back(MakeDocStaff(document));
+        for (int i = 0; i < staves; ++i)
+            _docStaffs.push_back(MakeDocStaff(document, _docStaffs.empty() ? _behind : _docStaffs.back()));
     }
+
+    DocStaff* Last() const { return _docStaffs.back(); }
 
     void Build(System* system) {
         const std::vector<Staff*> staffs = MakeStaffs(system);
@@ -89,15 +109,20 @@ public:
 private:
     std::vector<Staff*> MakeStaffs(System* system) {
         std::vector<Staff*> staffs;
+        MultiStaff* behind = MultiStaffOf(system, _behind);
         for (Column& column : _columns) {
             if (!column.allStaff) column.allStaff = MakeAllStaff();
             if (column.custom) {
-                StaffCustom* custom = MakeStaffCustom(system, column.allStaff, _request.kind);
+                StaffCustom* custom = MakeStaffCustom(system, behind, _request.kind);
                 for (int i = 0; i < column.staves; ++i)
                     staffs.push_back(MakeStaffBot(custom, system, _request.kind, _request.lineCount));
+                behind = custom;
             } else {
-                staffs.push_back(MakeSimpleStaff(system, column.allStaff, _request.kind, _request.lineCount));
+                SimpleStaff* simple = MakeSimpleStaff(system, behind, _request.kind, _request.lineCount);
+                staffs.push_back(simple);
+                behind = simple;
             }
+            allStaffStaffs.Add(column.allStaff, behind);
         }
         for (size_t i = 0; i < staffs.size(); ++i) docStaffStaffs.Add(_docStaffs[i], staffs[i]);
         return staffs;
@@ -105,10 +130,11 @@ private:
 
     void MakeCrossings(Measure* measure, const std::vector<Staff*>& staffs) {
         const MeasureStaff* model = measureStaffs.First(measure);
+        MeasureStaff* behind = _behind ? MeasureStaffAt(measure, _behind) : nullptr;
         for (size_t i = 0; i < staffs.size(); ++i) {
-            DocStaff* docStaff = _docStaffs[i];
-            MakeSigns(MakeMeasureStaff(measure, docStaff, staffs[i], docStaffMeasureStaffs.Last(docStaff)),
-                      model, _form.clefs[i ? 1 : 0]);
+            MeasureStaff* before = docStaffMeasureStaffs.Last(_docStaffs[i]);
+            behind = MakeMeasureStaff(measure, behind, _docStaffs[i], before, staffs[i]);
+            MakeSigns(behind, model, _form.clefs[i ? 1 : 0]);
         }
     }
 
@@ -117,20 +143,20 @@ private:
     void MakeSigns(MeasureStaff* crossing, const MeasureStaff* model, int clef) {
         const Measure* measure = MeasurePar(crossing);
         const bool startsSystem = !systemMeasures.Prev(measure);
-        bool hasKey = startsSystem, hasTime = !PrevMeasure(measure);
-        if (model)
-            for (const StaffMeasureSymbol* symbol : staffSymbols.Of(model)) {
-                hasKey |= As<ClafSignature>(symbol) != nullptr;
-                hasTime |= As<TimeSignature>(symbol) != nullptr;
-            }
+        const auto* time = model ? SignOf<TimeSignature>(model) : nullptr;
         if (startsSystem) AddClef(crossing, clef);
-        if (hasKey) AddKey(crossing, model ? KeyInForce(model) : 0);
-        if (hasTime) AddTime(crossing);
+        if (startsSystem || (model && SignOf<ClafSignature>(model)))
+            SetKey(crossing, model ? KeyInForce(model) : 0);
+        if (time)
+            SetTime(crossing, MeterOf(time));
+        else if (!PrevMeasure(measure))
+            AddTime(crossing);
     }
 
     Document* _document;
     const StaffRequest& _request;
     const Form& _form;
+    DocStaff* const _behind;
     std::vector<Column> _columns;
     std::vector<DocStaff*> _docStaffs;
 };
@@ -164,16 +190,18 @@ StaffRequest RequestAt(std::string_view staffs, size_t place) {
 
 }  // namespace
 
-void AddStaffs(Document* document, const StaffRequest& request) {
+DocStaff* AddStaffs(Document* document, const StaffRequest& request, DocStaff* behind) {
     CORVANE_ASSERT_AS(document, "doc_staff");
-    if (request.staffCount < 1) return;
-    StaffBuilder builder(document, request);
+    if (request.staffCount < 1) return nullptr;
+    StaffBuilder builder(document, request, behind);
     for (Page* page : documentPages.Of(document))
         for (System* system : pageSystems.Of(page)) builder.Build(system);
+    return builder.Last();
 }
 
 void BuildStaffs(Document* document, std::string_view staffs) {
-    for (size_t i = 0; i < staffs.size() && staffs[i]; ++i) AddStaffs(document, RequestAt(staffs, i));
+    for (size_t i = 0; i < staffs.size() && staffs[i]; ++i)
+        AddStaffs(document, RequestAt(staffs, i), documentDocStaffs.Last(document));
 }
 
 }  // namespace corvane

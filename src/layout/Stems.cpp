@@ -1,8 +1,8 @@
 // Directions, lengths and flags of stems.
 #include <algorithm>
 
+#include "layout/Beaming.h"
 #include "layout/Engraving.h"
-#include "layout/Frames.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
@@ -12,7 +12,8 @@
 namespace corvane {
 namespace {
 
-constexpr int kMiddleLine = 5, kFirstDownLine = 6;
+constexpr int kFirstDownLine = 6;
+constexpr int32_t kDefaultLength = 300;
 // A grace note's stem in percent of a note's.
 constexpr int32_t kGraceStem = 74;
 // What tails of 32nds and shorter need beyond the preferred length, hundredths of a line distance a tail.
@@ -43,14 +44,20 @@ StemDirection Code(bool up, uint8_t value) {
     return up ? StemDirection::Up : StemDirection::Down;
 }
 
-// A flagged stem of 32nds and shorter is longer by its further tails; a note far outside the staff reaches the middle line.
-int32_t PreferredLength(const Stem* stem, const GenericNote* outer, uint8_t value) {
+// Tails of 32nds and shorter make a stem longer; one far outside the staff reaches the middle line.
+int32_t PreferredLength(const Stem* stem, const GenericNote* outer) {
     const auto* preferences = Preferences<StangPref>(DocumentPar(stem));
-    int32_t length = preferences ? preferences->_stemLength.Get() : 300;
+    int32_t length = preferences ? preferences->_stemLength.Get() : kDefaultLength;
+    const uint8_t value = ValueOf(stem);
     for (int tail = 32; HasFlag(value) && tail <= value; tail *= 2) length += kLongTail;
     if (IsGraceStem(stem)) return length * kGraceStem / 100;
-    const int32_t toMiddle = (IsUp(stem->_direction) ? kMiddleLine - outer->_line : outer->_line - kMiddleLine) * 50;
-    return std::max(length, toMiddle);
+    return std::max(length, LengthToMiddleLine(outer, IsUp(stem->_direction)));
+}
+
+bool PointsUp(const Chords* chord, int line) {
+    const Voice* voice = VoicePar(chord);
+    if (StemsAreForced(voice)) return ForcedStemsUp(voice);
+    return IsGrace(chord) || line < kFirstDownLine;
 }
 
 }  // namespace
@@ -69,21 +76,32 @@ StemDirection DefaultStemDirection(const Voice* voice, uint8_t value, int line) 
     return Code(StemsAreForced(voice) ? ForcedStemsUp(voice) : line < kFirstDownLine, value);
 }
 
+int32_t LengthToMiddleLine(const GenericNote* note, bool up) {
+    const int middle = StaffPar(note)->_lineCount;
+    return (up ? middle - note->_line : note->_line - middle) * 50;
+}
+
 void SetDefaultStemLength(Stem* stem) {
-    if (const GenericNote* outer = NoteOuter(stem)) stem->_length = PreferredLength(stem, outer, ValueOf(stem));
+    const GenericNote* outer = NoteOuter(stem);
+    if (!outer) return;
+    int32_t length = PreferredLength(stem, outer);
+    // Over several staves a length counts from the bottom line of the outer head's staff.
+    if (IsMultiStaff(stem)) length += (outer->_line - 1) * (IsUp(stem->_direction) ? 50 : -50);
+    stem->_length = length;
 }
 
 void RestemChord(Chords* chord) {
     Stem* stem = StemOf(chord);
     const GenericNote *high = stemNotes.First(stem), *low = stemNotes.Last(stem);
-    if (!high || IsGrace(chord)) return;
-    ChangeStemDirection(stem, DefaultStemDirection(VoicePar(chord), ValueOf(stem), (high->_line + low->_line) / 2));
+    if (!high) return;
+    PointStem(stem, PointsUp(chord, (high->_line + low->_line) / 2));
     SetDefaultStemLength(stem);
 }
 
 void RestemVoice(Voice* voice) {
     for (VoiceSymbol* symbol : voiceSymbols.Of(voice))
         if (auto* chord = As<Chords>(symbol); chord && !BeamOf(StemOf(chord))) RestemChord(chord);
+    RefitBeamsOf(voice);
 }
 
 void ChangeStemDirection(Stem* stem, StemDirection direction) {
@@ -91,14 +109,21 @@ void ChangeStemDirection(Stem* stem, StemDirection direction) {
     Document* document = DocumentPar(stem);
     for (BeamSymbolAttribute* attribute : beamSymbolAttributes.Of(stem))
         if (auto* flag = As<Flag>(attribute))
-            ChangeSymbol(document, flag->_symbol, FlagName(ValueOf(stem), IsUp(direction), IsGraceStem(stem)));
+            ChangeSymbol(document, flag->_symbol,
+                         FlagName(ValueOf(stem), IsUp(direction), IsGraceStem(stem)));
+}
+
+void PointStem(Stem* stem, bool up) {
+    if (IsVisible(stem->_direction)) return ChangeStemDirection(stem, Code(up, ValueOf(stem)));
+    ChangeStemDirection(stem, up ? StemDirection::HiddenUp : StemDirection::HiddenDown);
 }
 
 Flag* AttachFlag(Stem* stem, uint8_t value) {
     if (!HasFlag(value)) return nullptr;
     auto* flag = Make<Flag>();
     beamSymbolAttributes.Add(stem, flag);
-    flag->_symbol = LookupSymbol(DocumentPar(stem), FlagName(value, IsUp(stem->_direction), IsGraceStem(stem)));
+    flag->_symbol =
+        LookupSymbol(DocumentPar(stem), FlagName(value, IsUp(stem->_direction), IsGraceStem(stem)));
     return flag;
 }
 

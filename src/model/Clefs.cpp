@@ -44,6 +44,12 @@ int ClefAround(const MeasureStaff* measureStaff, const int32_t* left) {
 
 const ClefInfo& ClefOf(int code) { return kClefs[code >= 1 && code <= 13 ? code - 1 : 0]; }
 
+int ClefCodeOfSymbol(std::string_view name) {
+    for (const ClefInfo& clef : kClefs)
+        if (name == clef.symbol) return clef.code;
+    return 0;
+}
+
 int ClefInForce(const MeasureStaff* measureStaff, int32_t x) { return ClefAround(measureStaff, &x); }
 
 int KeyInForce(const MeasureStaff* measureStaff) {
@@ -54,6 +60,8 @@ int KeyInForce(const MeasureStaff* measureStaff) {
 }
 
 int DiatonicStep(int clefCode, int line) { return line + ClefOf(clefCode).offset; }
+
+int LineOfStep(int clefCode, int step) { return step - ClefOf(clefCode).offset; }
 
 int SemitonesOfStep(int step) {
     const int rest = step % 7;
@@ -80,16 +88,15 @@ Alteration AlterationOfKey(int key, int step) {
     return a > 0 ? Alteration::Sharp : a < 0 ? Alteration::Flat : Alteration::None;
 }
 
-int NoteHeight(const GenericNote* note) {
+int ClefCodeOf(const GenericNote* note) {
     const MeasureStaff* measureStaff = MeasureStaffPar(note);
+    if (!measureStaff) return kTreble;
     const Stem* stem = StemPar(note);
-    int clef = kTreble;
-    if (measureStaff) {
-        const int32_t x = stem ? stem->_x : 0;
-        clef = ClefAround(measureStaff, As<Grace>(note) ? nullptr : &x);
-    }
-    return 60 + SemitonesOfStep(DiatonicStep(clef, note->_line));
+    const int32_t x = stem ? stem->_x : 0;
+    return ClefAround(measureStaff, As<Grace>(note) ? nullptr : &x);
 }
+
+int NoteHeight(const GenericNote* note) { return 60 + SemitonesOfStep(DiatonicStep(ClefCodeOf(note), note->_line)); }
 
 int SoundingHeight(const GenericNote* note) { return NoteHeight(note) + SemitonesOf(note->_alteration); }
 

@@ -18,14 +18,21 @@ struct ClefInfo {
 // The row of a code; code 1's for any other.
 const ClefInfo& ClefOf(int code);
 
+// The code of a clef's symbol name; 0 for any other name.
+int ClefCodeOfSymbol(std::string_view name);
+
 // The code in force at a place of a crossing: the last moving clef left of x (per mille), else its static clef, else
 // the nearest earlier clef of the staff, else treble.
 int ClefInForce(const MeasureStaff* measureStaff, int32_t x);
+// The code by which a note is read.
+int ClefCodeOf(const GenericNote* note);
 // Sharps less flats, -7 to 7, in force in a crossing; 0 where none is found.
 int KeyInForce(const MeasureStaff* measureStaff);
 
 // The step of a line under a clef: 0 is middle C, each unit a diatonic step.
 int DiatonicStep(int clefCode, int line);
+// The line that shows a step under a clef.
+int LineOfStep(int clefCode, int step);
 // Semitones above middle C of a diatonic step, by truncating division.
 int SemitonesOfStep(int step);
 // What the key gives a diatonic step: -1, 0 or 1.

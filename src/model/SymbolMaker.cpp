@@ -116,7 +116,7 @@ SymbolDesign DesignCustom(std::string_view name) {
 }
 
 using Step = std::optional<SymbolDesign> (*)(const Document*, std::string_view);
-constexpr Step kSteps[] = {DesignFromTable,  DesignTimeSignature, DesignKeySignature,
+constexpr Step kSteps[] = {DesignFromTable,  DesignTimeSignature, DesignKeySignature, DesignRepetitionText,
                            DesignAccidental, DesignFingering,     DesignDynamic};
 
 void StoreMetrics(SimpleFont* font, const Rect& ink) {

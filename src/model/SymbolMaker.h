@@ -1,6 +1,6 @@
 // Makes a document's symbols from their names. A name is read in this order: custom names; the glyph table;
-// time signatures "ts", key signatures "cs" (SymbolNames.h tells both); accidentals "#"; fingerings "G";
-// dynamics "D"; and anything else is a custom symbol.
+// time signatures "ts", key signatures "cs", repetition texts (SymbolNames.h tells the three); accidentals
+// "#"; fingerings "G"; dynamics "D"; and anything else is a custom symbol.
 //
 //   "#" ["G"] ["O"] LETTER ["("]   G: at 300 for a grace note, O: 200 smaller, (: in brackets
 //   "G" DIGITS, "D" LETTERS        letters of p m f r s z
@@ -44,6 +44,7 @@ Rect InkOf(const SymbolPart& part);
 // The families, each empty for a name that is not theirs.
 std::optional<SymbolDesign> DesignTimeSignature(const Document* document, std::string_view name);
 std::optional<SymbolDesign> DesignKeySignature(const Document* document, std::string_view name);
+std::optional<SymbolDesign> DesignRepetitionText(const Document* document, std::string_view name);
 // A glyph of a music font.
 SymbolPart MusicPart(const GlyphPart& glyph, std::string_view name = {});
 

@@ -24,6 +24,9 @@ struct TimeText {
 
     int32_t Scaled(int32_t value) const { return size * value / kTimeSignatureSize; }
     int32_t GlyphSize() const { return size * 420 / kTimeSignatureSize; }
+    // Where the rows stand from the middle line.
+    int32_t UpperRow() const { return -100 - numeratorGap; }
+    int32_t LowerRow() const { return denominatorGap + 100; }
 };
 
 // Reads numbers and skips everything between them.
@@ -79,17 +82,18 @@ void AddRow(SymbolDesign& design, const TimeText& text, const std::string& digit
     }
 }
 
+int32_t LengthOf(const std::string& row) { return static_cast<int32_t>(row.size()); }
+
 // Adds one fraction, the shorter row in the middle of the longer; returns its width.
 int32_t AddFraction(SymbolDesign& design, const TimeText& text, std::pair<int, int> fraction, int32_t dx) {
     const std::string num = std::to_string(fraction.first), den = std::to_string(fraction.second);
-    const auto length = [](const std::string& row) { return static_cast<int32_t>(row.size()); };
-    if (text.form == TimeForm::NumeratorOnly) {
-        AddRow(design, text, num, dx, 0);
-        return text.Scaled(100) * length(num);
+    if (text.form == TimeForm::NumeratorOnly || text.form == TimeForm::Upper) {
+        AddRow(design, text, num, dx, text.form == TimeForm::Upper ? text.UpperRow() : 0);
+        return text.Scaled(100) * LengthOf(num);
     }
-    const int32_t longer = std::max(length(num), length(den)), half = text.Scaled(50);
-    AddRow(design, text, num, dx + half * (longer - length(num)), -100 - text.numeratorGap);
-    AddRow(design, text, den, dx + half * (longer - length(den)), text.denominatorGap + 100);
+    const int32_t longer = std::max(LengthOf(num), LengthOf(den)), half = text.Scaled(50);
+    AddRow(design, text, num, dx + half * (longer - LengthOf(num)), text.UpperRow());
+    AddRow(design, text, den, dx + half * (longer - LengthOf(den)), text.LowerRow());
     return text.Scaled(100) * longer;
 }
 
@@ -98,23 +102,52 @@ int32_t WidthOr(const SymbolPart& part, int32_t fallback) {
     return width ? width : fallback;
 }
 
+// A plus with its middle at a height.
+SymbolPart PlusPart(const TimeText& text, int32_t dx, int32_t dy) {
+    SymbolPart plus = TimePart(text, kPlus, dx, 0, "+");
+    plus.font = kMusicFont;
+    const Rect ink = InkOf(plus);
+    plus.glyph.dy = dy - (ink.top + ink.bottom) / 2;
+    return plus;
+}
+
+// The numerators joined by pluses, one denominator under their middle.
+SymbolDesign DesignSum(const TimeText& text) {
+    SymbolDesign design{{}, true};
+    const int32_t space = text.Scaled(20);
+    int32_t dx = 0;
+    for (size_t i = 0; i < text.fractions.size(); ++i) {
+        if (i > 0) {
+            SymbolPart plus = PlusPart(text, dx, text.UpperRow());
+            dx += WidthOr(plus, text.Scaled(70)) + space;
+            design.parts.push_back(std::move(plus));
+        }
+        const std::string num = std::to_string(text.fractions[i].first);
+        AddRow(design, text, num, dx, text.UpperRow());
+        dx += text.Scaled(100) * LengthOf(num) + space;
+    }
+    const std::string den = std::to_string(text.fractions.front().second);
+    AddRow(design, text, den, (dx - space - text.Scaled(100) * LengthOf(den)) / 2, text.LowerRow());
+    return design;
+}
+
 SymbolDesign DesignFractions(const TimeText& text) {
+    if (text.form == TimeForm::Sum) return DesignSum(text);
     SymbolDesign design{{}, true};
     const bool bracketed = text.form == TimeForm::Bracketed;
     const int32_t space = text.Scaled(30);
     int32_t dx = 0;
-    const auto addSign = [&](uint8_t code, std::string_view name) {
-        SymbolPart sign = TimePart(text, code, dx, 0, name);
+    const auto add = [&](SymbolPart sign) {
         sign.font = kMusicFont;
         dx += WidthOr(sign, text.Scaled(70)) + space;
         design.parts.push_back(std::move(sign));
     };
-    if (bracketed) addSign(kBracketLeft, "ParentesiAperta");
+    if (bracketed) add(TimePart(text, kBracketLeft, dx, 0, "ParentesiAperta"));
     for (size_t i = 0; i < text.fractions.size(); ++i) {
-        if (i > 0) addSign(kPlus, "+");
+        if (i > 0) add(PlusPart(text, dx, 0));
         dx += AddFraction(design, text, text.fractions[i], dx) + space;
     }
-    if (bracketed) addSign(kBracketRight, "ParentesiChiusa");
+    if (bracketed) add(TimePart(text, kBracketRight, dx, 0, "ParentesiChiusa"));
     return design;
 }
 

@@ -29,8 +29,26 @@ std::string TimeSignatureName(TimeForm form, int num, int den, int size) {
     return "ts" + FormAndSize(form, " su " + std::to_string(num) + " su " + std::to_string(den), size);
 }
 
+std::string TimeSignatureName(TimeForm form, std::span<const TimeFraction> fractions, int size) {
+    std::string name;
+    const auto fraction = [](const TimeFraction& f) {
+        return std::to_string(f.first) + " su " + std::to_string(f.second);
+    };
+    for (const TimeFraction& each : fractions)
+        name +=
+            name.empty() ? "ts" + FormAndSize(form, " su " + fraction(each), size) : " + " + fraction(each);
+    return name;
+}
+
 std::string CommonTimeName(bool cut, int size) {
     return (cut ? "tsCs" : "tsC") + FormAndSize(TimeForm::Stacked, "", size);
+}
+
+std::span<const char* const> RepetitionTexts() {
+    static constexpr const char* kTexts[] = {"D.C.",         "D.C. al coda", "D.C. al fine", "D.S.",
+                                             "D.S. al coda", "D.S. al fine", "Al Coda",      "Coda",
+                                             "Segno",        "Fine"};
+    return kTexts;
 }
 
 }  // namespace corvane

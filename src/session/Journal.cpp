@@ -52,7 +52,7 @@ bool Journal::Waiting(Time now) {
     if (now < _next) return true;
     _failed = false;
     _copied.clear();
-    _seen = ~uint64_t{0};
+    _seen = kNothing;
     Post(JournalTask::Restart{});
     return false;
 }
@@ -81,9 +81,11 @@ bool Journal::CopyBlocks(JournalBudget& budget) {
         const auto [copied, isNew] = _copied.try_emplace(distance, block.change);
         if (!isNew && copied->second == block.change) continue;
         JournalTask::Buffer buffer;
-        if (budget.blocks > 0 && std::chrono::steady_clock::now() < budget.end) buffer = _thread.TakeBuffer();
+        const bool mayCopy = budget.blocks > 0 && std::chrono::steady_clock::now() < budget.end;
+        if (mayCopy) buffer = _thread.TakeBuffer();
         if (!buffer) {
-            _copied.erase(distance);
+            budget.waitsForDisk |= mayCopy;
+            _copied.erase(copied);
             return false;
         }
         --budget.blocks;
@@ -94,17 +96,17 @@ bool Journal::CopyBlocks(JournalBudget& budget) {
     return true;
 }
 
-bool Journal::Slice(Time now, JournalBudget& budget, bool hurry) {
-    NewMemoryPool& pool = *_window.Pool();
-    if (Waiting(now)) return false;
-    if (pool.Recording() || !pool.UndoEnabled() || !pool.DocumentObject()) return false;
-    if (pool.TakeUnrecorded()) {
-        _copied.clear();
-        _seen = ~uint64_t{0};
-    }
-    if (!IsNews()) return false;
-    if (!hurry && now < _next) return false;
-    if (!CopyBlocks(budget)) return true;
+// What was written outside of commands may be anywhere. Should that never end, a state must be given all the
+// same.
+void Journal::HeedUnrecorded() {
+    constexpr int kMostRestarts = 8;
+    if (!_window.Pool()->TakeUnrecorded()) return;
+    _seen = kNothing;
+    if (++_restarts <= kMostRestarts) _copied.clear();
+}
+
+void Journal::GiveState(Time now) {
+    const NewMemoryPool& pool = *_window.Pool();
     std::vector<uint32_t> blocks;
     for (uint32_t i = 0; i < pool.BlockCount(); ++i)
         if (!pool.Block(i).Trailer().released) blocks.push_back(StoredSpace::DistanceOf(pool.Block(i).start));
@@ -120,7 +122,18 @@ bool Journal::Slice(Time now, JournalBudget& budget, bool hurry) {
     Post(JournalTask::Commit{_given, std::move(blocks)});
     _seen = pool.Changes();
     _next = now + kBetweenStates;
-    return false;
+    _restarts = 0;
+}
+
+bool Journal::Slice(Time now, JournalBudget& budget, bool hurry) {
+    const NewMemoryPool& pool = *_window.Pool();
+    _behind = false;
+    if (Waiting(now) || pool.Recording() || !pool.UndoEnabled() || !pool.DocumentObject()) return false;
+    HeedUnrecorded();
+    if (!IsNews() || (!hurry && now < _next)) return false;
+    _behind = !CopyBlocks(budget);
+    if (!_behind) GiveState(now);
+    return _behind && !budget.waitsForDisk;
 }
 
 }  // namespace corvane

@@ -16,6 +16,7 @@ class WindowTarn;
 struct JournalBudget {
     int blocks = 16;
     std::chrono::steady_clock::time_point end;
+    bool waitsForDisk = false;  // there was something to do, but no buffer for it
 };
 
 class Journal {
@@ -29,9 +30,11 @@ public:
     ~Journal();  // the work is saved or given up, unless it was left
     Journal(const Journal&) = delete;
 
-    // Goes on keeping the work safe within the budget. True while the present state is not handed over whole.
-    // With `hurry` as soon as it can be, else some time after the state before it.
+    // Goes on keeping the work safe within the budget. True when more can be done at once. With `hurry` as
+    // soon as it can be, else some time after the state before it.
     bool Slice(Time now, JournalBudget& budget, bool hurry = false);
+    // Whether the last slice has left a part of the present state to be handed over.
+    bool Behind() const { return _behind; }
     // Takes away what the journal stands for from now on; called on the writer's thread once the work is
     // safe.
     void Replace(std::function<void()> removeFormer) { Post(JournalTask::Replace{std::move(removeFormer)}); }
@@ -43,8 +46,12 @@ public:
     uint64_t Safe() const { return _writer->Safe(); }
 
 private:
+    static constexpr uint64_t kNothing = ~uint64_t{0};
+
     bool Waiting(Time now);
     bool CopyBlocks(JournalBudget& budget);
+    void HeedUnrecorded();
+    void GiveState(Time now);
     bool IsNews() const;
     JournalCommit Present() const;
     void Post(decltype(JournalTask::what) what) { _thread.Post({_writer, std::move(what)}); }
@@ -53,11 +60,12 @@ private:
     std::shared_ptr<JournalWriter> _writer;
     WindowTarn& _window;
     std::unordered_map<uint32_t, uint64_t> _copied;  // the change that each block's copy shows, by distance
-    uint64_t _seen = ~uint64_t{0};                   // the pool's changes in the last state
+    uint64_t _seen = kNothing;                       // the pool's changes in the last state
     JournalCommit _given;
     Time _next{};
     uint32_t _failures = 0;
-    bool _failed = false, _untold = false, _left = false;
+    int _restarts = 0;  // of copying since the last state
+    bool _failed = false, _untold = false, _left = false, _behind = false;
 };
 
 }  // namespace corvane

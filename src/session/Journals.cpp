@@ -60,8 +60,10 @@ void Journals::MakeSafe() {
     for (bool more = true; more;) {
         more = false;
         JournalBudget budget{std::numeric_limits<int>::max(), Journal::Time::max()};
-        for (const auto& [window, journal] : _journals)
-            more |= journal->Slice(std::chrono::steady_clock::now(), budget, true);
+        for (const auto& [window, journal] : _journals) {
+            journal->Slice(std::chrono::steady_clock::now(), budget, true);
+            more |= journal->Behind();
+        }
         _thread.Wait();
     }
 }

@@ -148,6 +148,17 @@ struct ScriptSteps {
         if (Status status = TakeNumbers(words, 1, {&x, &y}); !status) return status;
         if (Status status = TakeModifiers(words, 3, modifiers); !status) return status;
         MouseDown(*Window(), x, y, modifiers);
+        MouseUp(*Window(), x, y);
+        return Status::Ok();
+    }
+    Status Drag(const Words& words) {
+        int x = 0, y = 0, toX = 0, toY = 0;
+        uint32_t modifiers = 0;
+        if (Status status = TakeNumbers(words, 1, {&x, &y, &toX, &toY}); !status) return status;
+        if (Status status = TakeModifiers(words, 5, modifiers); !status) return status;
+        MouseDown(*Window(), x, y, modifiers);
+        MouseMove(*Window(), (x + toX) / 2, (y + toY) / 2);
+        MouseUp(*Window(), toX, toY);
         return Status::Ok();
     }
     Status Key(const Words& words) {
@@ -196,7 +207,8 @@ constexpr struct {
 } kSteps[] = {
     {"new", &ScriptSteps::New, false},   {"open", &ScriptSteps::Open, false}, {"save", &ScriptSteps::Save},
     {"export", &ScriptSteps::Export},    {"tool", &ScriptSteps::Tool, false}, {"item", &ScriptSteps::Item, false},
-    {"voice", &ScriptSteps::Voice, false}, {"press", &ScriptSteps::Press},    {"key", &ScriptSteps::Key},
+    {"voice", &ScriptSteps::Voice, false}, {"press", &ScriptSteps::Press},    {"drag", &ScriptSteps::Drag},
+    {"key", &ScriptSteps::Key},
     {"command", &ScriptSteps::Command},  {"undo", &ScriptSteps::Undo},        {"redo", &ScriptSteps::Redo},
     {"page", &ScriptSteps::Page},        {"dump", &ScriptSteps::Dump},
 };

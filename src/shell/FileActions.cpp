@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <utility>
 
 #include "shell/MainFrame.h"
 #include "shell/NewScoreDialog.h"
@@ -75,7 +76,18 @@ void FileActions::New() {
     _frame.ShowScore(*_frame.TheSession().NewScore(dialog.Layout(), dialog.Staffs()));
 }
 
-void FileActions::NewDefault() { _frame.ShowScore(*_frame.TheSession().NewScore()); }
+void FileActions::NewDefault() {
+    WindowTarn* window = _frame.TheSession().NewScore();
+    _blank = window;
+    _frame.ShowScore(*window);
+}
+
+void FileActions::DropBlank() {
+    const WindowTarn* blank = std::exchange(_blank, nullptr);
+    for (const auto& window : _frame.TheSession().Windows())
+        if (window.get() == blank && window->NeverSaved() && !window->Modified())
+            return _frame.DropScore(*window);
+}
 
 void FileActions::Open() {
     const QStringList paths =
@@ -99,6 +111,7 @@ bool FileActions::ShowOpened(WindowTarn* window, const Status& status, const std
                              const std::string& about) {
     if (!window) return ShowMessage(&_frame, status.message(), about), false;
     _frame.ShowScore(*window);
+    DropBlank();
     if (healed.empty()) return true;
     std::string lines;
     for (const std::string& line : healed) lines += line + "\n";

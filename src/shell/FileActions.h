@@ -16,7 +16,8 @@ public:
     explicit FileActions(MainFrame& frame) : _frame(frame) {}
 
     void New();
-    void NewDefault();  // without a question
+    // Without a question; goes again when another score is opened before anything is done with it.
+    void NewDefault();
     void Open();
     // A score that is open already is shown. False, with a box, for a file that cannot be opened.
     bool OpenPath(const std::string& path);
@@ -36,12 +37,14 @@ public:
 private:
     bool ShowOpened(WindowTarn* window, const Status& status, const std::vector<std::string>& healed,
                     const std::string& about);
+    void DropBlank();
     bool AskToSave(WindowTarn& window);
     bool SaveTo(WindowTarn& window, const std::string& path);
     QString FolderOf(const WindowTarn* window) const;
 
     MainFrame& _frame;
     QString _lastFolder;
+    const WindowTarn* _blank = nullptr;  // the score that the program began with, while it may be open
 };
 
 }  // namespace corvane

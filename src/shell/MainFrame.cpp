@@ -62,6 +62,8 @@ MainFrame::MainFrame(SessionParts parts, SettingsStore& settings)
     addToolBar(_toolStrip);
     _status = new StatusLine;
     setStatusBar(_status);
+    connect(_palette, &QDockWidget::visibilityChanged, this, [this] { RefreshActions(); });
+    connect(_toolStrip, &QToolBar::visibilityChanged, this, [this] { RefreshActions(); });
     BeginAuditions();
     RestorePlace();
     RefreshActions();
@@ -70,6 +72,7 @@ MainFrame::MainFrame(SessionParts parts, SettingsStore& settings)
 MainFrame::~MainFrame() {
     EndAuditions();
     _safety.stop();
+    for (QObject* part : std::initializer_list<QObject*>{_palette, _toolStrip, _tabs}) part->disconnect(this);
     delete _tabs;  // the views before the scores that they show
 }
 

@@ -214,6 +214,7 @@ void ScoreView::PaintDesk(QPainter& painter, const QRect& paper) const {
 
 void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
     const OverlayPaint paint{painter, _scale, corner, palette().color(QPalette::Highlight)};
+    PaintSelection(paint, _window);
     PaintCaret(paint, _window.caret);
     if (_hover) PaintGhost(paint, _window, *_hover);
 }
@@ -247,8 +248,16 @@ void ScoreView::mousePressEvent(QMouseEvent* event) {
 void ScoreView::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
 
 void ScoreView::mouseMoveEvent(QMouseEvent* event) {
-    _hover = UnitsAt(event->position());
+    const Point p = UnitsAt(event->position());
+    if (event->buttons() & Qt::LeftButton) MouseMove(_window, p.x, p.y);
+    _hover = p;
     if (HasGhost()) viewport()->update();
+}
+
+void ScoreView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return event->ignore();
+    const Point p = UnitsAt(event->position());
+    MouseUp(_window, p.x, p.y);
 }
 
 void ScoreView::leaveEvent(QEvent*) {

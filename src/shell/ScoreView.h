@@ -1,6 +1,6 @@
 // One score on the screen: its current page as paper on a desk, scrolled and zoomed. Presses and keys go to
-// the score in page units; the caret and the ghost of what the pencil would enter lie over the pictures of
-// the page.
+// the score in page units; what is selected, the rubber band, the caret and the ghost of what the pencil would
+// enter lie over the pictures of the page.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -57,6 +57,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;

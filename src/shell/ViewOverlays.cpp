@@ -15,6 +15,7 @@ namespace corvane {
 namespace {
 
 constexpr double kGhostOpacity = 0.55;
+constexpr int kSelectionFill = 70, kSelectionEdge = 150, kBandFill = 35, kBandEdge = 255;  // of 255
 constexpr uint8_t kNoteGroup = 1;
 
 const PaletteItem* ItemAtHand() {
@@ -56,6 +57,24 @@ void DrawLedgerLines(GraphicPort& port, const GhostPlace& place) {
 
 int32_t OverlayPaint::X(int32_t units) const { return corner.x + scale.Pixels(units); }
 int32_t OverlayPaint::Y(int32_t units) const { return corner.y + scale.Pixels(units); }
+
+void PaintSelection(const OverlayPaint& paint, const WindowTarn& window) {
+    const auto paintRect = [&](const Rect& units, int fill, int edge) {
+        const QRect rect(QPoint(paint.X(units.left), paint.Y(units.top)),
+                         QPoint(paint.X(units.right), paint.Y(units.bottom)));
+        QColor colour = paint.accent;
+        colour.setAlpha(fill);
+        paint.painter.fillRect(rect, colour);
+        colour.setAlpha(edge);
+        paint.painter.setPen(QPen(colour, std::max(1, paint.scale.PixelsOf(1))));
+        paint.painter.drawRect(rect);
+    };
+    paint.painter.save();
+    for (const Rect& rect : SelectionRects(window)) paintRect(rect, kSelectionFill, kSelectionEdge);
+    const Rect band = window.interaction ? window.interaction->Band() : Rect{};
+    if (!band.IsEmpty()) paintRect(band, kBandFill, kBandEdge);
+    paint.painter.restore();
+}
 
 void PaintCaret(const OverlayPaint& paint, const Caret& caret) {
     if (!caret.visible || !caret.measure) return;

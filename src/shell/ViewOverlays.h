@@ -1,5 +1,5 @@
-// What lies over a page on the screen and is no part of it: the caret, the ghost of what the pencil would
-// enter.
+// What lies over a page on the screen and is no part of it: what is selected, the caret, the ghost of what the
+// pencil would enter.
 #pragma once
 
 #include <QColor>
@@ -23,6 +23,9 @@ struct OverlayPaint {
     int32_t X(int32_t units) const;
     int32_t Y(int32_t units) const;
 };
+
+// What is selected, and the rubber band while one is drawn.
+void PaintSelection(const OverlayPaint& paint, const WindowTarn& window);
 
 // An upright line over the staves of the caret's system.
 void PaintCaret(const OverlayPaint& paint, const Caret& caret);

@@ -56,9 +56,9 @@ class Desk:
         os.close(write)
         with os.fdopen(read) as pipe:
             self.env["DISPLAY"] = ":" + pipe.readline().strip()
-        self._spawn(["openbox"])
-        wait_for(lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self._run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
-                 "the window manager")
+        ready = self.path("ready")  # a window that comes before it may be left without the keyboard
+        self._spawn(["openbox", "--startup", f"touch {ready}"])
+        wait_for(lambda: os.path.exists(ready), "the window manager")
         return self
 
     def __exit__(self, *_):
@@ -73,7 +73,7 @@ class Desk:
 
     def _spawn(self, command, **more):
         process = subprocess.Popen(command, env=self.env, cwd=self.home, stdin=subprocess.DEVNULL,
-                                   stderr=subprocess.DEVNULL, **more)
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **more)
         self.running.append(process)
         return process
 

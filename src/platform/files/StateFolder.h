@@ -5,7 +5,8 @@
 
 namespace corvane {
 
-// $CORVANE_STATE_DIR, else "corvane" in $XDG_STATE_HOME, else in ~/.local/state. Need not exist.
+// $CORVANE_STATE_DIR, else "corvane" in $XDG_STATE_HOME, else in ~/.local/state. Made where it is missing,
+// for its owner alone: what lies there may be copied from files that nobody else may read.
 std::string StateFolder();
 
 }  // namespace corvane

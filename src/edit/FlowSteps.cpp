@@ -1,0 +1,58 @@
+// Dealing measures and systems out anew, and centring them.
+#include "edit/Structure.h"
+#include "edit/StructureStep.h"
+#include "layout/MeasureFlow.h"
+#include "layout/ScoreBuilder.h"
+#include "model/Par.h"
+
+namespace corvane {
+namespace {
+
+bool HasSystemsFrom(const Page* first) {
+    for (const Page* page = first; page; page = documentPages.Next(page))
+        if (!pageSystems.IsEmpty(page)) return true;
+    return false;
+}
+
+template <class Do>
+Status OnPages(WindowTarn& window, Page* first, const Page* last, Do act) {
+    const StructureStep step(window);
+    for (Page* page = first; page; page = documentPages.Next(page)) {
+        if (!pageSystems.IsEmpty(page)) act(page);
+        if (page == last) break;
+    }
+    return Status::Ok();
+}
+
+}  // namespace
+
+Status FlowMeasures(WindowTarn& window, int count, const MeasureRange& range) {
+    if (count < 1) return {Fault::Refused, "The number of measures must be higher than 0!"};
+    StructureStep step(window);
+    SetMeasuresPerSystem(window.GetDocument(), SystemPar(range.first), SystemPar(range.last), count);
+    step.LookForPage();
+    return Status::Ok();
+}
+
+Status FlowSystems(WindowTarn& window, int count, Page* first, const Page* lastFilled, int measures) {
+    if (count < 1) return {Fault::Refused, "The number of systems must be higher than 0!"};
+    if (measures < 1) return {Fault::Refused, "The number of measures must be higher than 0!"};
+    if (!HasSystemsFrom(first)) return {Fault::Refused, "There is no system to deal out"};
+    StructureStep step(window);
+    const int filled = lastFilled ? lastFilled->_pageNumber.Get() : 0;
+    SetSystemsPerPage(window.GetDocument(), first, filled, count, measures);
+    step.LookForPage();
+    return Status::Ok();
+}
+
+Status AutocenterSystems(WindowTarn& window, Page* first, Page* last) {
+    return OnPages(window, first, last, [&](Page* page) { CenterSystems(window.GetDocument(), page); });
+}
+
+Status AutocenterStaves(WindowTarn& window, Page* first, Page* last) {
+    return OnPages(window, first, last, [](Page* page) {
+        for (System* system : pageSystems.Of(page)) CenterStaves(system);
+    });
+}
+
+}  // namespace corvane

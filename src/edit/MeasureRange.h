@@ -1,0 +1,31 @@
+// Measures by their numbers over the score, as commands name them.
+#pragma once
+
+#include "edit/CommandArguments.h"
+#include "edit/WindowTarn.h"
+
+namespace corvane {
+
+// Consecutive measures, both included.
+struct MeasureRange {
+    Measure *first = nullptr, *last = nullptr;
+};
+
+// The measure of that number over the score; null for none. Cost: the pages between the shown one and its
+// own.
+Measure* MeasureOfNumber(const WindowTarn& window, int number);
+
+// What the argument `name` names, refused where no measure has the number. Where it is missing and not
+// required: the first selected measure, else that of the caret, else refused too.
+Measure* ReadMeasure(ArgumentReader& reader, WindowTarn& window, const char* name);
+
+// `from` and `to`, in either order. Without `from` the measures of the selection, of the caret else. Without
+// `to` `last` is null, so that the command tells how far it reaches; with neither, the selection's last.
+MeasureRange ReadRange(ArgumentReader& reader, WindowTarn& window);
+
+// The crossings of one staff from a measure on, up to the last one; null behind the end of the score.
+inline bool IsWithin(const MeasureRange& range, const Measure* measure) {
+    return measure && measure->_number >= range.first->_number && measure->_number <= range.last->_number;
+}
+
+}  // namespace corvane

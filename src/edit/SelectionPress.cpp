@@ -1,0 +1,51 @@
+#include "edit/SelectionPress.h"
+
+#include "edit/Lasso.h"
+#include "edit/TarnClick.h"
+#include "layout/NoteGeometry.h"
+#include "model/Par.h"
+
+namespace corvane {
+namespace {
+
+// What a press on a hit object selects, a row a class; empty for an object that a press does not select.
+Rect RectOfHead(const DrawPatch& patch, Point p) {
+    const GenericNote* note = HeadAt(patch.Record<ChordSymbol>(), p);
+    return note ? RectOf(note) : Rect{};
+}
+Rect RectOfPatch(const DrawPatch& patch, Point) { return patch.Bounds(); }
+
+constexpr struct {
+    bool (*is)(int16_t number);
+    Rect (*rect)(const DrawPatch& patch, Point p);
+} kRows[] = {
+    {IsClass<Pause>, RectOfPatch},       {IsClass<Dinamiche>, RectOfPatch},
+    {IsClass<SimboliVari>, RectOfPatch}, {IsClass<MeasureStaffText>, RectOfPatch},
+    {IsClass<PageText>, RectOfPatch},    {IsClass<MovingClaf>, RectOfPatch},
+    {IsClass<ChordSymbol>, RectOfHead},
+};
+
+void SelectOnly(WindowTarn& window, const Rect& rect, bool adding) {
+    if (!adding) window.TheSelection().Clear();
+    window.TheSelection().Add(rect);
+    window.SelectionChanged();
+}
+
+}  // namespace
+
+void PressWithArrow(WindowTarn& window, Point p, uint32_t modifiers) {
+    const bool adding = modifiers & kShift;
+    if (const DrawPatch patch = window.Sheet().HitSymbol(p))
+        for (const auto& row : kRows)
+            if (row.is(patch.ClassNumber())) return SelectOnly(window, row.rect(patch, p), adding);
+    window.interaction = std::make_unique<Lasso>(window, p, adding);
+}
+
+void SelectHeads(WindowTarn& window, const std::vector<GenericNote*>& notes) {
+    if (window.TheSelection().IsWholeScore()) return;
+    for (const GenericNote* note : notes)
+        if (PagePar(MeasurePar(note)) == window.CurrentPage()) window.TheSelection().Add(RectOf(note));
+    window.SelectionChanged();
+}
+
+}  // namespace corvane

@@ -1,0 +1,206 @@
+// Commands that add, remove and deal out pages, measures and staves.
+#include <utility>
+
+#include "edit/CommandTable.h"
+#include "edit/Structure.h"
+#include "edit/TarnSelect.h"
+#include "layout/MeasureFlow.h"
+#include "model/Par.h"
+
+namespace corvane {
+namespace {
+
+constexpr int kMost = 32767;
+
+// ---- pages and staves by their numbers
+
+Page* PageOfNumber(const Document* document, int number) {
+    for (Page* page : documentPages.Of(document))
+        if (page->_pageNumber == number) return page;
+    return nullptr;
+}
+
+DocStaff* StaffOfNumber(const Document* document, int number) {
+    for (DocStaff* staff : documentDocStaffs.Of(document))
+        if (--number == 0) return staff;
+    return nullptr;
+}
+
+struct PageRange {
+    Page *first = nullptr, *last = nullptr;
+};
+struct StaffRange {
+    DocStaff *first = nullptr, *last = nullptr;
+};
+
+// `from` and `to`, in either order, `to` being `from` where it is missing.
+std::pair<int, int> ReadNumbers(ArgumentReader& reader, int most) {
+    int from = reader.Number("from", 1, most), to = reader.Number("to", 1, most, from);
+    if (from > to) std::swap(from, to);
+    return {from, to};
+}
+
+// Without numbers the current page.
+PageRange ReadPages(ArgumentReader& reader, const WindowTarn& window) {
+    const Document* document = window.GetDocument();
+    if (!reader.Has("from") && !reader.Has("to")) return {window.CurrentPage(), window.CurrentPage()};
+    const auto [from, to] = ReadNumbers(reader, document->_pageCount);
+    return {PageOfNumber(document, from), PageOfNumber(document, to)};
+}
+
+int NumberOf(const Document* document, const DocStaff* staff) {
+    int number = 1;
+    for (const DocStaff* each : documentDocStaffs.Of(document)) {
+        if (each == staff) return number;
+        ++number;
+    }
+    return 0;
+}
+
+StaffRange SelectedStaffs(WindowTarn& window) {
+    const Document* document = window.GetDocument();
+    StaffRange range;
+    SetSelectionAnchors(window);
+    for (const MeasureStaff* crossing : SelectedMeasureStaffs()) {
+        DocStaff* staff = DocStaffPar(crossing);
+        if (!range.first || NumberOf(document, staff) < NumberOf(document, range.first)) range.first = staff;
+        if (!range.last || NumberOf(document, staff) > NumberOf(document, range.last)) range.last = staff;
+    }
+    ClearSelectionAnchors();
+    return range;
+}
+
+// Without numbers the staves of the selection.
+StaffRange ReadStaffs(ArgumentReader& reader, WindowTarn& window) {
+    if (!reader.Has("from") && !reader.Has("to"))
+        if (const StaffRange selected = SelectedStaffs(window); selected.first) return selected;
+    const Document* document = window.GetDocument();
+    const auto [from, to] = ReadNumbers(reader, documentDocStaffs.Count(document));
+    return {StaffOfNumber(document, from), StaffOfNumber(document, to)};
+}
+
+int ReadCount(ArgumentReader& reader) { return reader.Number("count", -kMost, kMost, 1); }
+
+Measure* LastMeasure(const Document* document) {
+    for (const Page* page = documentPages.Last(document); page; page = documentPages.Prev(page))
+        for (const System* system = pageSystems.Last(page); system; system = pageSystems.Prev(system))
+            if (Measure* last = systemMeasures.Last(system)) return last;
+    return nullptr;
+}
+
+Measure* FirstMeasure(const Document* document) {
+    for (const Page* page : documentPages.Of(document))
+        for (const System* system : pageSystems.Of(page))
+            if (Measure* first = systemMeasures.First(system)) return first;
+    return nullptr;
+}
+
+// ---- the commands
+
+Status AddPagesCommand(WindowTarn& window, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    const Document* document = window.GetDocument();
+    const int count = ReadCount(reader);
+    const int after = reader.Number("after", 0, document->_pageCount, document->_pageCount);
+    if (const Status status = reader.Result(); !status) return status;
+    return AddPages(window, count, PageOfNumber(document, after));
+}
+
+// At the end of the score where nothing is told.
+Status AddMeasuresCommand(WindowTarn& window, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    const int count = ReadCount(reader);
+    Measure* behind = LastMeasure(window.GetDocument());
+    if (reader.Text("after") == "0")
+        behind = nullptr;
+    else if (reader.Has("after"))
+        behind = ReadMeasure(reader, window, "after");
+    if (const Status status = reader.Result(); !status) return status;
+    return AddMeasures(window, count, behind);
+}
+
+Status AddStaffsCommand(WindowTarn& window, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    const Document* document = window.GetDocument();
+    constexpr char kLetters[] = "SDBE";
+    const int type = reader.Choice("type", {"S", "D", "B", "E"}, 0);
+    const int count = ReadCount(reader), staves = documentDocStaffs.Count(document);
+    const int after = reader.Number("after", 0, staves, staves);
+    if (const Status status = reader.Result(); !status) return status;
+    return AddStaffs(window, kLetters[type], count, StaffOfNumber(document, after));
+}
+
+Status RemovePagesCommand(WindowTarn& window, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    const PageRange range = ReadPages(reader, window);
+    if (const Status status = reader.Result(); !status) return status;
+    return RemovePages(window, range.first, range.last);
+}
+
+Status RemoveMeasuresCommand(WindowTarn& window, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    MeasureRange range = ReadRange(reader, window);
+    if (const Status status = reader.Result(); !status) return status;
+    if (!range.last) range.last = range.first;
+    return RemoveMeasures(window, range);
+}
+
+Status RemoveStaffsCommand(WindowTarn& window, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    if (!documentDocStaffs.First(window.GetDocument()))
+        return {Fault::Refused, "There are no staves in the document!"};
+    const StaffRange range = ReadStaffs(reader, window);
+    if (const Status status = reader.Result(); !status) return status;
+    return RemoveStaffs(window, range.first, range.last);
+}
+
+// The whole score where nothing is told or selected.
+Status FlowMeasuresCommand(WindowTarn& window, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    const Document* document = window.GetDocument();
+    const int count = reader.Number("count", -kMost, kMost);
+    MeasureRange range{FirstMeasure(document), LastMeasure(document)};
+    if (reader.Has("from") || reader.Has("to")) range = ReadRange(reader, window);
+    if (const Status status = reader.Result(); !status) return status;
+    if (!range.first) return {Fault::Refused, "There is no measure to deal out"};
+    if (!range.last) range.last = LastMeasure(document);
+    return FlowMeasures(window, count, range);
+}
+
+Status FlowSystemsCommand(WindowTarn& window, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    const Document* document = window.GetDocument();
+    const int count = reader.Number("count", -kMost, kMost);
+    const int from = reader.Number("from", 1, document->_pageCount, 1);
+    const int to = reader.Has("to") ? reader.Number("to", from, document->_pageCount) : 0;
+    const int measures = reader.Number("measures", -kMost, kMost, kNewSystemMeasures);
+    if (const Status status = reader.Result(); !status) return status;
+    return FlowSystems(window, count, PageOfNumber(document, from), PageOfNumber(document, to), measures);
+}
+
+template <Status (*Center)(WindowTarn&, Page*, Page*)>
+Status CenterCommand(WindowTarn& window, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    const PageRange range = ReadPages(reader, window);
+    if (const Status status = reader.Result(); !status) return status;
+    return Center(window, range.first, range.last);
+}
+
+constexpr Command kStructure[] = {
+    {32790, "Add Pages", AddPagesCommand, NotPlaying},
+    {32791, "Add Measures", AddMeasuresCommand, NotPlaying},
+    {32792, "Add Staves", AddStaffsCommand, NotPlaying},
+    {32793, "Remove Pages", RemovePagesCommand, NotPlaying},
+    {32794, "Remove Measures", RemoveMeasuresCommand, NotPlaying},
+    {32795, "Remove Staves", RemoveStaffsCommand, NotPlaying},
+    {32788, "Measures per System", FlowMeasuresCommand, NotPlaying},
+    {32789, "Systems per Page", FlowSystemsCommand, NotPlaying},
+    {32800, "Autocenter Systems", CenterCommand<AutocenterSystems>, NotPlaying},
+    {32801, "Autocenter Staves", CenterCommand<AutocenterStaves>, NotPlaying},
+};
+
+}  // namespace
+
+CommandFamily StructureCommands() { return kStructure; }
+
+}  // namespace corvane

@@ -1,0 +1,56 @@
+#include "edit/StructureStep.h"
+
+#include "edit/TarnSelect.h"
+#include "layout/Frames.h"
+#include "model/Par.h"
+
+namespace corvane {
+
+StructureStep::StructureStep(WindowTarn& window)
+    : _window(window),
+      _step(window),
+      _page(window.CurrentPage()),
+      _pageNumber(_page ? _page->_pageNumber.Get() : 0),
+      _pageCount(window.GetDocument()->_pageCount) {
+    const Caret& caret = window.caret;
+    if (caret.measure) _caretPlace = FrameOf(caret.measure).PerMilleOfX(caret.x);
+    window.interaction.reset();
+    window.TheSelection().Clear();
+    ClearSelectionAnchors();
+    window.Sheet().FilePage(nullptr);
+}
+
+StructureStep::~StructureStep() {
+    PlaceCaret();
+    if (_page != _window.CurrentPage() || _pageCount != _window.GetDocument()->_pageCount)
+        _window.SetCurrentPage(_page);
+    else
+        _window.RefilePage();
+}
+
+void StructureStep::Leave(const Page* page) {
+    if (page != _page) return;
+    Page* next = documentPages.Next(page);
+    _page = next ? next : documentPages.Prev(page);
+}
+
+void StructureStep::LookForPage() {
+    Page* nearest = nullptr;
+    for (Page* page : documentPages.Of(_window.GetDocument())) {
+        if (page == _page) return;
+        if (!nearest || page->_pageNumber <= _pageNumber) nearest = page;
+    }
+    _page = nearest;
+}
+
+// The caret keeps its place in its measure, as long as that is shown.
+void StructureStep::PlaceCaret() {
+    Caret& caret = _window.caret;
+    if (!caret.measure) return;
+    if (PagePar(caret.measure) == _page)
+        caret.x = FrameOf(caret.measure).XOf(_caretPlace);
+    else
+        caret = Caret();
+}
+
+}  // namespace corvane

@@ -1,0 +1,103 @@
+#include "layout/MovingClefs.h"
+
+#include <algorithm>
+
+#include "layout/Frames.h"
+#include "layout/NoteGeometry.h"
+#include "layout/SymbolInk.h"
+#include "model/Clefs.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+
+namespace corvane {
+namespace {
+
+constexpr uint8_t kLastPitchedClef = 10;
+
+template <class Visit>
+void ForEachEvent(const MeasureStaff* crossing, Visit visit) {
+    for (const Voice* voice : measureStaffVoices.Of(crossing))
+        for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) visit(symbol);
+}
+
+// The nearest events at or left of a place, and right of it.
+struct Neighbours {
+    const VoiceSymbol *before = nullptr, *behind = nullptr;
+};
+Neighbours Around(const MeasureStaff* crossing, int32_t place) {
+    Neighbours found;
+    ForEachEvent(crossing, [&](const VoiceSymbol* symbol) {
+        const int32_t x = XOf(symbol);
+        if (x <= place) {
+            if (!found.before || x > XOf(found.before)) found.before = symbol;
+        } else if (!found.behind || x < XOf(found.behind)) {
+            found.behind = symbol;
+        }
+    });
+    return found;
+}
+
+Rect InkOf(const VoiceSymbol* symbol) {
+    if (const auto* pause = As<Pause>(symbol)) return RectOf(pause);
+    const auto* chord = As<Chords>(symbol);
+    Rect ink = RectOf(ChordSymbolPar(chord));
+    for (const GenericNote* note : chordNotes.Of(chord))
+        for (const NoteAttribute* attribute : noteAttributes.Of(note))
+            if (const auto* accident = As<Accident>(attribute)) ink = Union(ink, RectOf(accident));
+    return ink;
+}
+
+// The left edge of all events that begin with the one.
+int32_t LeftOfTime(const MeasureStaff* crossing, const VoiceSymbol* first) {
+    int32_t left = InkOf(first).left;
+    ForEachEvent(crossing, [&](const VoiceSymbol* symbol) {
+        if (XOf(symbol) == XOf(first)) left = std::min(left, InkOf(symbol).left);
+    });
+    return left;
+}
+
+// Left edge of a clef that is so wide.
+int32_t LeftEdge(const MovingClaf* clef, int32_t width, int32_t lineDistance) {
+    const MeasureStaff* crossing = MeasureStaffPar(clef);
+    const MeasureFrame frame = FrameOf(MeasurePar(crossing));
+    const Neighbours around = Around(crossing, clef->_place);
+    const int32_t gap = lineDistance / 2, end = frame.left + frame.width - gap - width;
+    if (!around.behind) return std::min(frame.XOf(clef->_place), end);
+    const int32_t left = LeftOfTime(crossing, around.behind) - gap - width;
+    if (!around.before) return left;
+    // Where there is no room it stands in the middle of what there is.
+    const int32_t room = InkOf(around.before).right;
+    return left >= room ? left : (room + left + gap) / 2;
+}
+
+}  // namespace
+
+Point PlaceOf(const MovingClaf* clef) {
+    const StaffFrame frame = FrameOf(MeasureStaffPar(clef)->_staff.Get());
+    const Rect ink = InkOf(clef->_symbol, Point{}, frame.lineDistance, kMovingClefPercent);
+    const int32_t line = clef->_code <= kLastPitchedClef ? ClefOf(clef->_code).line : frame.lineCount;
+    const Point at{LeftEdge(clef, ink.Width(), frame.lineDistance) - ink.left, frame.YOfLine(line)};
+    return at + Point{clef->_x * frame.lineDistance / 100, clef->_y * frame.lineDistance / 100};
+}
+
+ClefPlaces::ClefPlaces(const MeasureStaff* crossing) {
+    for (StaffMeasureSymbol* symbol : staffSymbols.Of(crossing))
+        if (auto* clef = As<MovingClaf>(symbol)) {
+            const auto [before, behind] = Around(crossing, clef->_place);
+            _clefs.push_back({clef, before, behind, before ? XOf(before) : 0, behind ? XOf(behind) : 1000});
+        }
+}
+
+void ClefPlaces::Apply() const {
+    for (const Between& each : _clefs) {
+        const int32_t before = each.before ? XOf(each.before) : 0,
+                      behind = each.behind ? XOf(each.behind) : 1000;
+        if (before == each.oldBefore && behind == each.oldBehind) continue;
+        const int32_t gap = std::max(each.oldBehind - each.oldBefore, 1);
+        const int64_t from = each.clef->_place - each.oldBefore;
+        const auto place = static_cast<int32_t>(before + from * (behind - before) / gap);
+        each.clef->_place = each.behind ? std::min(place, behind - 1) : std::max(place, before);
+    }
+}
+
+}  // namespace corvane

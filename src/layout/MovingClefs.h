@@ -1,0 +1,34 @@
+// Clefs within a measure. Such a clef governs the events right of its place; it is drawn directly before the
+// first of them, wherever spacing puts that, and at its place where none follows.
+#pragma once
+
+#include <vector>
+
+#include "base/Geometry.h"
+#include "model/Relations.h"
+
+namespace corvane {
+
+// Smaller than a clef at the head of a measure.
+inline constexpr int32_t kMovingClefPercent = 75;
+
+// Absolute point at which its symbol is drawn, with the side letter 'l'; its staff must be known.
+Point PlaceOf(const MovingClaf* clef);
+
+// Keeps each clef of a crossing between the events that it stands between while these move: made before the
+// move, applied after it.
+class ClefPlaces {
+public:
+    explicit ClefPlaces(const MeasureStaff* crossing);
+    void Apply() const;
+
+private:
+    struct Between {
+        MovingClaf* clef;
+        const VoiceSymbol *before, *behind;  // null at the ends
+        int32_t oldBefore, oldBehind;
+    };
+    std::vector<Between> _clefs;
+};
+
+}  // namespace corvane

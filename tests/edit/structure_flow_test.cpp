@@ -1,0 +1,132 @@
+// Measures dealt over systems, systems over pages, and where they stand there.
+#include "edit/Signs.h"
+#include "layout/SignRecords.h"
+#include "model/Clefs.h"
+#include "structure_fixture.h"
+
+namespace corvane {
+namespace {
+
+constexpr int kMeasuresPerSystem = 32788, kSystemsPerPage = 32789, kCenterSystems = 32800,
+              kCenterStaves = 32801;
+
+class StructureFlow : public StructureTest {
+protected:
+    static int32_t Free(const Page* page) {
+        return Document::pageHeight - page->_topMargin - page->_bottomMargin;
+    }
+};
+
+TEST_F(StructureFlow, MeasuresAreDealtOverSystems) {
+    const struct {
+        const char* why;
+        CommandArguments arguments;
+        const char* shape;
+    } cases[] = {
+        {"more to a system", {{"count", "8"}}, "8 8 8/6"},
+        {"fewer, on new pages like the last", {{"count", "4"}}, "4 4 4/4 4 4/4 2"},
+        {"some systems only", {{"count", "3"}, {"from", "7"}, {"to", "12"}}, "5 3 3/3 1/5 5 5"},
+        {"an emptied system in the middle", {{"count", "10"}, {"from", "1"}, {"to", "10"}}, "10 5/5 5 5"},
+        {"as they are", {{"count", "5"}}, "5 5 5/5 5 5"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        OpenPages(2);
+        for (int measure = 1; measure <= 30; measure += 3) Fill(measure, 1, 4, 4);
+        const std::string notes = Notes();
+        RunAndBack(kMeasuresPerSystem, c.arguments);
+        EXPECT_EQ(Shape(), c.shape);
+        EXPECT_EQ(Notes(), notes);
+    }
+}
+
+TEST_F(StructureFlow, HeadsOfSystemsMoveAndChangesStay) {
+    OpenPages(1);
+    ASSERT_TRUE(ChangeKey(*window, {MeasureNumber(6), nullptr}, -2));
+    ASSERT_TRUE(ChangeMeter(*window, {MeasureNumber(11), nullptr}, Meter{{3}, 4, MeterKind::Normal}));
+    {
+        const EditStep step(*window);
+        SetClefAtHead(*window, Crossing(6, 1), kBass);
+    }
+    RunAndBack(kMeasuresPerSystem, {{"count", "7"}});
+    EXPECT_EQ(Signs(1, 1), "1 0 4/4");
+    EXPECT_EQ(Signs(6, 1), "- -2 -") << "a key change inside a system";
+    const auto* clef = SignOf<MovingClaf>(Crossing(5, 1));
+    ASSERT_NE(clef, nullptr) << "a clef change inside a system";
+    EXPECT_EQ(clef->_code, kBass);
+    EXPECT_EQ(Signs(8, 1), "2 -2 -");
+    EXPECT_EQ(Signs(8, 2), "2 -2 -");
+    EXPECT_EQ(Signs(11, 1), "- - 3/4");
+    RunAndBack(kMeasuresPerSystem, {{"count", "5"}});
+    EXPECT_EQ(Signs(6, 1), "2 -2 -");
+    EXPECT_EQ(Signs(8, 1), "- - -");
+    EXPECT_EQ(Signs(11, 2), "2 -2 3/4");
+}
+
+TEST_F(StructureFlow, SystemsAreDealtOverPages) {
+    const struct {
+        const char* why;
+        CommandArguments arguments;
+        const char* shape;
+    } cases[] = {
+        {"fewer to a page", {{"count", "2"}}, "5 5/5 5/5 5/5 5/5"},
+        {"more to a page", {{"count", "4"}}, "5 5 5 5/5 5 5 5/5"},
+        {"from the second page on", {{"count", "1"}, {"from", "2"}}, "5 5 5/5/5/5/5/5/5"},
+        {"a page that is to be full",
+         {{"count", "5"}, {"from", "2"}, {"to", "3"}},
+         "5 5 5/5 5 5 5 5/5 3 3 3 3"},
+        {"the first page is filled", {{"count", "7"}, {"from", "3"}}, "5 5 5/5 5 5/5 5 5 3 3 3 3"},
+        {"filled with what is asked for",
+         {{"count", "5"}, {"from", "3"}, {"measures", "2"}},
+         "5 5 5/5 5 5/5 5 5 2 2"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        OpenPages(3);
+        window->SetCurrentPage(PageNumber(3));
+        RunAndBack(kSystemsPerPage, c.arguments);
+        EXPECT_EQ(Shape(), c.shape);
+        for (const Page* page : documentPages.Of(Score())) {
+            const int n = pageSystems.Count(page);
+            for (const System* system : pageSystems.Of(page))
+                if (const System* next = pageSystems.Next(system)) {
+                    EXPECT_EQ(next->_top - system->_top, (2 * Free(page) + n) / (2 * n));
+                    EXPECT_LE(system->_bottom, next->_top);
+                }
+        }
+    }
+}
+
+TEST_F(StructureFlow, SystemsTooHighForAFullerPageAreSpreadAnew) {
+    OpenPages(1, "SSSS", 1, 2);
+    const System* first = SystemNumber(1, 1);
+    ASSERT_GT(first->_bottom - first->_top, Free(PageNumber(1)) / 4);
+    RunAndBack(kSystemsPerPage, {{"count", "4"}});
+    for (const System* system : pageSystems.Of(PageNumber(1)))
+        if (const System* next = pageSystems.Next(system)) {
+            EXPECT_LE(system->_bottom, next->_top);
+        }
+}
+
+TEST_F(StructureFlow, AutocenterGivesEqualBandsAndStaves) {
+    OpenPages(2, "SS", 2, 3);
+    Page* page = PageNumber(1);
+    SystemNumber(1, 2)->_top = 5000;
+    SystemNumber(1, 2)->_bottom = 5900;
+    const std::string other = LayoutOf(PageNumber(2));
+    RunAndBack(kCenterStaves, {});
+    const std::vector<Staff*> staffs = StaffsFromTop(SystemNumber(1, 2));
+    EXPECT_EQ(staffs[1]->_top, 450) << "900 * 400 / 800";
+    EXPECT_EQ(SystemNumber(1, 2)->_bottom, 5000 + 850);
+    RunAndBack(kCenterSystems, {});
+    // 13235 units are free: bands of 4412, of which 4245 are a system's.
+    EXPECT_EQ(Free(page), 13235);
+    EXPECT_EQ(SystemNumber(1, 2)->_top, 1800 + 4412);
+    EXPECT_EQ(staffs[1]->_top, 2122);
+    EXPECT_EQ(SystemNumber(1, 2)->_bottom, 1800 + 4412 + 2122 + 400);
+    EXPECT_EQ(LayoutOf(PageNumber(2)), other) << "the current page only";
+    ASSERT_TRUE(Run(kCenterSystems, {{"from", "1"}, {"to", "2"}}));
+}
+
+}  // namespace
+}  // namespace corvane
