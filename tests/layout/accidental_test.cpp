@@ -113,7 +113,7 @@ TEST_F(AccidentalTest, WithoutAScopeOnlyTheKeyCounts) {
 }
 
 TEST_F(AccidentalTest, TheNextNoteIsHandedOverAndSignsGoWithTheirSymbols) {
-    Enter({200, 2, None});
+    GenericNote* next = Enter({200, 2, None});
     Enter({300, 2, None});
     Enter({200, 5, None});
     changed.clear();
@@ -125,7 +125,7 @@ TEST_F(AccidentalTest, TheNextNoteIsHandedOverAndSignsGoWithTheirSymbols) {
     EXPECT_EQ(UsesOf("#A"), 0);
     EXPECT_EQ(UsesOf("#b"), 0);
     EXPECT_EQ(Faults(), "");
-    EXPECT_EQ(NoteBehind(first), NoteAt(voiceSymbols.First(voice)));
+    EXPECT_EQ(NoteBehind(first), next);
     EXPECT_EQ(NoteBefore(first), nullptr);
 }
 

@@ -168,6 +168,8 @@ TEST_F(Files, TwoProgramsKeepEachOthersSettings) {
 }
 
 TEST_F(Files, DamagedSettingsAreKeptAsideAndToldOnce) {
+    std::string aside = "settings.damaged";
+    int kept = 1;
     for (const std::string text :
          {"", "nonsense", "# Corvane settings 2\n", "# Corvane settings 1\n[Settings]\na = \"1",
           "# Corvane settings 1\na = \"1\"\n", "# Corvane settings 1\n[S]\na = <abc>\n"}) {
@@ -176,8 +178,9 @@ TEST_F(Files, DamagedSettingsAreKeptAsideAndToldOnce) {
         FileSettings settings(files, folder);
         EXPECT_NE(settings.TakeMessage(), "");
         EXPECT_EQ(settings.TakeMessage(), "");
-        EXPECT_EQ(Text("settings.damaged"), text);
+        EXPECT_EQ(Text(aside), text) << "beside those kept before";
         EXPECT_FALSE(settings.Open("Settings"));
+        aside = "settings.damaged" + std::to_string(++kept);
     }
     Put("settings", std::string(4096, '\0'));  // what a power cut can leave of a file
     EXPECT_NE(FileSettings(files, folder).TakeMessage(), "");
