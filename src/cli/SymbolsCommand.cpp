@@ -18,8 +18,7 @@ namespace {
 
 constexpr int32_t kLineDistance = 100, kMargin = 500, kNameSize = 130;
 constexpr int32_t kCellWidth = 1500, kCellHeight = 1300, kStaffTop = 500, kNameBelow = 980, kColumns = 8;
-constexpr uint8_t kLastPitchedClef = 10;
-constexpr int kMiddleLine = 5;
+constexpr int kStaffLines = 5;
 
 using Names = std::vector<std::string>;
 
@@ -80,7 +79,7 @@ std::string Readable(const std::string& name) {
 // Clefs stand on their line; all others are drawn from the middle line.
 int LineOf(const std::string& name) {
     const int clef = ClefCodeOfSymbol(name);
-    return clef && clef <= kLastPitchedClef ? ClefOf(clef).line : kMiddleLine;
+    return clef ? ClefLine(clef, kStaffLines) : kStaffLines;
 }
 
 void DrawCell(GraphicPort& port, Document* document, const std::string& name, Point corner) {

@@ -8,7 +8,6 @@
 #include "layout/Engraving.h"
 #include "layout/NoteGeometry.h"
 #include "layout/Spacing.h"
-#include "model/Clefs.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
@@ -52,12 +51,6 @@ GenericNote* NoteUnder(WindowTarn& window, Point p) {
     return nullptr;
 }
 
-Alteration KeyAlterationOf(const GenericNote* note) {
-    const MeasureStaff* measureStaff = MeasureStaffPar(note);
-    const int clef = ClefInForce(measureStaff, StemPar(note)->_x);
-    return AlterationOfKey(KeyInForce(measureStaff), DiatonicStep(clef, note->_line));
-}
-
 // A bracketed sign stands whatever the key and earlier notes say; the same sign asked for twice goes again.
 void SetBracketed(GenericNote* note, Alteration alteration) {
     const std::string name = AccidentName(alteration, As<Grace>(note) != nullptr, true);
@@ -65,7 +58,7 @@ void SetBracketed(GenericNote* note, Alteration alteration) {
     const bool same = old && SymbolName(old->_symbol) == name;
     RemoveAccidents(note);
     if (same) {
-        note->_alteration = note->_alteration == alteration ? KeyAlterationOf(note) : alteration;
+        note->_alteration = note->_alteration == alteration ? KeyAlterationAt(note) : alteration;
         return;
     }
     note->_alteration = alteration;

@@ -16,13 +16,6 @@ namespace {
 
 constexpr int kMostPages = 32767;
 
-Measure* FirstMeasure(const Document* document) {
-    for (const Page* page : documentPages.Of(document))
-        for (const System* system : pageSystems.Of(page))
-            if (Measure* measure = systemMeasures.First(system)) return measure;
-    return nullptr;
-}
-
 // The page itself, or the nearest one with systems.
 Page* ModelOf(const Document* document, Page* behind) {
     Page* start = behind ? behind : documentPages.First(document);

@@ -12,7 +12,6 @@
 #include "layout/Frames.h"
 #include "layout/NoteGeometry.h"
 #include "layout/Spacing.h"
-#include "model/Clefs.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "play/MIDIGrace.h"
@@ -50,12 +49,6 @@ void RestemOthers(Voice* voice) {
         RestemVoice(other);
         if (Switches().autoBeam) BeamVoice(other);
     }
-}
-
-void TakeKeyAlteration(GenericNote* note) {
-    const MeasureStaff* measureStaff = MeasureStaffPar(note);
-    const int clef = ClefInForce(measureStaff, StemPar(note)->_x);
-    note->_alteration = AlterationOfKey(KeyInForce(measureStaff), DiatonicStep(clef, note->_line));
 }
 
 void InsertAsNewChord(const InsertionPlace& place, MeasureStaff* measureStaff, int line, const NoteKind& kind) {
@@ -99,7 +92,7 @@ void NoteInsertion(const InsertionPlace& place, std::string_view descriptor) {
 void FollowUp(GenericNote* note, bool joined, bool beamed) {
     Stem* stem = StemPar(note);
     Voice* voice = VoicePar(note);
-    TakeKeyAlteration(note);
+    note->_alteration = KeyAlterationAt(note);
     UpdateNoteHeight(note);
     if (!beamed) SetDefaultStemLength(stem);
     SetDirection(stem, stem->_direction);

@@ -9,8 +9,6 @@
 namespace corvane {
 namespace {
 
-constexpr int kMostBeats = 99, kMostParts = 128, kMostBpm = 999;
-
 // "3" or, of a sum, "3+2+2".
 std::vector<int> ReadNumerator(ArgumentReader& reader, int fallback) {
     const std::string text = reader.Text("num", std::to_string(fallback));
@@ -77,8 +75,9 @@ Status TempoCommand(WindowTarn& window, const CommandArguments& arguments) {
     TempoValue value;
     value.beat = reader.Number("beat", 1, kMostBeats, 1);
     value.figure = reader.Number("figure", 1, kMostParts, 4);
-    value.dots = reader.Number("dots", 0, 3, 0);
-    value.bpm = reader.Number("bpm", 1, kMostBpm, preferences ? preferences->_bpm.Get() : value.bpm);
+    value.dots = reader.Number("dots", 0, TempoValue::kMostDots, 0);
+    value.bpm =
+        reader.Number("bpm", 1, TempoValue::kMostBpm, preferences ? preferences->_bpm.Get() : value.bpm);
     if (const Status status = reader.Result(); !status) return status;
     return InsertTempo(window, measure, value);
 }

@@ -39,6 +39,7 @@ Status InsertEndings(WindowTarn& window, const MeasureRange& range, std::string_
 void DeleteEndings(WindowTarn& window, Endings* endings);
 
 struct TempoValue {
+    static constexpr int kMostDots = 3, kMostBpm = 999;
     int beat = 1;
     int figure = 4;  // a note value: 1 to 128, 11
     int dots = 0;

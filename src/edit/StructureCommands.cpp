@@ -81,20 +81,6 @@ StaffRange ReadStaffs(ArgumentReader& reader, WindowTarn& window) {
 
 int ReadCount(ArgumentReader& reader) { return reader.Number("count", -kMost, kMost, 1); }
 
-Measure* LastMeasure(const Document* document) {
-    for (const Page* page = documentPages.Last(document); page; page = documentPages.Prev(page))
-        for (const System* system = pageSystems.Last(page); system; system = pageSystems.Prev(system))
-            if (Measure* last = systemMeasures.Last(system)) return last;
-    return nullptr;
-}
-
-Measure* FirstMeasure(const Document* document) {
-    for (const Page* page : documentPages.Of(document))
-        for (const System* system : pageSystems.Of(page))
-            if (Measure* first = systemMeasures.First(system)) return first;
-    return nullptr;
-}
-
 // ---- the commands
 
 Status AddPagesCommand(WindowTarn& window, const CommandArguments& arguments) {

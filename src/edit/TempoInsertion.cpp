@@ -15,16 +15,16 @@
 namespace corvane {
 namespace {
 
-// Note values in the order of figure codes.
-constexpr int kFigures[] = {11, 1, 2, 4, 8, 16, 32, 64, 128};
-constexpr int kMostDots = 3, kMostBeats = 999;
+// The figure code of a note value; the count of codes for what is none.
+ptrdiff_t FigureCode(int value) {
+    return std::find(std::begin(kFigureValues), std::end(kFigureValues), value) - std::begin(kFigureValues);
+}
 
 const char* FaultOf(const TempoValue& value, const Measure* measure) {
     if (value.beat < 1 || value.beat > measure->_num) return "The measure has no such beat";
-    if (std::find(std::begin(kFigures), std::end(kFigures), value.figure) == std::end(kFigures))
-        return "No note has that value";
-    if (value.dots < 0 || value.dots > kMostDots) return "A note has at most three dots";
-    if (value.bpm < 1 || value.bpm > kMostBeats) return "A tempo is 1 to 999 beats a minute";
+    if (FigureCode(value.figure) == std::ssize(kFigureValues)) return "No note has that value";
+    if (value.dots < 0 || value.dots > TempoValue::kMostDots) return "A note has at most three dots";
+    if (value.bpm < 1 || value.bpm > TempoValue::kMostBpm) return "A tempo is 1 to 999 beats a minute";
     return nullptr;
 }
 
@@ -72,9 +72,7 @@ Status InsertTempo(WindowTarn& window, Measure* measure, const TempoValue& value
     Time* mark = MarkAt(measure, value.beat);
     const bool isNew = !mark;
     if (isNew) mark = MakeMark(measure, value.beat);
-    const auto figure =
-        std::find(std::begin(kFigures), std::end(kFigures), value.figure) - std::begin(kFigures);
-    mark->_figure = static_cast<int16_t>(figure);
+    mark->_figure = static_cast<int16_t>(FigureCode(value.figure));
     mark->_dots = static_cast<int16_t>(value.dots);
     mark->_bpm = static_cast<int16_t>(value.bpm);
     InsertTempoAtBeat(measure, mark);

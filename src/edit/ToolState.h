@@ -26,7 +26,6 @@ ToolState& Tools();
 // Switches read by insertion, from the document's preferences and the menus.
 struct EditSwitches {
     bool autoSpace = true, autoBeam = true, playbackNotes = true, deleteNotesToRests = true;
-    int16_t accidentalScope = 1;
 };
 EditSwitches& Switches();
 

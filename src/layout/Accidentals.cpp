@@ -12,7 +12,7 @@ namespace corvane {
 namespace {
 
 constexpr std::string_view kLetters = "AdbDBmMtTsS";  // by alteration code
-constexpr int16_t kScopeMeasure = 1;
+constexpr int16_t kScopeMeasure = 1;                  // of the preference
 
 int32_t XOfNote(const GenericNote* note) { return StemPar(note)->_x; }
 
@@ -34,11 +34,6 @@ void ForEachOnLine(const GenericNote* note, Visit visit) {
                     if (other != note && other->_line == note->_line) visit(other);
 }
 
-int16_t ScopeOf(const GenericNote* note) {
-    const auto* preferences = Preferences<NotePref>(DocumentPar(note));
-    return preferences ? preferences->_accidentalScope.Get() : kScopeMeasure;
-}
-
 // A note shows its accidental where it differs from the one before on its line, or else from the key.
 void RenewAccident(GenericNote* note, const GenericNote* before) {
     RemoveAccidents(note);
@@ -48,6 +43,11 @@ void RenewAccident(GenericNote* note, const GenericNote* before) {
 }
 
 }  // namespace
+
+bool AccidentalsLast(const Document* document) {
+    const auto* preferences = Preferences<NotePref>(document);
+    return !preferences || preferences->_accidentalScope == kScopeMeasure;
+}
 
 Alteration KeyAlterationAt(const GenericNote* note) {
     const MeasureStaff* measureStaff = MeasureStaffPar(note);
@@ -98,7 +98,7 @@ GenericNote* NoteBehind(const GenericNote* note) {
 }
 
 void UpdateAccidentals(GenericNote* note, const std::function<void(GenericNote*)>& changed) {
-    if (ScopeOf(note) != kScopeMeasure) return RenewAccident(note, nullptr);
+    if (!AccidentalsLast(DocumentPar(note))) return RenewAccident(note, nullptr);
     RenewAccident(note, NoteBefore(note));
     GenericNote* behind = NoteBehind(note);
     if (!behind) return;

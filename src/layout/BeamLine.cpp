@@ -67,15 +67,11 @@ double SlopeOf(const Heads& heads) {
     return heads.last < heads.first ? kSlope : -kSlope;
 }
 
-bool IsGraceStem(const Stem* stem) {
-    return As<Grace>(stemNotes.First(stem)) != nullptr;
-}
-
 bool PointsUp(const Heads& heads) {
     if (!heads.firstStem) return true;
     const Voice* voice = VoicePar(heads.high);
     if (voice && StemsAreForced(voice)) return ForcedStemsUp(voice);
-    return IsGraceStem(heads.firstStem) || heads.Average() < kFirstDownAverage;
+    return IsGrace(heads.firstStem) || heads.Average() < kFirstDownAverage;
 }
 
 // The sizes of a beam's levels, hundredths of a line distance, and how near a head may come to them.
@@ -88,7 +84,7 @@ struct BeamClearance {
         step = thickness + (pref ? pref->BeamGap() : NotePref::kBeamGap);
         preferred = pref ? pref->BeamMinDistance() : NotePref::kBeamMinDistance;
         least = kLeastStem;
-        if (!IsGraceStem(stem)) return;
+        if (!IsGrace(stem)) return;
         thickness /= 2, step /= 2;
         preferred = preferred * 100 / kGraceScale, least = least * 100 / kGraceScale;
     }
@@ -108,7 +104,7 @@ int32_t LackOf(const Beam* beam, const BeamLine& line, bool up) {
         const GenericNote* outer = up ? stemNotes.First(stem) : stemNotes.Last(stem);
         const BeamClearance clearance(stem);
         int32_t wanted = std::max(clearance.least, clearance.Depth(marker->_leftValue) + kHeadRoom);
-        if (!IsGraceStem(stem)) wanted = std::max(wanted, LengthToMiddleLine(outer, up));
+        if (!IsGrace(stem)) wanted = std::max(wanted, LengthToMiddleLine(outer, up));
         const int32_t y = PlaceOf(outer).stem.y, end = line.YAt(BeamXOf(stem));
         const int32_t length = up ? y - end : end - y;
         lack = std::max(lack, wanted * FrameOf(StaffPar(outer)).lineDistance / 100 - length);

@@ -20,7 +20,6 @@ namespace corvane {
 namespace {
 
 constexpr int32_t kBehindAll = 1001;  // per mille
-constexpr uint8_t kLastPitchedClef = 10;
 
 // What one staff is told.
 struct StaffCourtesy {
@@ -92,8 +91,8 @@ Point MiddleAt(const StaffFrame& frame, int32_t x) { return {x, frame.YOfLine(fr
 
 Point ClefPlace(const StaffCourtesy& one, const StaffFrame& frame, int32_t barline) {
     const Rect ink = InkOf(one.clef->_symbol, Point{}, frame.lineDistance, kMovingClefPercent);
-    const int32_t line = one.clef->_code <= kLastPitchedClef ? ClefOf(one.clef->_code).line : frame.lineCount;
-    return {barline - frame.lineDistance / 2 - ink.right, frame.YOfLine(line)};
+    return {barline - frame.lineDistance / 2 - ink.right,
+            frame.YOfLine(ClefLine(one.clef->_code, frame.lineCount))};
 }
 
 }  // namespace

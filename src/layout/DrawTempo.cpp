@@ -9,6 +9,7 @@
 #include "layout/Frames.h"
 #include "layout/Glyphs.h"
 #include "layout/PageLayout.h"
+#include "model/Meters.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
 
@@ -18,8 +19,6 @@ namespace {
 constexpr int32_t kBaseline = 250;  // above the top line, hundredths of a line distance
 constexpr int32_t kFigurePercent = 75, kTextSize = 200, kBold = 1;
 constexpr uint8_t kAllStaves = 35, kTopOfEach = 36;
-// Note values of figure codes.
-constexpr int kFigures[] = {11, 1, 2, 4, 8, 16, 32, 64, 128};
 
 // The staves on which a mark is shown, by its placement.
 std::vector<const Staff*> StavesOf(const Time& mark) {
@@ -53,7 +52,7 @@ MarkPlace PlaceOn(const Time& mark, const Staff* staff) {
                    frame.top + (mark._y - kBaseline) * distance / 100};
     const auto code = static_cast<unsigned>(mark._figure.Get());
     MarkPlace place;
-    place.figure = {kFigures[code < std::size(kFigures) ? code : 3], mark._dots, at,
+    place.figure = {kFigureValues[code < std::size(kFigureValues) ? code : 3], mark._dots, at,
                     distance * kFigurePercent / 100};
     place.text = "= " + std::to_string(mark._bpm);
     place.textAt = {InkOf(place.figure).right + distance * 2 / 5, at.y};

@@ -39,6 +39,10 @@ std::string AccidentName(Alteration alteration, bool grace, bool bracketed);
 Accident* AttachAccident(GenericNote* note, Alteration alteration, bool bracketed = false);
 void RemoveAccidents(GenericNote* note);
 
+// Whether an accidental holds to the end of its measure, as the score's preferences tell; else for its note
+// alone.
+bool AccidentalsLast(const Document* document);
+
 // What the key in force at a note gives its line.
 Alteration KeyAlterationAt(const GenericNote* note);
 // Gives a note the accidental that it needs, and the next one on its line: an accidental stays in force to

@@ -12,8 +12,6 @@
 namespace corvane {
 namespace {
 
-constexpr uint8_t kLastPitchedClef = 10;
-
 template <class Visit>
 void ForEachEvent(const MeasureStaff* crossing, Visit visit) {
     for (const Voice* voice : measureStaffVoices.Of(crossing))
@@ -75,7 +73,7 @@ int32_t LeftEdge(const MovingClaf* clef, int32_t width, int32_t lineDistance) {
 Point PlaceOf(const MovingClaf* clef) {
     const StaffFrame frame = FrameOf(MeasureStaffPar(clef)->_staff.Get());
     const Rect ink = InkOf(clef->_symbol, Point{}, frame.lineDistance, kMovingClefPercent);
-    const int32_t line = clef->_code <= kLastPitchedClef ? ClefOf(clef->_code).line : frame.lineCount;
+    const int32_t line = ClefLine(clef->_code, frame.lineCount);
     const Point at{LeftEdge(clef, ink.Width(), frame.lineDistance) - ink.left, frame.YOfLine(line)};
     return at + Point{clef->_x * frame.lineDistance / 100, clef->_y * frame.lineDistance / 100};
 }

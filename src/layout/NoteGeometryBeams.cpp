@@ -40,11 +40,6 @@ Post PostOf(const BeamMarker* marker) {
     return post;
 }
 
-bool IsGraceStem(const Stem* stem) {
-    const GenericNote* note = stemNotes.First(stem);
-    return note && IsGrace(ChordPar(note));
-}
-
 // Sizes of one beam, in page units.
 struct BeamMeasures {
     int32_t thickness, step;  // the step to the next level, towards the heads
@@ -57,7 +52,7 @@ BeamMeasures MeasuresOf(const Beam* beam, const Stem* first) {
     const auto* preferences = document ? Preferences<NotePref>(document) : nullptr;
     const int32_t percent = preferences ? preferences->BeamThickness() : NotePref::kBeamThickness;
     const int32_t gap = preferences ? preferences->BeamGap() : NotePref::kBeamGap;
-    const bool grace = IsGraceStem(first);
+    const bool grace = IsGrace(first);
     const int32_t distance = note ? FrameOf(StaffPar(note)).lineDistance : 0, part = grace ? 200 : 100;
     const int32_t thickness = std::max(1, percent * distance / part);
     const int32_t step = (gap + percent) * distance / part;

@@ -9,13 +9,10 @@
 #include "model/Clefs.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
-#include "model/Preferences.h"
 #include "model/SymbolTable.h"
 
 namespace corvane {
 namespace {
-
-constexpr int16_t kScopeMeasure = 1;
 
 template <class Visit>
 void ForEachNote(const MeasureStaff* crossing, Visit visit) {
@@ -50,7 +47,7 @@ void ShowAccidental(GenericNote* note, bool shown) {
 class AccidentalReading {
 public:
     explicit AccidentalReading(const MeasureStaff* crossing)
-        : _crossing(crossing), _key(KeyInForce(crossing)), _byLine(Scope(crossing) == kScopeMeasure) {}
+        : _crossing(crossing), _key(KeyInForce(crossing)), _byLine(AccidentalsLast(DocumentPar(crossing))) {}
 
     // Notes that stand at one x; none of them speaks for another.
     void Read(std::vector<GenericNote*>::const_iterator from, std::vector<GenericNote*>::const_iterator to) {
@@ -64,10 +61,6 @@ public:
     }
 
 private:
-    static int16_t Scope(const MeasureStaff* crossing) {
-        const auto* preferences = Preferences<NotePref>(DocumentPar(crossing));
-        return preferences ? preferences->_accidentalScope.Get() : kScopeMeasure;
-    }
     Alteration InForce(const GenericNote* note) const {
         const auto found = _inForce.find(note->_line);
         return found != _inForce.end() ? found->second

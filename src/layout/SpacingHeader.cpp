@@ -13,8 +13,7 @@
 namespace corvane {
 namespace {
 
-constexpr uint8_t kLastPitchedClef = 10;  // percussion clefs follow
-constexpr int kColumns = 3;               // clefs, keys, time signatures
+constexpr int kColumns = 3;  // clefs, keys, time signatures
 
 struct Sign {
     int column = -1;  // -1 for a symbol that belongs to no header
@@ -33,8 +32,6 @@ Sign SignOf(const StaffMeasureSymbol* symbol) {
     if (const auto* time = As<TimeSignature>(symbol)) return SignIn(2, time);
     return {};
 }
-
-bool IsPitched(const StaticClaf* clef) { return clef && clef->_code <= kLastPitchedClef; }
 
 // Around the point at which the sign is drawn.
 Rect InkOf(const Sign& sign, const Staff* staff) {
@@ -98,7 +95,7 @@ Point PlaceOfSign(const StaffMeasureSymbol* sign) {
     const StaffFrame frame = FrameOf(staff);
     const auto* clef = As<StaticClaf>(sign);
     const Point reference{OriginOf(SystemPar(measure)).x + measure->_left + columns[kind.column],
-                          frame.YOfLine(IsPitched(clef) ? ClefOf(clef->_code).line : frame.lineCount)};
+                          frame.YOfLine(clef ? ClefLine(clef->_code, frame.lineCount) : frame.lineCount)};
     const Point moved{kind.dx * frame.lineDistance / 100, kind.dy * frame.lineDistance / 100};
     return reference + moved - Point{InkOf(kind, staff).left, 0};
 }

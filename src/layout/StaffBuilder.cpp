@@ -14,7 +14,6 @@
 namespace corvane {
 namespace {
 
-constexpr int kPercussion = 11;
 constexpr std::string_view kStaffName = "Untitled";
 
 // Staves that one MultiStaff of each system draws.

@@ -22,11 +22,6 @@ constexpr int32_t kLongTail = 70;
 bool IsStemless(uint8_t value) { return value == 1 || value == kDoubleWhole; }
 bool HasFlag(uint8_t value) { return value >= 8 && value != kDoubleWhole; }
 
-bool IsGraceStem(const Stem* stem) {
-    const GenericNote* note = stemNotes.First(stem);
-    return note && As<Grace>(note);
-}
-
 uint8_t ValueOf(const Stem* stem) {
     const ChordSymbol* chordSymbol = ChordSymbolPar(stem);
     CORVANE_ASSERT_AS(chordSymbol, "chSym");
@@ -50,7 +45,7 @@ int32_t PreferredLength(const Stem* stem, const GenericNote* outer) {
     int32_t length = preferences ? preferences->_stemLength.Get() : kDefaultLength;
     const uint8_t value = ValueOf(stem);
     for (int tail = 32; HasFlag(value) && tail <= value; tail *= 2) length += kLongTail;
-    if (IsGraceStem(stem)) return length * kGraceStem / 100;
+    if (IsGrace(stem)) return length * kGraceStem / 100;
     return std::max(length, LengthToMiddleLine(outer, IsUp(stem->_direction)));
 }
 
@@ -109,8 +104,7 @@ void ChangeStemDirection(Stem* stem, StemDirection direction) {
     Document* document = DocumentPar(stem);
     for (BeamSymbolAttribute* attribute : beamSymbolAttributes.Of(stem))
         if (auto* flag = As<Flag>(attribute))
-            ChangeSymbol(document, flag->_symbol,
-                         FlagName(ValueOf(stem), IsUp(direction), IsGraceStem(stem)));
+            ChangeSymbol(document, flag->_symbol, FlagName(ValueOf(stem), IsUp(direction), IsGrace(stem)));
 }
 
 void PointStem(Stem* stem, bool up) {
@@ -122,8 +116,7 @@ Flag* AttachFlag(Stem* stem, uint8_t value) {
     if (!HasFlag(value)) return nullptr;
     auto* flag = Make<Flag>();
     beamSymbolAttributes.Add(stem, flag);
-    flag->_symbol =
-        LookupSymbol(DocumentPar(stem), FlagName(value, IsUp(stem->_direction), IsGraceStem(stem)));
+    flag->_symbol = LookupSymbol(DocumentPar(stem), FlagName(value, IsUp(stem->_direction), IsGrace(stem)));
     return flag;
 }
 

@@ -44,6 +44,8 @@ int ClefAround(const MeasureStaff* measureStaff, const int32_t* left) {
 
 const ClefInfo& ClefOf(int code) { return kClefs[code >= 1 && code <= 13 ? code - 1 : 0]; }
 
+int ClefLine(int code, int lineCount) { return code < kPercussion ? ClefOf(code).line : lineCount; }
+
 int ClefCodeOfSymbol(std::string_view name) {
     for (const ClefInfo& clef : kClefs)
         if (name == clef.symbol) return clef.code;

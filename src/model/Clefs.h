@@ -7,7 +7,8 @@
 
 namespace corvane {
 
-inline constexpr int kTreble = 1, kBass = 2;
+// Percussion clefs are those from kPercussion on.
+inline constexpr int kTreble = 1, kBass = 2, kPercussion = 11;
 
 struct ClefInfo {
     uint8_t code;                 // 1 to 13
@@ -17,6 +18,10 @@ struct ClefInfo {
 };
 // The row of a code; code 1's for any other.
 const ClefInfo& ClefOf(int code);
+
+// The staff step that the clef's symbol is drawn from, on a staff of so many lines: its own line, the middle for a
+// percussion clef.
+int ClefLine(int code, int lineCount);
 
 // The code of a clef's symbol name; 0 for any other name.
 int ClefCodeOfSymbol(std::string_view name);

@@ -7,6 +7,8 @@
 
 namespace corvane {
 
+inline constexpr int kClocksPerBeat = 32000;
+
 // A place in the measure's list, ordered by beat and clock; at one place off, on, tempo. In the list exactly while
 // _refCount is above 0.
 struct TimeElement : BehaviourWord, Bot2T<TimeElement, 100, 3>, Gap<4, 12> {
@@ -29,6 +31,11 @@ struct Tempo : TimeElement {
     Ptr<Time> _mark;              // may be null
     Stored<int16_t> _metronome;   // beats a minute held here when there is no mark; 0 when the mark holds it
 };
+
+// At one place a note that ends releases before one that starts, and a tempo holds from behind both.
+constexpr int RankOf(int16_t classNumber) {
+    return classNumber == TimeOff::kClass ? 0 : classNumber == TimeOn::kClass ? 1 : 2;
+}
 
 struct SoundEvent : BehaviourWord, Bot2T<SoundEvent, 1001, 3>, Bot2T<SoundEvent, 1002, 3>, Gap<4, 20> {
     static constexpr bool IsHeir(int16_t n) { return n == 77 || n == 78; }

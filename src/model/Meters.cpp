@@ -11,8 +11,6 @@
 namespace corvane {
 namespace {
 
-constexpr int kMostBeats = 99, kMostParts = 128;
-
 TimeForm FormIn(const Document* document) {
     const auto* preferences = Preferences<TimeMeasurePref>(document);
     return preferences ? static_cast<TimeForm>(preferences->_type.Get()) : TimeForm::Stacked;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "model/HierarchyRecords.h"
+#include "model/NoteRecords.h"
 
 namespace corvane {
 
@@ -22,6 +23,12 @@ enum class MeterKind : uint8_t {
     Bracketed = 7,       // between brackets
 };
 inline constexpr int kMeterKinds = 8;
+
+inline constexpr int kMostBeats = 99;   // that a measure counts
+inline constexpr int kMostParts = 128;  // of a whole note, the smallest note value
+
+// Note values in the order of a tempo mark's figure codes.
+inline constexpr int kFigureValues[] = {kDoubleWhole, 1, 2, 4, 8, 16, 32, 64, 128};
 
 struct Meter {
     std::vector<int> summands{4};  // the numerator, in parts where it is written so

@@ -136,6 +136,10 @@ Flag* FlagOf(const BeamSymbol* symbol) {
 }
 
 bool IsGrace(const VoiceSymbol* symbol) { return As<GraceChord>(symbol) != nullptr; }
+bool IsGrace(const Stem* stem) {
+    const GenericNote* note = stemNotes.First(stem);
+    return note && As<Grace>(note);
+}
 
 Stem* StemOf(const Chords* chord) {
     if (const GenericNote* note = chordNotes.First(chord))

@@ -34,6 +34,7 @@ Beam* BeamOf(const BeamSymbol* symbol);          // null for a symbol under no b
 BeamMarker* MarkerOf(const BeamSymbol* symbol);  // null likewise
 Flag* FlagOf(const BeamSymbol* symbol);
 bool IsGrace(const VoiceSymbol* symbol);
+bool IsGrace(const Stem* stem);  // false for a stem without heads
 // The only stem of a chord, or its first; null for none.
 Stem* StemOf(const Chords* chord);
 Accident* AccidentOf(const GenericNote* note);

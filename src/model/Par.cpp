@@ -99,6 +99,20 @@ Measure* PrevMeasure(const Measure* measure) {
     return nullptr;
 }
 
+Measure* FirstMeasure(const Document* document) {
+    for (const Page* page : documentPages.Of(document))
+        for (const System* system : pageSystems.Of(page))
+            if (Measure* first = systemMeasures.First(system)) return first;
+    return nullptr;
+}
+
+Measure* LastMeasure(const Document* document) {
+    for (const Page* page = documentPages.Last(document); page; page = documentPages.Prev(page))
+        for (const System* system = pageSystems.Last(page); system; system = pageSystems.Prev(system))
+            if (Measure* last = systemMeasures.Last(system)) return last;
+    return nullptr;
+}
+
 MeasureStaff* MeasureStaffAt(const Measure* measure, const DocStaff* docStaff) {
     for (MeasureStaff* m : measureStaffs.Of(measure))
         if (docStaffMeasureStaffs.ParentOf(m) == docStaff) return m;

@@ -50,6 +50,9 @@ inline MeasureStaff* PrevOnStaff(const MeasureStaff* m) { return docStaffMeasure
 // The measure behind or before, over systems and pages; null at the ends of the score.
 Measure* NextMeasure(const Measure* measure);
 Measure* PrevMeasure(const Measure* measure);
+// The measures at both ends of the score; null where it has none.
+Measure* FirstMeasure(const Document* document);
+Measure* LastMeasure(const Document* document);
 // The crossing of a measure and a staff of the score; null if there is none.
 MeasureStaff* MeasureStaffAt(const Measure* measure, const DocStaff* docStaff);
 

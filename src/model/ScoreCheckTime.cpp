@@ -7,20 +7,13 @@
 namespace corvane {
 namespace {
 
-constexpr int16_t kClocksPerBeat = 32000;
-
-// Off, on, tempo at one place.
-int OrderOfKind(int16_t classNumber) {
-    return classNumber == TimeOff::kClass ? 0 : classNumber == TimeOn::kClass ? 1 : 2;
-}
-
 void CheckElements(ScoreProof& proof, Measure* measure) {
     std::tuple<int, int, int> before{0, 0, 0};
     for (const TimeElement* element : measureTimeElements.Of(measure)) {
         proof.Expect(element->_beat >= 1 && element->_clock >= 0 && element->_clock < kClocksPerBeat, element,
                      "no time of a measure is that");
         const std::tuple<int, int, int> place{element->_beat, element->_clock,
-                                              OrderOfKind(element->ClassNumber())};
+                                              RankOf(element->ClassNumber())};
         proof.Expect(before < place, element, "the times of the measure are not in order");
         before = place;
     }

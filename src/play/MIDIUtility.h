@@ -13,7 +13,6 @@
 
 namespace corvane {
 
-inline constexpr int kClocksPerBeat = 32000;
 inline constexpr int16_t kEnteredVelocity = 64;
 
 struct TimePlace {

@@ -4,13 +4,11 @@
 #include <cmath>
 
 #include "base/Rounding.h"
+#include "model/Meters.h"
 #include "model/Par.h"
 
 namespace corvane {
 namespace {
-
-// Note values of a mark's figure codes; a double whole counts as a whole.
-constexpr int kFigures[] = {1, 1, 2, 4, 8, 16, 32, 64, 128};
 
 // Ticks of one beat at factor 1.0; `carry` is renewed.
 double TicksOfBeat(int den, int resolution, int32_t& carry) {
@@ -37,8 +35,9 @@ TempoValues ValuesOf(const Tempo* tempo) {
     if (!mark) return values;
     if (!values.bpm) values.bpm = mark->_bpm;
     const int figure = mark->_figure;
-    CORVANE_ASSERT(figure >= 0 && figure <= 8);
-    values.figure = kFigures[figure];
+    CORVANE_ASSERT(figure >= 0 && figure < std::ssize(kFigureValues));
+    const int value = kFigureValues[figure];
+    values.figure = value == kDoubleWhole ? 1 : value;  // timing knows no double whole
     values.dots = mark->_dots;
     values.tupletActual = mark->_tupletActual;
     values.tupletNormal = mark->_tupletNormal;

@@ -7,11 +7,6 @@
 namespace corvane {
 namespace {
 
-// At one place a note that ends releases before one that starts, and a tempo holds from behind both.
-int RankOf(int16_t classNumber) {
-    return classNumber == TimeOff::kClass ? 0 : classNumber == TimeOn::kClass ? 1 : 2;
-}
-
 auto KeyOf(const TimeElement* element) {
     return std::tuple(element->_beat.Get(), element->_clock.Get(), RankOf(element->ClassNumber()));
 }

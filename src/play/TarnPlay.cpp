@@ -15,13 +15,6 @@ constexpr int kFullVolume = 127;
 // No element stands there: it marks the end of a measure.
 constexpr int kEndClock = kClocksPerBeat;
 
-const Measure* FirstMeasure(const Document* document) {
-    for (const Page* page : documentPages.Of(document))
-        for (const System* system : pageSystems.Of(page))
-            if (const Measure* first = systemMeasures.First(system)) return first;
-    return nullptr;
-}
-
 }  // namespace
 
 int ResolutionOfSlider(int place) {
