@@ -37,10 +37,12 @@ void Number(WindowTarn& window, Measure* measure) {
 
 double TimeOf(WindowTarn& window, Action action, Measure* measure) {
     const auto start = std::chrono::steady_clock::now();
-    if (action == Action::Add) AddMeasures(window, 1, measure);
-    if (action == Action::Remove) RemoveMeasures(window, {measure, measure});
+    Status status;
+    if (action == Action::Add) status = AddMeasures(window, 1, measure);
+    if (action == Action::Remove) status = RemoveMeasures(window, {measure, measure});
     if (action == Action::Number) Number(window, measure);
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+    CORVANE_ASSERT_AS(status, "status");
     window.Undo();
     return time.count();
 }

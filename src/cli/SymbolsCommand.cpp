@@ -17,7 +17,7 @@ namespace corvane {
 namespace {
 
 constexpr int32_t kLineDistance = 100, kMargin = 500, kNameSize = 130;
-constexpr int32_t kCellWidth = 1500, kCellHeight = 1300, kStaffTop = 500, kNameBelow = 980, kColumns = 8;
+constexpr int32_t kCellWidth = 1500, kCellHeight = 1500, kStaffTop = 500, kNameBelow = 1380, kColumns = 8;
 constexpr int kStaffLines = 5;
 
 using Names = std::vector<std::string>;
@@ -102,7 +102,7 @@ void DrawCell(GraphicPort& port, Document* document, const std::string& name, Po
     port.SetFontSize(kNameSize);
     const int32_t width = port.StringWidth(text);
     if (width > room) port.SetFontSize(kNameSize * room / width);
-    port.DrawString(text, middle - port.StringWidth(text) / 2, corner.y + kNameBelow + kStaffTop / 2);
+    port.DrawString(text, middle - port.StringWidth(text) / 2, corner.y + kNameBelow);
 }
 
 using Render = Status (*)(const std::string& path, const PagesToRender& pages, int zoom);

@@ -42,7 +42,8 @@ void PaintDesign(GraphicPort& port, const SymbolDesign& design, Point at, int32_
 }
 
 StaffCourtesy CourtesyOf(const MeasureStaff* crossing, const MeasureStaff* next) {
-    StaffCourtesy courtesy{crossing->_staff, nullptr, {}, SignOf<TimeSignature>(next)};
+    StaffCourtesy courtesy{crossing->_staff, nullptr, {}, nullptr};
+    if (ShowsTimeSignatures(DocumentPar(next))) courtesy.time = SignOf<TimeSignature>(next);
     const auto* clef = SignOf<StaticClaf>(next);
     if (clef && clef->_code != ClefInForce(crossing, kBehindAll)) courtesy.clef = clef;
     const auto* key = SignOf<ClafSignature>(next);

@@ -29,6 +29,11 @@ SignPlace HeaderPlaceOf(const Sign& sign) {
     return staff ? SignPlace{sign._symbol, PlaceOfSign(&sign), staff->_lineDistance} : SignPlace{};
 }
 
+SignPlace TimePlaceOf(const TimeSignature& time) {
+    const bool shown = ShowsTimeSignatures(DocumentPar(MeasureStaffPar(&time)));
+    return shown ? HeaderPlaceOf(time) : SignPlace{};
+}
+
 SignPlace SignPlaceOf(const MovingClaf& clef) {
     const Staff* staff = StaffOf(clef);
     if (!staff) return {};
@@ -57,11 +62,11 @@ void Paint(GraphicPort& port, const ClafSignature& key, const DrawContext&) {
     Paint(port, HeaderPlaceOf(key));
 }
 Rect InkOf(const TimeSignature& time) {
-    const SignPlace place = HeaderPlaceOf(time);
+    const SignPlace place = TimePlaceOf(time);
     return place.symbol ? InkOfTime(time, place.at, place.lineDistance) : Rect{};
 }
 void Paint(GraphicPort& port, const TimeSignature& time, const DrawContext&) {
-    const SignPlace place = HeaderPlaceOf(time);
+    const SignPlace place = TimePlaceOf(time);
     if (place.symbol) PaintTime(port, time, place.at, place.lineDistance);
 }
 

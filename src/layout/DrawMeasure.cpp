@@ -19,8 +19,15 @@ struct Span {
     int32_t top, bottom;
 };
 
-// From the top line's upper edge to the bottom line's lower edge of each group of staves that barlines run
-// through.
+// What barlines cover of one staff: from the top line's upper edge to the bottom line's lower edge. A single
+// line has no height, so they reach a space beyond it.
+Span SpanOf(const Staff* staff) {
+    const StaffFrame frame = FrameOf(staff);
+    const int32_t beyond = frame.lineCount > 1 ? StaffLineWeight(frame.lineDistance) / 2 : frame.lineDistance;
+    return {frame.top - beyond, frame.Bottom() + beyond};
+}
+
+// Of each group of staves that barlines run through.
 std::vector<Span> SpansOf(const System* system, const std::vector<Staff*>& staffs) {
     std::vector<bool> joined(staffs.size(), false);  // with the staff above
     for (const Connection* connection : systemConnections.Of(system)) {
@@ -34,12 +41,11 @@ std::vector<Span> SpansOf(const System* system, const std::vector<Staff*>& staff
     }
     std::vector<Span> spans;
     for (size_t i = 0; i < staffs.size(); ++i) {
-        const StaffFrame frame = FrameOf(staffs[i]);
-        const int32_t half = StaffLineWeight(frame.lineDistance) / 2;
+        const Span span = SpanOf(staffs[i]);
         if (joined[i])
-            spans.back().bottom = frame.Bottom() + half;
+            spans.back().bottom = span.bottom;
         else
-            spans.push_back({frame.top - half, frame.Bottom() + half});
+            spans.push_back(span);
     }
     return spans;
 }
@@ -69,13 +75,20 @@ struct BarlinePicture {
     }
 };
 
+// How far the dots of a repeat stand from the middle of a staff: in spaces, whatever the count of lines; two
+// lines have only the one.
+int32_t DotDistance(const StaffFrame& frame) {
+    if (frame.lineCount == 2) return frame.lineDistance / 4;
+    return frame.lineCount % 2 ? frame.lineDistance / 2 : frame.lineDistance;
+}
+
 // The two dots of a repeat on each staff, their left edge at x.
 void AddDots(BarlinePicture& picture, const std::vector<Staff*>& staffs, int32_t x) {
     for (const Staff* staff : staffs) {
         const StaffFrame frame = FrameOf(staff);
         const int32_t middle = (frame.top + frame.Bottom()) / 2, size = frame.lineDistance * 2 / 5;
         for (const int32_t side : {-1, 1}) {
-            const int32_t top = middle + side * frame.lineDistance / 2 - size / 2;
+            const int32_t top = middle + side * DotDistance(frame) - size / 2;
             picture.dots.push_back({x, top, x + size, top + size});
         }
     }

@@ -38,11 +38,6 @@ Rect InkOf(const Sign& sign, const Staff* staff) {
     return sign.symbol ? InkOf(sign.symbol, Point{}, staff ? staff->_lineDistance.Get() : 100, 100) : Rect{};
 }
 
-bool ShowsTime(const Document* document) {
-    const auto* preferences = Preferences<TimeMeasurePref>(document);
-    return !preferences || preferences->_showTimeSignature;
-}
-
 // Widest ink of each column; 0 for a column without any, such as the keys of C.
 void MeasureColumns(const Measure* measure, int32_t (&widths)[kColumns]) {
     for (const MeasureStaff* crossing : measureStaffs.Of(measure))
@@ -62,12 +57,17 @@ SpacingGaps GapsOf(const Document* document) {
             page->_lastNoteGap};
 }
 
+bool ShowsTimeSignatures(const Document* document) {
+    const auto* preferences = document ? Preferences<TimeMeasurePref>(document) : nullptr;
+    return !preferences || preferences->_showTimeSignature;
+}
+
 HeaderPlaces PlacesOf(const Measure* measure) {
     const Document* document = DocumentPar(measure);
     const SpacingGaps gaps = GapsOf(document);
     int32_t widths[kColumns] = {};
     MeasureColumns(measure, widths);
-    if (widths[2] && !ShowsTime(document)) widths[2] = 0;
+    if (widths[2] && !ShowsTimeSignatures(document)) widths[2] = 0;
 
     const int32_t before[kColumns] = {gaps.barlineClef, gaps.clefKey, gaps.keyTime};
     int32_t places[kColumns], x = 0;

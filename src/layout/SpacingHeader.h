@@ -28,6 +28,9 @@ struct HeaderPlaces {
 };
 HeaderPlaces PlacesOf(const Measure* measure);
 
+// Whether a score shows its time signatures; those that are not shown take no room.
+bool ShowsTimeSignatures(const Document* document);
+
 // Absolute point at which the symbol of a clef, key or time signature of a header is drawn, with the side
 // letter 'l': a clef on its own line, the others and percussion clefs in the middle of the staff.
 Point PlaceOfSign(const StaffMeasureSymbol* sign);

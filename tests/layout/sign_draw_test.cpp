@@ -1,5 +1,6 @@
 // Signs of measures on the page: clefs within, repeats, meters of all kinds, long rests.
 #include "draw_score.h"
+#include "graphics/MemoryPort.h"
 #include "ink_port.h"
 #include "layout/CourtesySigns.h"
 #include "layout/DrawPatch.h"
@@ -10,6 +11,7 @@
 #include "layout/SignRecords.h"
 #include "layout/Spacing.h"
 #include "layout/SpacingHeader.h"
+#include "model/Preferences.h"
 
 namespace corvane::draw {
 namespace {
@@ -201,6 +203,50 @@ TEST_F(SignDrawTest, TheEndOfASystemTellsWhatTheNextOneBeginsWith) {
     last->_barline = BarlineKind::Final;
     EXPECT_EQ(CourtesyWidth(first), 0);
     EXPECT_EQ(Faults(), "");
+}
+
+TEST_F(SignDrawTest, ShortStavesHaveBarlinesAndTheirDotsInSpaces) {
+    const struct {
+        const char* staffs;
+        int32_t above, apart;  // from the top line to the barline's top; between the dots' middles
+    } cases[] = {{"C11", 100, 100}, {"C21", 5, 50}, {"C41", 5, 200}, {"S", 5, 100}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.staffs);
+        New(c.staffs, 2, 1);
+        Measure* first = MeasureAt(SystemAt(0), 0);
+        first->_endRepeat = 1;
+        const StaffFrame staff = FrameOf(StaffsFromTop(SystemAt(0)).front());
+        const Rect ink = Painted(first);
+        EXPECT_NEAR(staff.top - ink.top, c.above, 1);
+        EXPECT_NEAR(ink.bottom - staff.Bottom(), c.above, 1);
+        ExpectTrueBounds(first);
+        MemoryPort port(MemoryPort::Tracing::On);
+        PatchOf(first).Draw(port, {});
+        std::vector<int> tops;
+        for (const std::string& line : port.Lines())
+            if (line.starts_with("fillellipse ")) {
+                int left = 0, top = 0;
+                ASSERT_EQ(std::sscanf(line.c_str(), "fillellipse %d %d", &left, &top), 2);
+                tops.push_back(top);
+            }
+        ASSERT_EQ(tops.size(), 2u);
+        EXPECT_EQ(tops[1] - tops[0], c.apart);
+    }
+}
+
+TEST_F(SignDrawTest, TimeSignaturesThatAreNotShownLeaveNoTrace) {
+    New("D", 2, 2);
+    Measure *first = MeasureAt(SystemAt(0), 0), *head = MeasureAt(SystemAt(1), 0);
+    for (MeasureStaff* crossing : measureStaffs.Of(head)) SetTime(crossing, Meter{{3}, 4, MeterKind::Normal});
+    ASSERT_GT(CourtesyWidth(SystemAt(0)), 0);
+    const HeaderPlaces shown = PlacesOf(first);
+    auto* sign = SignOf<TimeSignature>(measureStaffs.First(first));
+    const int32_t width = PatchOf(sign).Bounds().Width();
+    Preferences<TimeMeasurePref>(document)->_showTimeSignature = 0;
+    EXPECT_EQ(CourtesyWidth(SystemAt(0)), 0);
+    EXPECT_TRUE(PatchOf(sign).Bounds().IsEmpty());
+    EXPECT_TRUE(Painted(sign).IsEmpty());
+    EXPECT_EQ(PlacesOf(first).noteArea, shown.noteArea - width - GapsOf(document).keyTime);
 }
 
 TEST_F(SignDrawTest, ALongRestFillsItsMeasureAndTellsItsCount) {
