@@ -12,8 +12,6 @@ namespace corvane {
 namespace {
 
 constexpr int kFullVolume = 127;
-// No element stands there: it marks the end of a measure.
-constexpr int kEndClock = kClocksPerBeat;
 
 }  // namespace
 
@@ -109,7 +107,7 @@ void TarnPlay::Tick(int32_t time) {
 void TarnPlay::FireDue() {
     const Measure* m = _events.measure;
     const TimeElement* candidate = _currentEvent;
-    while (m && _events.measure && IsSimultaneous(m, _currentEvent, _events.measure, candidate)) {
+    while (m && _events.measure && _together.Holds(m, _currentEvent, _events.measure, candidate)) {
         _currentEvent = candidate;
         Fire(_currentEvent);
         _last = TimePlaceOf(_currentEvent);
@@ -122,9 +120,9 @@ void TarnPlay::FireDue() {
 
 void TarnPlay::Fire(const TimeElement* element) {
     if (const auto* tempo = As<Tempo>(element)) {
-        if (!_overrun) ApplyTempo(tempo);
+        if (!_together.IsOverrun()) ApplyTempo(tempo);
     } else if (const auto* on = As<TimeOn>(element)) {
-        if (!_overrun) PlayEvents(on, element);
+        if (!_together.IsOverrun()) PlayEvents(on, element);
     } else {
         PlayEvents(As<TimeOff>(element), element);
     }
@@ -134,22 +132,6 @@ void TarnPlay::PlayEvents(const MarkUp* markUp, const TimeElement* element) {
     _hasSolo = LoadShared(_doc->_hasSolo);
     for (const SoundEvent* event : markUpEvents.Of(markUp)) Play(event, *_port, _hasSolo);
     if (_listener && CountOffIsOver()) _listener->Counter(_events.measure, element->_beat);
-}
-
-// An overfull voice does not run into the next measure: what stands behind the last beat fires together.
-bool TarnPlay::IsSimultaneous(const Measure* m1, const TimeElement* e1, const Measure* m2,
-                              const TimeElement* e2) {
-    const TimePlace p1 = TimePlaceOf(e1), p2 = TimePlaceOf(e2);
-    CORVANE_ASSERT_AS(p1.beat, "beat1");
-    CORVANE_ASSERT_AS(p2.beat, "beat2");
-    if (m1->_number == m2->_number) {
-        if (p2.beat > m2->_num && !As<TimeOff>(e2)) _overrun = true;
-        if (p2.beat > m2->_num && _overrun) return true;
-        return p1 == p2;
-    }
-    _overrun = false;
-    if (m2->_number != m1->_number + 1 || p2 != TimePlace{1, 0}) return false;
-    return p1.beat > m1->_num || (p1.beat == m1->_num && p1.clock == kEndClock);
 }
 
 const TimeElement* TarnPlay::NextElement(const TimeElement* element) {
@@ -178,7 +160,7 @@ void TarnPlay::EnterEvents(const Measure* measure) {
     _events.Enter(measure);
     _eventTime = _events.start;
     _last = TimePlace();
-    _overrun = false;
+    _together.Enter();
 }
 
 double TarnPlay::DueTime(const TimeElement* element) const {

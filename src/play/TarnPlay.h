@@ -10,6 +10,7 @@
 
 #include "play/MeasureClock.h"
 #include "play/PlayWalk.h"
+#include "play/Simultaneity.h"
 
 namespace corvane {
 
@@ -86,7 +87,6 @@ private:
     void FireDue();
     void Fire(const TimeElement* element);
     void PlayEvents(const MarkUp* markUp, const TimeElement* element);
-    bool IsSimultaneous(const Measure* m1, const TimeElement* e1, const Measure* m2, const TimeElement* e2);
     const TimeElement* NextElement(const TimeElement* element);
     const TimeElement* FirstElementFromHere();
     bool EnterNext();
@@ -120,7 +120,7 @@ private:
     const TimeElement* _currentEvent = nullptr;
     double _eventTime = 0;
     TimePlace _last;  // of the element that fired last
-    bool _overrun = false;
+    Simultaneity _together;
     bool _tellsTempo = false;  // the first tempo of a play is not told
 
     bool _clickReady = false, _clickOnNext = false, _clickIsBeat = false;

@@ -32,6 +32,7 @@ constexpr ExportKind kExportKinds[] = {
     {"SVG Picture of this Page (*.svg)", "svg", true},
     {"PNG Picture of this Page (*.png)", "png", true},
     {"Sound (*.wav)", "wav", false},
+    {"MIDI File (*.mid)", "mid", false},
 };
 
 QString ToQt(const std::string& text) { return QString::fromStdString(text); }

@@ -4,7 +4,9 @@
 #include <vector>
 
 #include "edit/WindowTarn.h"
+#include "interchange/ExportMidi.h"
 #include "layout/Sheet.h"
+#include "platform/files/PosixFiles.h"
 #include "platform/fluidsynth/RenderToWav.h"
 #include "platform/qt/HeadlessQt.h"
 #include "play/SynthPort.h"
@@ -44,10 +46,15 @@ Status ToWav(WindowTarn& window, const std::string& path, int, int) {
     });
 }
 
+Status ToMidi(WindowTarn& window, const std::string& path, int, int) {
+    PosixFiles files;
+    return ExportMidi(files, window.GetDocument(), path);
+}
+
 constexpr struct {
     const char* extension;
     Status (*write)(WindowTarn&, const std::string& path, int page, int zoom);
-} kFormats[] = {{"pdf", ToPdf}, {"svg", ToSvg}, {"png", ToPng}, {"wav", ToWav}};
+} kFormats[] = {{"pdf", ToPdf}, {"svg", ToSvg}, {"png", ToPng}, {"wav", ToWav}, {"mid", ToMidi}};
 
 Status CheckPage(const WindowTarn& window, int page) {
     const int count = documentPages.Count(window.GetDocument());
@@ -98,7 +105,7 @@ Status ExportScore(WindowTarn& window, const std::string& path, int page, int zo
         StartHeadlessQt();
         return format.write(window, path, page, zoom);
     }
-    return {Fault::Unsupported, "\"" + path + "\": only cvm, pdf, svg, png and wav can be written"};
+    return {Fault::Unsupported, "\"" + path + "\": only cvm, pdf, svg, png, wav and mid can be written"};
 }
 
 }  // namespace corvane

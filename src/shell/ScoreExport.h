@@ -12,7 +12,7 @@ class WindowTarn;
 
 inline constexpr int kTrueSizeZoom = 105;
 
-// pdf (all pages or one), svg and png (one page), wav. `page` from 1, 0 for all pages, or the first where a
+// pdf (all pages or one), svg and png (one page), wav, mid. `page` from 1, 0 for all pages, or the first where a
 // format holds one; `zoom` in percent, for png. Unsupported for another extension; a failure leaves an old
 // file whole.
 Status ExportScore(WindowTarn& window, const std::string& path, int page, int zoom);
