@@ -28,6 +28,8 @@ ActionSet::ActionSet(MainFrame& frame) : _frame(frame) {
 }
 
 void ActionSet::Add(QMenu& menu, const MenuRow& row) {
+    if (const auto known = _actions.find(row.id); known != _actions.end())
+        return menu.addAction(known->second);  // an entry of two menus
     auto* action = new QAction(row.text, this);
     action->setShortcuts(QKeySequence::listFromString(row.keys));
     action->setCheckable(row.checked != nullptr);
