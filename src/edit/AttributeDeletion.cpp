@@ -2,10 +2,13 @@
 #include "base/Assert.h"
 #include "edit/Deletion.h"
 #include "edit/DeletionSteps.h"
+#include "edit/MeasureRedraw.h"
+#include "layout/NotePitches.h"
 #include "layout/Spacing.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
+#include "model/Ties.h"
 #include "play/MIDIUtility.h"
 
 namespace corvane {
@@ -13,19 +16,14 @@ namespace {
 
 void ReleaseRecord(BehaviourWord* record) { MemoryManager::Instance().Release(record); }
 
-// The other mark of a tie.
-MarkValue* OtherMark(const MarkValue* mark) {
-    const TieValue* tie = tieMarks.ParentOf(mark);
-    for (MarkValue* other : tieMarks.Of(tie))
-        if (other != mark) return other;
-    CORVANE_ASSERT_AS(false, "mrk1 && mrk1 != mrk");
-    return nullptr;
-}
-
 void DeleteTie(WindowTarn& window, MarkValue* mark) {
     MarkValue* other = OtherMark(mark);
+    CORVANE_ASSERT_AS(other, "mrk1 && mrk1 != mrk");
     TieValue* tie = tieMarks.ParentOf(mark);
     GenericNote *note1 = noteAttributes.ParentOf(mark), *note2 = noteAttributes.ParentOf(other);
+    GenericNote* second = StandsBefore(note1, note2) ? note2 : note1;
+    const bool tiedOver = MeasurePar(note1) != MeasurePar(note2);
+    const MeasureRedraw redraw(window, MeasureStaffPar(second));
     for (MarkValue* each : {mark, other}) {
         TakeOff(window, each);
         noteAttributes.Remove(each);
@@ -34,6 +32,7 @@ void DeleteTie(WindowTarn& window, MarkValue* mark) {
     }
     Release(tie);
     UntieNotes(note1, note2);
+    if (tiedOver) RedoAccidentals(MeasureStaffPar(second));
 }
 
 // One mark less; a tuplet without marks goes.
@@ -85,8 +84,10 @@ void DeleteNoteAttribute(WindowTarn& window, NoteAttribute* attribute) {
 
 void DeleteVoiceSymbolAttribute(WindowTarn& window, VoiceSymbolAttribute* attribute) {
     TakeOff(window, attribute);
-    if (auto* mark = As<MarkIrreg>(attribute)) DeleteMark(mark);
-    else DropSymbolOf(DocumentPar(voiceSymbolAttributes.ParentOf(attribute)), attribute);
+    if (auto* mark = As<MarkIrreg>(attribute))
+        DeleteMark(mark);
+    else
+        DropSymbolOf(DocumentPar(voiceSymbolAttributes.ParentOf(attribute)), attribute);
     voiceSymbolAttributes.Remove(attribute);
     ReleaseRecord(attribute);
 }

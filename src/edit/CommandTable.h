@@ -22,6 +22,7 @@ CommandFamily SwitchCommands();
 CommandFamily SignCommands();
 CommandFamily SelectionCommands();
 CommandFamily StructureCommands();
+CommandFamily SpannerCommands();
 
 // When commands can act.
 bool NotPlaying(const WindowTarn& window);

@@ -17,6 +17,7 @@ void EnterDots(const InsertionPlace& place, const PaletteItem& item, const std::
 void EnterAccidental(const InsertionPlace& place, const PaletteItem&, const std::string& descriptor) {
     AccInsertion(place, descriptor);
 }
+void EnterTie(const InsertionPlace& place, const PaletteItem&, const std::string&) { TieInsertion(place); }
 void EnterClef(const InsertionPlace& place, const PaletteItem&, const std::string& descriptor) {
     ClafInsertion(place, descriptor);
 }
@@ -45,6 +46,7 @@ constexpr PaletteItem kItems[] = {
     {1, 14, "_Pausa32_", "32nd rest", EnterRest, P::Plain},
     {1, 16, "_Pausa64_", "64th rest", EnterRest, P::Plain},
     {1, 18, "_Pausa128_", "128th rest", EnterRest, P::Plain},
+    {1, 19, "", "Tie", EnterTie, P::Plain},
     {1, 20, "", "Dot", EnterDots, P::Plain},
     {1, 21, "", "Two dots", EnterDots, P::Plain},
     {1, 22, "", "Three dots", EnterDots, P::Plain},

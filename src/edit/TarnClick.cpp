@@ -56,6 +56,11 @@ bool EraseNote(const Press& press, const DrawPatch& patch) {
     if (note) DeleteNote(press.window, note, ErasersChoice());
     return chordSymbol != nullptr;
 }
+bool EraseNoteAttribute(const Press& press, const DrawPatch& patch) {
+    auto* attribute = patch.Record<NoteAttribute>();
+    if (attribute && !As<Accident>(attribute)) DeleteNoteAttribute(press.window, attribute);
+    return attribute != nullptr;
+}
 template <class R, void (*Delete)(WindowTarn&, R*)>
 bool Erase(const Press& press, const DrawPatch& patch) {
     R* record = patch.Record<R>();
@@ -68,8 +73,8 @@ bool EraseEndings(const Press& press, const DrawPatch& patch) {
     return mark != nullptr;
 }
 constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
-    Erase<SimboliVari, DeleteSimboliVari>, EraseRest,    Erase<Coda, DeleteCoda>, EraseNote,
-    Erase<MovingClaf, DeleteClaf>,         EraseEndings, Erase<Time, DeleteTempo>,
+    EraseNoteAttribute, Erase<SimboliVari, DeleteSimboliVari>, EraseRest,    Erase<Coda, DeleteCoda>,
+    EraseNote,          Erase<MovingClaf, DeleteClaf>,         EraseEndings, Erase<Time, DeleteTempo>,
 };
 
 void UseEraser(const Press& press) {

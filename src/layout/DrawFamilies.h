@@ -2,6 +2,8 @@
 // family; DrawPatch.cpp lists them in one table.
 #pragma once
 
+#include <vector>
+
 #include "graphics/GraphicPort.h"
 #include "layout/DrawPatch.h"
 
@@ -37,8 +39,13 @@ void Paint(GraphicPort& port, const Dot& dot, const DrawContext& context);
 Rect InkOf(const BeamMarker& marker);
 void Paint(GraphicPort& port, const BeamMarker& marker, const DrawContext& context);
 
-// What stands above a measure: DrawTempo.cpp, DrawEndings.cpp, DrawMeasureSigns.cpp; the last has symbols placed
-// at a staff and rests over several measures too.
+// Spanners, each by its marks: DrawTie.cpp. An outline is what a press is measured from.
+Rect InkOf(const MarkValue& mark);
+void Paint(GraphicPort& port, const MarkValue& mark, const DrawContext& context);
+std::vector<Point> OutlineOf(const MarkValue& mark);
+
+// What stands above a measure: DrawTempo.cpp, DrawEndings.cpp, DrawMeasureSigns.cpp; the last has symbols
+// placed at a staff and rests over several measures too.
 Rect InkOf(const Time& mark);
 void Paint(GraphicPort& port, const Time& mark, const DrawContext& context);
 Rect InkOf(const MarkEndings& mark);
@@ -62,6 +69,7 @@ int VoiceNumberOf(const Pause& pause);
 int VoiceNumberOf(const Accident& accident);
 int VoiceNumberOf(const Dot& dot);
 int VoiceNumberOf(const BeamMarker& marker);
+int VoiceNumberOf(const MarkValue& mark);
 
 // ---- Helpers of these files
 

@@ -143,6 +143,8 @@ const MenuRow kRows[] = {
     {kView, kZoomInId, "Zoom &in", "Ctrl++; Ctrl+=", [](MainFrame& f) { f.CurrentView()->StepZoom(1); }, HasScore, {}, {}, ToolPicture::ZoomIn},
     {kView, kZoomOutId, "Zoom o&ut", "Ctrl+-", [](MainFrame& f) { f.CurrentView()->StepZoom(-1); }, HasScore, {}, {}, ToolPicture::ZoomOut},
 
+    {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
+    {kNotes, 0},
     {kNotes, 32808, "Auto &Beaming", "", {}, {}, IsSwitchOn<&S::autoBeam>},
     {kNotes, 32809, "Auto &Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
     {kNotes, 33153, "&Delete Notes To Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
