@@ -5,7 +5,7 @@
 #include "model/Par.h"
 #include "model/ScoreCheck.h"
 #include "play/NoteDump.h"
-#include "session/Dumps.h"
+#include "session/NewScoreRules.h"
 #include "shell/ScoreExport.h"
 #include "store/NewMemoryPool.h"
 

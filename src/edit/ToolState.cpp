@@ -48,6 +48,19 @@ void SetItem(uint16_t item) {
     TellShell();
 }
 
+void TakeNoteTool() {
+    if (Tools().toolMode != ModePencil) {
+        SetToolMode(ModePencil);
+        ApplyToolMode();
+    }
+    SetPaletteGroup(kNoteGroup);
+}
+
+void TakeNoteItem(uint16_t item) {
+    TakeNoteTool();
+    SetItem(item);
+}
+
 void SetCurrentVoice(uint16_t voice) {
     if (voice <= DocStaff::kVoices) Tools().currentVoice = voice;
     for (WindowTarn* window : WindowTarn::All()) {

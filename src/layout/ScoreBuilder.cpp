@@ -6,17 +6,22 @@
 namespace corvane {
 namespace {
 
-constexpr int32_t kPageHeight = 15785, kPageWidth = 12197;
 constexpr int8_t kPageByte = 9;
 
 }  // namespace
+
+void TakePageSize(const Document* document) {
+    const auto* setup = Preferences<PagePref>(document);
+    if (!setup) return;
+    Document::pageHeight = setup->_pageHeight;
+    Document::pageWidth = setup->_pageWidth;
+}
 
 Document* BuildNewScore(const PageLayout& layout, std::string_view staffs) {
     auto* document = Make<Document>();
     document->_word148 = 1;
     MakeDefaultPreferences(document);
-    Document::pageHeight = kPageHeight;
-    Document::pageWidth = kPageWidth;
+    TakePageSize(document);
     Document::pageByte = kPageByte;
 
     Page* page = MakePage(document, nullptr, nullptr);

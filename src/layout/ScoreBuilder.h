@@ -25,10 +25,16 @@ struct StaffRequest {
 // and staves, clefs, key of C and 4/4, laid out. Undo must be off.
 Document* BuildNewScore(const PageLayout& layout, std::string_view staffs);
 
+// The page size that the score's page setup tells becomes the program's, which pages are drawn and laid out
+// by.
+void TakePageSize(const Document* document);
+
 // For each letter of a staff string a request: S a staff, D a braced pair, B a bass staff, E a percussion
 // staff, Cmn a custom staff of n groups of m lines (digits from 1). Other letters make none. Layout is left
 // to the caller.
 void BuildStaffs(Document* document, std::string_view staffs);
+// Staves that it makes; -1 where another letter, or digit out of place, stands in it.
+int StaffCountOf(std::string_view staffs);
 // Adds the staves of a request below `behind`, or on top where it is null, to every page, system and measure
 // of the document, with clefs and the keys and meters in force. A custom staff is not parted: what would come
 // between its line groups stands below it. The last staff made; null where a request makes none. Layout is

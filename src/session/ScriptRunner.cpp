@@ -9,6 +9,7 @@
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "session/Dumps.h"
+#include "session/NewScoreRules.h"
 #include "session/Session.h"
 
 namespace corvane {
@@ -86,8 +87,7 @@ struct ScriptSteps {
     WindowTarn* Window() const { return WindowTarn::instance; }
 
     Status New(const Words& words) {
-        PageLayout layout{session.Preferences().words[SessionPreferences::kMeasuresPerSystem],
-                          session.Preferences().words[SessionPreferences::kSystemsPerPage]};
+        PageLayout layout = session.UsualLayout();
         const std::string staffs = words.size() > 1 ? words[1] : session.Preferences().staffString;
         if (words.size() > 2)
             if (Status status = TakeNumbers(words, 2, {&layout.measuresPerSystem}); !status) return status;

@@ -5,7 +5,6 @@
 #include "base/Notify.h"
 #include "layout/PageLayout.h"
 #include "model/ClassTable.h"
-#include "model/Preferences.h"
 #include "model/ScoreCheck.h"
 #include "model/SymbolTable.h"
 #include "session/Journals.h"
@@ -27,14 +26,6 @@ std::string FileName(const std::string& path) {
 
 std::string RecentName(int index) { return "File" + std::to_string(index + 1); }
 
-// What the file's page setup says becomes the process's.
-void TakePageSize(const Document* document) {
-    const auto* page = Preferences<PagePref>(document);
-    if (!page) return;
-    Document::pageHeight = page->_pageHeight;
-    Document::pageWidth = page->_pageWidth;
-}
-
 }  // namespace
 
 Session::Session(const SessionParts& parts) : _parts(parts), _preferences(DefaultSessionPreferences()) {
@@ -55,7 +46,7 @@ Session::Session(const SessionParts& parts) : _parts(parts), _preferences(Defaul
     if (!_parts.settings) return;
     if (const Status status = ReadSessionPreferences(*_parts.settings, _preferences); !status)
         Notify(Severity::Message, status.message());
-    preferredPairDistance = _preferences.words[SessionPreferences::kPairDistance];
+    preferredPairDistance = GetWord(_preferences, SessionWord::PairDistance);
 }
 
 Session::~Session() {
@@ -75,10 +66,11 @@ WindowTarn* Session::Join(std::unique_ptr<WindowTarn> window) {
     return _windows.back().get();
 }
 
-WindowTarn* Session::NewScore() {
-    const PageLayout layout{_preferences.words[SessionPreferences::kMeasuresPerSystem],
-                            _preferences.words[SessionPreferences::kSystemsPerPage]};
-    return NewScore(layout, _preferences.staffString);
+WindowTarn* Session::NewScore() { return NewScore(UsualLayout(), _preferences.staffString); }
+
+PageLayout Session::UsualLayout() const {
+    return {GetWord(_preferences, SessionWord::MeasuresPerSystem),
+            GetWord(_preferences, SessionWord::SystemsPerPage)};
 }
 
 WindowTarn* Session::NewScore(const PageLayout& layout, const std::string& staffs) {

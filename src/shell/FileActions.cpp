@@ -69,12 +69,10 @@ QString FileActions::FolderOf(const WindowTarn* window) const {
 }
 
 void FileActions::New() {
-    const SessionPreferences& preferences = _frame.TheSession().Preferences();
-    const PageLayout usual{preferences.words[SessionPreferences::kMeasuresPerSystem],
-                           preferences.words[SessionPreferences::kSystemsPerPage]};
-    NewScoreDialog dialog(&_frame, usual, preferences.staffString);
+    Session& session = _frame.TheSession();
+    NewScoreDialog dialog(&_frame, session.UsualLayout(), session.Preferences().staffString);
     if (dialog.exec() != QDialog::Accepted) return;
-    _frame.ShowScore(*_frame.TheSession().NewScore(dialog.Layout(), dialog.Staffs()));
+    _frame.ShowScore(*session.NewScore(dialog.Layout(), dialog.Staffs()));
 }
 
 void FileActions::NewDefault() {

@@ -1,6 +1,6 @@
 #include "shell/PlayControl.h"
 
-#include "edit/WindowTarn.h"
+#include "edit/MeasureRange.h"
 #include "platform/rtmidi/RtMidiPort.h"
 #include "platform/timer/TimerClock.h"
 
@@ -30,8 +30,7 @@ PlayControl::~PlayControl() {
 
 void PlayControl::Start(WindowTarn& window) {
     if (IsOn() || !window.GetDocument()) return;
-    const Measure* from = window.caret.visible ? window.caret.measure : nullptr;
-    if (!_task.Init(window.GetDocument(), MakeClock) || !_task.Start(from))
+    if (!_task.Init(window.GetDocument(), MakeClock) || !_task.Start(PlayStart(window)))
         return window.Shell().Tell("There is nothing to play.");
     _window = &window;
     _idle.start();

@@ -18,7 +18,7 @@ public:
     explicit PlayControl(std::function<void()> changed);
     ~PlayControl();  // no sound any more; the devices are free
 
-    // From the caret's measure if the caret is shown, else from the first.
+    // From PlayStart's measure.
     void Start(WindowTarn& window);
     void Stop();
     void Toggle(WindowTarn& window);

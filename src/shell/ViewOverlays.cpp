@@ -16,7 +16,6 @@ namespace {
 
 constexpr double kGhostOpacity = 0.55;
 constexpr int kSelectionFill = 70, kSelectionEdge = 150, kBandFill = 35, kBandEdge = 255;  // of 255
-constexpr uint8_t kNoteGroup = 1;
 
 const PaletteItem* ItemAtHand() {
     const ToolState& tools = Tools();
