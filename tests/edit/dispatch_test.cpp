@@ -1,6 +1,8 @@
 // Tools, keys, places under a point, deletion, undo.
+#include "edit/CommandTable.h"
 #include "edit_fixture.h"
 #include "layout/NoteGeometry.h"
+#include "model/Preferences.h"
 
 namespace corvane {
 namespace {
@@ -132,6 +134,27 @@ TEST_F(Dispatch, WindowsKeepTheirScoresApart) {
     window.reset();
     EXPECT_EQ(WindowTarn::instance, nullptr);
     EXPECT_EQ(WindowTarn::wndCounter, 0);
+}
+
+TEST_F(Dispatch, SpacingAndBeamingAreTheScoresOwnAndNoUndoTakesThemBack) {
+    Enter(kQuarter, 1, 1, 0, 5);
+    ASSERT_TRUE(RunCommand(*window, 32808));
+    ASSERT_FALSE(Switches().autoBeam);
+    EXPECT_TRUE(window->CanUndo()) << "the note";
+    window->Undo();
+    EXPECT_TRUE(Events(1, 1).empty());
+    EXPECT_FALSE(Switches().autoBeam);
+    EXPECT_EQ(Preferences<PowerEditPref>(Score())->_autoBeam, 0);
+
+    {
+        const auto other = Open("S", 2, 1);
+        EXPECT_TRUE(Switches().autoBeam) << "a new score has it on";
+        window->Activate();
+        EXPECT_FALSE(Switches().autoBeam);
+        other->Activate();
+    }
+    EXPECT_FALSE(Switches().autoBeam) << "the window that is left is the active one";
+    ExpectSound();
 }
 
 }  // namespace
