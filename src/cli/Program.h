@@ -14,7 +14,8 @@ namespace corvane {
 inline constexpr const char* kVersion = "0.1.0";
 inline constexpr int kDone = 0, kRefused = 1, kUsage = 2;
 
-// A session without a window. Reads the person's settings; writes none.
+// A session without a window. Neither reads nor writes the person's settings: a command line does the same
+// for everybody.
 class HeadlessProgram {
 public:
     HeadlessProgram();
@@ -27,8 +28,8 @@ private:
     std::unique_ptr<Session> _session;
 };
 
-// One line on stderr for a failure; the program's exit code.
-int Outcome(const Status& status);
+// One line on stderr for a failure, with the file that it is about; the program's exit code.
+int Outcome(const Status& status, const std::string& about = {});
 int Refuse(const std::string& line);
 
 // The subcommands; each answers the exit code.

@@ -49,7 +49,7 @@ int RunNew(const NewOptions& options) {
     if (const Status status = CheckNewScore(layout, options.staves); !status) return Outcome(status);
     if (!SaveByExtension(options.out)) return Refuse("\"" + options.out + "\": a score ends in .cvm");
     WindowTarn* window = program.TheSession().NewScore(layout, options.staves);
-    return Outcome(program.TheSession().Save(*window, options.out));
+    return Outcome(program.TheSession().Save(*window, options.out), options.out);
 }
 
 int RunConvert(const ConvertOptions& options) {
@@ -58,7 +58,8 @@ int RunConvert(const ConvertOptions& options) {
     HeadlessProgram program;
     WindowTarn* window = program.OpenOrTell(options.in);
     if (!window) return kRefused;
-    if (SaveByExtension(options.out)) return Outcome(program.TheSession().Save(*window, options.out));
+    if (SaveByExtension(options.out))
+        return Outcome(program.TheSession().Save(*window, options.out), options.out);
     return Outcome(ExportScore(*window, options.out, options.page, options.zoom));
 }
 
@@ -81,7 +82,7 @@ int RunCheck(const std::string& file) {
     HeadlessProgram program;
     PosixFiles files;
     std::vector<uint8_t> bytes;
-    if (const Status status = files.Read(file, bytes); !status) return Outcome(status);
+    if (const Status status = files.Read(file, bytes); !status) return Outcome(status, file);
     NewMemoryPool* pool = MemoryManager::Instance().NewPool();
     LoadReport report;
     const Status status = ReadScore(*pool, bytes, &report);

@@ -112,7 +112,7 @@ struct ScriptSteps {
         if (words.size() < 2) return Refused("export wants a path");
         if (words.size() > 2)
             if (Status status = TakeNumbers(words, 2, {&page}); !status) return status;
-        return exporter(*Window(), words[1], page, 100);
+        return exporter(*Window(), words[1], page, GraphicPort::kTrueSizeZoom);
     }
     Status Tool(const Words& words) {
         constexpr struct {
