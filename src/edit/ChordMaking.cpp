@@ -13,8 +13,6 @@
 namespace corvane {
 namespace {
 
-constexpr int32_t kSlashedGrace = 20;  // kind of grace note with a slash
-
 // The event behind which a new one at x stands; null for the front of the voice.
 VoiceSymbol* EventBefore(const Voice* voice, int32_t x) {
     VoiceSymbol* before = nullptr;
@@ -28,7 +26,7 @@ VoiceSymbol* EventBefore(const Voice* voice, int32_t x) {
 Chords* MakeChords(const Voice* voice, bool grace) {
     if (!grace) return Make<Chords>();
     auto* chord = Make<GraceChord>();
-    chord->_slash = Preferences<GracePref>(DocumentPar(voice))->_type == kSlashedGrace;
+    chord->_slash = Preferences<GracePref>(DocumentPar(voice))->_type == GracePref::kSlashed;
     return chord;
 }
 

@@ -26,11 +26,17 @@ struct ToolState {
 
 ToolState& Tools();
 
-// Switches read by insertion, from the document's preferences and the menus.
+class Document;
+
+// How entering and erasing go on by themselves. Spacing and beaming are the score's own: they are read from its
+// preferences when its window becomes the active one, and kept there; no undo changes them.
 struct EditSwitches {
     bool autoSpace = true, autoBeam = true, playbackNotes = true, deleteNotesToRests = true;
 };
 EditSwitches& Switches();
+void TakeScoreSwitches(const Document* document);
+// Writes what differs; true if anything did.
+bool KeepScoreSwitches(Document* document);
 
 // Each does nothing while playing, and tells the active window's shell.
 void SetToolMode(int32_t mode);

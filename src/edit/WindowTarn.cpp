@@ -1,6 +1,10 @@
 #include "edit/WindowTarn.h"
 
+#include <utility>
+
 #include "base/Assert.h"
+#include "edit/ToolState.h"
+#include "model/Preferences.h"
 #include "store/CommandObserver.h"
 #include "store/MemoryManager.h"
 
@@ -51,6 +55,7 @@ WindowTarn::~WindowTarn() {
     if (instance == this) {
         instance = nullptr;
         for (WindowTarn* other : All()) instance = other;
+        if (instance) TakeScoreSwitches(instance->_document);
     }
     _pool->DisableUndo();
     interaction.reset();
@@ -75,12 +80,13 @@ WindowTarn* WindowTarn::OfPool(const NewMemoryPool* pool) {
 }
 
 void WindowTarn::Activate() {
-    instance = this;
+    if (std::exchange(instance, this) != this) TakeScoreSwitches(_document);
     MemoryManager::Instance().SetCurrentPool(_pool);
 }
 
 void WindowTarn::Bind(Document* document) {
     _document = document;
+    if (instance == this) TakeScoreSwitches(document);
     SetCurrentPage(documentPages.First(document));
     _pool->EnableUndo();
 }
@@ -140,10 +146,8 @@ void WindowTarn::Exchange(bool redo) {
     redo ? _pool->Redo() : _pool->Undo();
     caret.visible = false;
     caret.measure = nullptr;
-    for (ClassPreferences* preferences : documentPreferences.Of(_document)) {
-        const ClassInfo* info = InfoOfObject(preferences);
-        info->creator->Refresh(preferences);
-    }
+    RefreshPreferences(_document);
+    if (instance == this) KeepScoreSwitches(_document);
     SetCurrentPage(redo ? _pageAfterEdit : _pageBeforeEdit);
     _shell.StateChanged(*this);
 }

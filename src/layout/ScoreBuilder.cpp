@@ -10,18 +10,11 @@ constexpr int8_t kPageByte = 9;
 
 }  // namespace
 
-void TakePageSize(const Document* document) {
-    const auto* setup = Preferences<PagePref>(document);
-    if (!setup) return;
-    Document::pageHeight = setup->_pageHeight;
-    Document::pageWidth = setup->_pageWidth;
-}
-
 Document* BuildNewScore(const PageLayout& layout, std::string_view staffs) {
     auto* document = Make<Document>();
     document->_word148 = 1;
     MakeDefaultPreferences(document);
-    TakePageSize(document);
+    RefreshPreferences(document);
     Document::pageByte = kPageByte;
 
     Page* page = MakePage(document, nullptr, nullptr);

@@ -25,10 +25,6 @@ struct StaffRequest {
 // and staves, clefs, key of C and 4/4, laid out. Undo must be off.
 Document* BuildNewScore(const PageLayout& layout, std::string_view staffs);
 
-// The page size that the score's page setup tells becomes the program's, which pages are drawn and laid out
-// by.
-void TakePageSize(const Document* document);
-
 // For each letter of a staff string a request: S a staff, D a braced pair, B a bass staff, E a percussion
 // staff, Cmn a custom staff of n groups of m lines (digits from 1). Other letters make none. Layout is left
 // to the caller.

@@ -3,6 +3,29 @@
 #include <cstring>
 
 namespace corvane {
+namespace {
+
+// The program's page size is that of the score that was made, loaded or undone last.
+class PageSizeReader : public Administrator {
+public:
+    void Refresh(void* record) override {
+        const auto* setup = static_cast<const PagePref*>(record);
+        Document::pageHeight = setup->_pageHeight;
+        Document::pageWidth = setup->_pageWidth;
+    }
+};
+
+}  // namespace
+
+Administrator* PageCreator() {
+    static PageSizeReader creator;
+    return &creator;
+}
+
+void RefreshPreferences(const Document* document) {
+    for (ClassPreferences* record : documentPreferences.Of(document))
+        InfoOfObject(record)->creator->Refresh(record);
+}
 
 ClassPreferences* FindPreferences(const Document* document, const char* className) {
     CORVANE_ASSERT(className);

@@ -5,6 +5,7 @@
 #include "base/Notify.h"
 #include "layout/PageLayout.h"
 #include "model/ClassTable.h"
+#include "model/Preferences.h"
 #include "model/ScoreCheck.h"
 #include "model/SymbolTable.h"
 #include "session/Journals.h"
@@ -99,7 +100,7 @@ WindowTarn* Session::OpenBy(const Load& load, Status& status, std::vector<std::s
         return nullptr;
     }
     auto* document = static_cast<Document*>(window->Pool()->DocumentObject());
-    TakePageSize(document);
+    RefreshPreferences(document);
     MeasureDirtySymbols(document);
     window->Bind(document);
     window->Pool()->SetModified(!report.healed.empty());
