@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Assert.h"
+#include "edit/Clipboard.h"
 #include "edit/ToolState.h"
 #include "model/Preferences.h"
 #include "store/CommandObserver.h"
@@ -58,6 +59,7 @@ WindowTarn::~WindowTarn() {
         if (instance) TakeScoreSwitches(instance->_document);
     }
     _pool->DisableUndo();
+    ClipboardWindowCloses(*this);
     interaction.reset();
     _port.reset();
     _sheet.reset();
@@ -123,7 +125,10 @@ void WindowTarn::SetIdentity(std::string title, std::string path, bool readOnly,
 
 // ---- undo
 
-void WindowTarn::CommandBegins() { _pageBeforeEdit = _page; }
+void WindowTarn::CommandBegins() {
+    _pageBeforeEdit = _page;
+    cutPending = false;
+}
 
 void WindowTarn::CommandEnds() {
     _pageAfterEdit = _page;
@@ -141,6 +146,7 @@ void WindowTarn::Redo() {
 
 void WindowTarn::Exchange(bool redo) {
     const PoolScope scope(_pool);
+    if (!redo) ClipboardUndone(*this);
     _canUndo = redo;
     _canRedo = !redo;
     redo ? _pool->Redo() : _pool->Undo();
@@ -148,12 +154,14 @@ void WindowTarn::Exchange(bool redo) {
     caret.measure = nullptr;
     RefreshPreferences(_document);
     if (instance == this) KeepScoreSwitches(_document);
+    if (redo) ClipboardRedone(*this);
     SetCurrentPage(redo ? _pageAfterEdit : _pageBeforeEdit);
     _shell.StateChanged(*this);
 }
 
 EditStep::EditStep(WindowTarn& window) : _window(window) {
     window.Activate();
+    ClipboardCommandBegins(window);
     MemoryManager::Instance().BeginCommand();
 }
 

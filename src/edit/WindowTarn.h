@@ -80,6 +80,8 @@ public:
     // What the pressed pointer does; null while it is up.
     std::unique_ptr<Interaction> interaction;
 
+    bool cutPending = false;  // the last thing done here was a cut
+
     // Told by the command bracket of this window's pool.
     void CommandBegins();
     void CommandEnds();
