@@ -9,6 +9,7 @@
 #include "platform/files/PosixFiles.h"
 #include "platform/fluidsynth/RenderToWav.h"
 #include "platform/qt/HeadlessQt.h"
+#include "play/SoundClock.h"
 #include "play/SynthPort.h"
 #include "play/TarnPlay.h"
 
@@ -25,7 +26,7 @@ Status ToPng(WindowTarn& window, const std::string& path, int page, int zoom) {
     return RenderPng(path, PagesOf(window, page ? page : 1), kScreenDpi, static_cast<int16_t>(zoom));
 }
 
-// Plays the score into the file, four looks at the clock to each unit of 4 ms as live play has them.
+// Plays the score into the file, a look at the clock each millisecond as live play has them.
 Status ToWav(WindowTarn& window, const std::string& path, int, int) {
     std::unique_ptr<SynthPort> port;
     PlayFlags flags;
@@ -38,7 +39,7 @@ Status ToWav(WindowTarn& window, const std::string& path, int, int) {
             flags.playing = true;
             started = play.Start(0);
         }
-        for (int look = 0; started && look < 4; ++look) play.Tick(static_cast<int32_t>(tick));
+        for (int look = 0; started && look < SoundClock::kUnitMilliseconds; ++look) play.Tick(static_cast<int32_t>(tick));
         started = started && flags.playing;
         return started;
     });
