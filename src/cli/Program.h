@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "graphics/GraphicPort.h"
 #include "platform/files/FileSettings.h"
 #include "platform/files/PosixFiles.h"
 #include "session/Session.h"
@@ -39,7 +40,7 @@ struct NewOptions {
 };
 struct ConvertOptions {
     std::string in, out;
-    int page = 0, zoom = 105;
+    int page = 0, zoom = GraphicPort::kTrueSizeZoom;
 };
 int RunNew(const NewOptions& options);
 int RunConvert(const ConvertOptions& options);

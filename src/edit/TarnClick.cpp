@@ -1,5 +1,7 @@
 #include "edit/TarnClick.h"
 
+#include <algorithm>
+
 #include "edit/Deletion.h"
 #include "edit/PaletteTable.h"
 #include "edit/SelectionPress.h"
@@ -95,6 +97,12 @@ void UseArrow(const Press& press) {
     PressWithArrow(press.window, press.point, press.modifiers);
 }
 
+// Beyond every page, and short of where sums of places overflow: a script may name any number.
+Point OnPlane(int32_t x, int32_t y) {
+    constexpr int32_t kFarthest = 1 << 18;
+    return {std::clamp(x, -kFarthest, kFarthest), std::clamp(y, -kFarthest, kFarthest)};
+}
+
 constexpr struct {
     int32_t mode;
     void (*use)(const Press&);
@@ -106,23 +114,24 @@ void MouseDown(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
     if (IsPlaying() || !window.CurrentPage()) return;
     window.Activate();
     window.interaction.reset();
-    System* system = FindSystem(window.CurrentPage(), y);
+    const Point point = OnPlane(x, y);
+    System* system = FindSystem(window.CurrentPage(), point.y);
     if (!system || systemStaffs.IsEmpty(system) || systemMeasures.IsEmpty(system)) return;
-    const Press press{window, system, {x, y}, modifiers};
+    const Press press{window, system, point, modifiers};
     MoveCaret(press);
     for (const auto& tool : kTools)
         if (tool.mode == Tools().toolMode) return tool.use(press);
 }
 
 void MouseMove(WindowTarn& window, int32_t x, int32_t y) {
-    if (window.interaction) window.interaction->Move({x, y});
+    if (window.interaction) window.interaction->Move(OnPlane(x, y));
 }
 
 void MouseUp(WindowTarn& window, int32_t x, int32_t y) {
     if (!window.interaction) return;
     window.Activate();
     const std::unique_ptr<Interaction> ended = std::move(window.interaction);
-    ended->Release({x, y});
+    ended->Release(OnPlane(x, y));
     window.Shell().Refresh(window);
 }
 
