@@ -3,10 +3,13 @@
 #include <algorithm>
 
 #include "edit/Deletion.h"
+#include "edit/Lyrics.h"
+#include "edit/MeasureRedraw.h"
 #include "edit/PaletteTable.h"
 #include "edit/SelectionPress.h"
 #include "edit/Signs.h"
 #include "edit/TarnSelect.h"
+#include "edit/Texts.h"
 #include "edit/ToolState.h"
 #include "layout/Frames.h"
 #include "layout/NoteGeometry.h"
@@ -37,6 +40,7 @@ void UsePencil(const Press& press) {
     const PaletteItem* item = FindPaletteItem(tools.paletteGroup, tools.items[tools.paletteGroup]);
     if (!item) return;
     press.window.caret.visible = false;
+    if (!item->handler) return BeginTextAt(press.window, press.system, press.point, item->item);
     EditStep step(press.window);
     item->handler({press.window, step, press.system, press.point, tools.OneVoice(), tools.AllVoices()}, *item,
                   DescriptorOf(*item));
@@ -60,8 +64,16 @@ bool EraseNote(const Press& press, const DrawPatch& patch) {
 }
 bool EraseNoteAttribute(const Press& press, const DrawPatch& patch) {
     auto* attribute = patch.Record<NoteAttribute>();
-    if (attribute && !As<Accident>(attribute)) DeleteNoteAttribute(press.window, attribute);
-    return attribute != nullptr;
+    if (!attribute || As<Accident>(attribute)) return attribute != nullptr;
+    if (auto* syllable = As<Liriche>(attribute)) return EraseSyllable(press.window, syllable), true;
+    const MeasureRedraw redraw(press.window, MeasureStaffPar(noteAttributes.ParentOf(attribute)));
+    DeleteNoteAttribute(press.window, attribute);
+    return true;
+}
+bool EraseTremolo(const Press& press, const DrawPatch& patch) {
+    auto* tremolo = patch.Record<Tremolo>();
+    if (tremolo) DeleteTremolo(press.window, tremolo);
+    return tremolo != nullptr;
 }
 template <class R, void (*Delete)(WindowTarn&, R*)>
 bool Erase(const Press& press, const DrawPatch& patch) {
@@ -75,8 +87,18 @@ bool EraseEndings(const Press& press, const DrawPatch& patch) {
     return mark != nullptr;
 }
 constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
-    EraseNoteAttribute, Erase<SimboliVari, DeleteSimboliVari>, EraseRest,    Erase<Coda, DeleteCoda>,
-    EraseNote,          Erase<MovingClaf, DeleteClaf>,         EraseEndings, Erase<Time, DeleteTempo>,
+    Erase<Dinamiche, DeleteDinamiche>,
+    EraseNoteAttribute,
+    EraseTremolo,
+    Erase<SimboliVari, DeleteSimboliVari>,
+    EraseRest,
+    Erase<Coda, DeleteCoda>,
+    Erase<MeasureStaffText, DeleteMeasureStaffText>,
+    Erase<PageText, DeletePageText>,
+    EraseNote,
+    Erase<MovingClaf, DeleteClaf>,
+    EraseEndings,
+    Erase<Time, DeleteTempo>,
 };
 
 void UseEraser(const Press& press) {
@@ -121,6 +143,11 @@ void MouseDown(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
     MoveCaret(press);
     for (const auto& tool : kTools)
         if (tool.mode == Tools().toolMode) return tool.use(press);
+}
+
+void MouseDoubleClick(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
+    const bool arrow = Tools().toolMode == ModeArrow && !IsPlaying() && window.CurrentPage();
+    if (!arrow || !BeginTextUnder(window, {x, y})) MouseDown(window, x, y, modifiers);
 }
 
 void MouseMove(WindowTarn& window, int32_t x, int32_t y) {

@@ -64,6 +64,7 @@ WindowTarn::~WindowTarn() {
     }
     _pool->DisableUndo();
     interaction.reset();
+    textEntry.reset();
     _port.reset();
     _sheet.reset();
     MemoryManager::Instance().DeletePool(_pool);
@@ -101,6 +102,7 @@ void WindowTarn::Bind(Document* document) {
 void WindowTarn::SetCurrentPage(Page* page) {
     if (page != _page) {
         interaction.reset();
+        DropTextEntry();
         if (!_selection.IsWholeScore()) _selection.Clear();
     }
     _page = page;
@@ -130,7 +132,10 @@ void WindowTarn::SetIdentity(std::string title, std::string path, bool readOnly,
 
 // ---- undo
 
-void WindowTarn::CommandBegins() { _pageBeforeEdit = _page; }
+void WindowTarn::CommandBegins() {
+    DropTextEntry();
+    _pageBeforeEdit = _page;
+}
 
 void WindowTarn::CommandEnds() {
     _pageAfterEdit = _page;
@@ -146,7 +151,14 @@ void WindowTarn::Redo() {
     if (_canRedo) Exchange(true);
 }
 
+void WindowTarn::DropTextEntry() {
+    if (!textEntry) return;
+    textEntry.reset();
+    _shell.TextEntryChanged(*this);
+}
+
 void WindowTarn::Exchange(bool redo) {
+    DropTextEntry();
     const PoolScope scope(_pool);
     _canUndo = redo;
     _canRedo = !redo;
