@@ -267,8 +267,7 @@ void RemoveChordEvents(Chords* chord) {
 }
 
 void InsertVoiceSymbolEvents(VoiceSymbol* symbol) {
-    if (auto* chord = As<Chords>(symbol))
-        return AddChordEvents(chord);
+    if (auto* chord = As<Chords>(symbol)) return AddChordEvents(chord);
     ShiftBehind(symbol, Direction::Forward);
     RenewAroundGraceNotes(VoicePar(symbol));
 }
