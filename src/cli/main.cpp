@@ -47,7 +47,8 @@ void AddFileCommands(CLI::App& app, Choice& choice) {
 
 void AddScoreCommands(CLI::App& app, Choice& choice) {
     static std::string file;
-    static bool json = false, dry = false;
+    static bool json = false;
+    static PlayOptions play;
     CLI::App* sub =
         Subcommand(app, "info", "Tell what a score holds", choice, [] { return RunInfo(file, json); });
     sub->add_option("FILE", file, "A score file")->required();
@@ -55,9 +56,15 @@ void AddScoreCommands(CLI::App& app, Choice& choice) {
     sub = Subcommand(app, "check", "Prove the whole graph of a score file and print its first faults", choice,
                      [] { return RunCheck(file); });
     sub->add_option("FILE", file, "A score file")->required();
-    sub = Subcommand(app, "play", "Play a score", choice, [] { return RunPlay(file, dry); });
-    sub->add_option("FILE", file, "A score file")->required();
-    sub->add_flag("--dry", dry, "On a simulated clock: print each message as TICK PORT STATUS DATA1 DATA2");
+    sub = Subcommand(app, "play", "Play a score", choice, [] { return RunPlay(play); });
+    sub->add_option("FILE", play.file, "A score file")->required();
+    sub->add_flag("--dry", play.dry,
+                  "On a simulated clock: print each message as TICK PORT STATUS DATA1 DATA2");
+    sub->add_option("--from", play.from, "The measure to begin with")->capture_default_str();
+    sub->add_flag("--texts", play.texts, "Follow D.C., D.S., Coda and Fine");
+    sub->add_flag("--click", play.click, "With a click on the built-in synthesiser");
+    sub->add_option("--count-off", play.countOff, "Measures that the click counts off")
+        ->check(CLI::Range(0, 9));
     Subcommand(app, "devices", "List MIDI inputs and outputs", choice, [] { return RunDevices(); });
     static std::string sheet;
     static int zoom = 160;

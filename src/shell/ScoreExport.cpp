@@ -35,7 +35,7 @@ Status ToWav(WindowTarn& window, const std::string& path, int, int) {
     return RenderToWav(path, [&](int64_t tick, BuiltInSynth& synth) {
         if (!port) {
             port = std::make_unique<SynthPort>(synth);
-            play.Init(window.GetDocument(), port.get(), kNormalResolution);
+            play.Init(window.GetDocument(), port.get());
             flags.playing = true;
             started = play.Start(0);
         }
