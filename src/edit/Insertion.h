@@ -59,7 +59,9 @@ GenericNote* InsertNewChord(Voice* voice, int32_t x, int line, const NoteKind& k
 // A further head on a stem of the chord.
 GenericNote* AddNoteToChord(Chords* chord, int line, const NoteKind& kind);
 Pause* InsertNewPause(Voice* voice, int32_t x, const RestKind& kind);
-// The same directly behind an event; null for the front of the voice.
+// The event of a voice behind which a new one at x per mille stands; null for the front.
+VoiceSymbol* EventBefore(const Voice* voice, int32_t x);
+// A rest directly behind an event; null for the front of the voice.
 Pause* InsertPauseBehind(Voice* voice, VoiceSymbol* before, int32_t x, const RestKind& kind);
 // The voice of that number, made where there is none.
 Voice* FindOrMakeVoice(MeasureStaff* measureStaff, int number);

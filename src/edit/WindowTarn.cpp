@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Assert.h"
+#include "edit/Clipboard.h"
 #include "edit/ToolState.h"
 #include "layout/PageFit.h"
 #include "model/Preferences.h"
@@ -63,6 +64,7 @@ WindowTarn::~WindowTarn() {
         if (instance) TakeScoreSwitches(instance->_document);
     }
     _pool->DisableUndo();
+    ClipboardWindowCloses(*this);
     interaction.reset();
     textEntry.reset();
     _port.reset();
@@ -135,6 +137,7 @@ void WindowTarn::SetIdentity(std::string title, std::string path, bool readOnly,
 void WindowTarn::CommandBegins() {
     DropTextEntry();
     _pageBeforeEdit = _page;
+    cutPending = false;
 }
 
 void WindowTarn::CommandEnds() {
@@ -160,6 +163,7 @@ void WindowTarn::DropTextEntry() {
 void WindowTarn::Exchange(bool redo) {
     DropTextEntry();
     const PoolScope scope(_pool);
+    if (!redo) ClipboardUndone(*this);
     _canUndo = redo;
     _canRedo = !redo;
     redo ? _pool->Redo() : _pool->Undo();
@@ -167,6 +171,7 @@ void WindowTarn::Exchange(bool redo) {
     caret.measure = nullptr;
     RefreshPreferences(_document);
     if (instance == this) KeepScoreSwitches(_document);
+    if (redo) ClipboardRedone(*this);
     TakePageSize(_document);
     SetCurrentPage(redo ? _pageAfterEdit : _pageBeforeEdit);
     _shell.StateChanged(*this);
@@ -174,6 +179,7 @@ void WindowTarn::Exchange(bool redo) {
 
 EditStep::EditStep(WindowTarn& window) : _window(window) {
     window.Activate();
+    ClipboardCommandBegins(window);
     MemoryManager::Instance().BeginCommand();
 }
 

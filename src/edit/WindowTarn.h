@@ -83,6 +83,8 @@ public:
     // What is being typed; null for nothing. It goes when anything else changes the score or the page.
     std::unique_ptr<TextEntry> textEntry;
 
+    bool cutPending = false;  // the last thing done here was a cut
+
     // Told by the command bracket of this window's pool.
     void CommandBegins();
     void CommandEnds();

@@ -125,6 +125,14 @@ const MenuRow kRows[] = {
 
     {kEdit, kUndoId, "&Undo", "Ctrl+Z", {}, {}, {}, {}, ToolPicture::Undo},
     {kEdit, kRedoId, "&Redo", "Ctrl+Shift+Z", {}, {}, {}, {}, ToolPicture::Redo},
+    {kEdit, 0},
+    {kEdit, 57635, "Cu&t", "Ctrl+X"},
+    {kEdit, 57634, "&Copy", "Ctrl+C"},
+    {kEdit, 57637, "&Paste", "Ctrl+V"},
+    {kEdit, 32774, "C&lear", "Del"},
+    {kEdit, 0},
+    {kEdit, 57642, "Select &All", "Ctrl+Shift+A"},
+    {kEdit, 57641, "Select &Nothing", "Esc"},
 
     {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
     {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},

@@ -250,6 +250,25 @@ void* NewMemoryPool::NextObject(const void* object) const {
     }
 }
 
+std::unordered_set<const void*> NewMemoryPool::Living(std::span<const void* const> addresses) const {
+    std::unordered_set<const void*> wanted(addresses.begin(), addresses.end()), living;
+    std::unordered_set<const PoolBlock*> walked;
+    for (const void* address : addresses) {
+        const PoolBlock* block = BlockOf(address);
+        if (!block || block->Trailer().released || !walked.insert(block).second) continue;
+        for (const uint8_t* place = block->start; place < block->End();) {
+            const int16_t word = WordAt(place);
+            if (word == kHoleWord) {
+                place += reinterpret_cast<const Hole*>(place)->size.Get();
+                continue;
+            }
+            if (word != 0 && wanted.contains(place + kWordSize)) living.insert(place + kWordSize);
+            place += word == 0 ? kGranule : SpanOfWord(word);
+        }
+    }
+    return living;
+}
+
 // ---- filling by a load
 
 bool NewMemoryPool::StartFilling() {
