@@ -2,9 +2,11 @@
 
 #include <QApplication>
 #include <QDateTime>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QUrl>
 #include <utility>
 
 #include "shell/MainFrame.h"
@@ -18,7 +20,8 @@
 namespace corvane {
 namespace {
 
-constexpr const char* kOpenFilter = "Corvane Files (*.cvm *.cvn *.cvi *.sp3 *.trn);;All Files (*)";
+constexpr const char* kOpenFilter =
+    "Corvane Files (*.cvn *.cvm *.cvi *.sp3 *.trn *.html *.htm);;All Files (*)";
 constexpr const char* kDefaultExtension = "cvm";
 constexpr const char* kKeptExtensions[] = {"cvn", "cvm", "cvi", "sp3"};
 
@@ -91,7 +94,13 @@ void FileActions::DropBlank() {
 void FileActions::Open() {
     const QStringList paths =
         QFileDialog::getOpenFileNames(&_frame, "Open", FolderOf(_frame.Tabs().CurrentWindow()), kOpenFilter);
-    for (const QString& path : paths) OpenPath(path.toStdString());
+    for (const QString& path : paths) {
+        const QString kind = QFileInfo(path).suffix().toLower();
+        if (kind == "html" || kind == "htm")
+            QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+        else
+            OpenPath(path.toStdString());
+    }
 }
 
 bool FileActions::OpenPath(const std::string& path) {
