@@ -26,8 +26,8 @@ constexpr Command kUndo[] = {
 bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
 
 const Command* FindCommand(int id) {
-    for (const CommandFamily family : {CommandFamily(kUndo), SwitchCommands(), SignCommands(),
-                                       SelectionCommands(), StructureCommands(), SpannerCommands()})
+    for (const CommandFamily family : {CommandFamily(kUndo), SwitchCommands(), SignCommands(), SelectionCommands(),
+                                       StructureCommands(), SpannerCommands(), LayoutCommands()})
         for (const Command& command : family)
             if (command.id == id) return &command;
     return nullptr;

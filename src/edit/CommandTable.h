@@ -23,6 +23,7 @@ CommandFamily SignCommands();
 CommandFamily SelectionCommands();
 CommandFamily StructureCommands();
 CommandFamily SpannerCommands();
+CommandFamily LayoutCommands();
 
 // When commands can act.
 bool NotPlaying(const WindowTarn& window);

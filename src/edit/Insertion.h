@@ -43,6 +43,11 @@ void ClafInsertion(const InsertionPlace& place, std::string_view descriptor);
 // The tie of the note under the point to the one behind it, which goes again where it stands already.
 void TieInsertion(const InsertionPlace& place);
 void SimboliVariInsertion(const InsertionPlace& place, std::string_view descriptor);
+// A sign of a class on the note under the point: instead of the one of its class, gone where it is the same.
+void NoteSignInsertion(const InsertionPlace& place, int16_t classNumber, std::string_view descriptor);
+void TremoloInsertion(const InsertionPlace& place, std::string_view descriptor);
+// The name is the symbol's: "D" and letters.
+void DinamicheInsertion(const InsertionPlace& place, std::string_view name);
 
 // The note, or the column or rest, under a press; null or an empty patch for none.
 GenericNote* NoteUnder(WindowTarn& window, Point p);

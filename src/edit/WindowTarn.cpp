@@ -4,6 +4,7 @@
 
 #include "base/Assert.h"
 #include "edit/ToolState.h"
+#include "layout/PageFit.h"
 #include "model/Preferences.h"
 #include "store/CommandObserver.h"
 #include "store/MemoryManager.h"
@@ -40,7 +41,11 @@ void WatchCommands() {
 }
 
 WindowTarn::WindowTarn(EditorShell& shell)
-    : ElemT{}, _shell(shell), _sheet(std::make_unique<NewWindowSheet>()), _port(UnitPort()), _selection(*_port) {
+    : ElemT{},
+      _shell(shell),
+      _sheet(std::make_unique<NewWindowSheet>()),
+      _port(UnitPort()),
+      _selection(*_port) {
     _pool = MemoryManager::Instance().NewPool();
     WindowKit::Add(&windowRing, this);
     ++wndCounter;
@@ -59,10 +64,12 @@ WindowTarn::~WindowTarn() {
     }
     _pool->DisableUndo();
     interaction.reset();
+    textEntry.reset();
     _port.reset();
     _sheet.reset();
     MemoryManager::Instance().DeletePool(_pool);
-    MemoryManager::Instance().SetCurrentPool(before == _pool ? (instance ? instance->_pool : nullptr) : before);
+    MemoryManager::Instance().SetCurrentPool(before == _pool ? (instance ? instance->_pool : nullptr)
+                                                             : before);
 }
 
 std::vector<WindowTarn*> WindowTarn::All() {
@@ -82,6 +89,7 @@ WindowTarn* WindowTarn::OfPool(const NewMemoryPool* pool) {
 void WindowTarn::Activate() {
     if (std::exchange(instance, this) != this) TakeScoreSwitches(_document);
     MemoryManager::Instance().SetCurrentPool(_pool);
+    TakePageSize(_document);
 }
 
 void WindowTarn::Bind(Document* document) {
@@ -94,6 +102,7 @@ void WindowTarn::Bind(Document* document) {
 void WindowTarn::SetCurrentPage(Page* page) {
     if (page != _page) {
         interaction.reset();
+        DropTextEntry();
         if (!_selection.IsWholeScore()) _selection.Clear();
     }
     _page = page;
@@ -123,7 +132,10 @@ void WindowTarn::SetIdentity(std::string title, std::string path, bool readOnly,
 
 // ---- undo
 
-void WindowTarn::CommandBegins() { _pageBeforeEdit = _page; }
+void WindowTarn::CommandBegins() {
+    DropTextEntry();
+    _pageBeforeEdit = _page;
+}
 
 void WindowTarn::CommandEnds() {
     _pageAfterEdit = _page;
@@ -139,7 +151,14 @@ void WindowTarn::Redo() {
     if (_canRedo) Exchange(true);
 }
 
+void WindowTarn::DropTextEntry() {
+    if (!textEntry) return;
+    textEntry.reset();
+    _shell.TextEntryChanged(*this);
+}
+
 void WindowTarn::Exchange(bool redo) {
+    DropTextEntry();
     const PoolScope scope(_pool);
     _canUndo = redo;
     _canRedo = !redo;
@@ -148,6 +167,7 @@ void WindowTarn::Exchange(bool redo) {
     caret.measure = nullptr;
     RefreshPreferences(_document);
     if (instance == this) KeepScoreSwitches(_document);
+    TakePageSize(_document);
     SetCurrentPage(redo ? _pageAfterEdit : _pageBeforeEdit);
     _shell.StateChanged(*this);
 }

@@ -3,6 +3,7 @@
 #include <random>
 
 #include "edit_fixture.h"
+#include "play/MIDIUtility.h"
 #include "state_keeper.h"
 
 namespace corvane {
@@ -45,6 +46,24 @@ protected:
 
     std::mt19937 _random{Seed()};
 };
+
+// The events that the edits have kept are those that the notation gives.
+TEST_F(RandomEdits, KeepTheEventsThatTheNotationTells) {
+    int edits = 0;
+    for (int step = 0; step < StepCount(); ++step) {
+        SCOPED_TRACE("step " + std::to_string(step));
+        RandomStep();
+        if (step % 10) continue;
+        const std::string kept = Notes();
+        const EditStep rebuilding(*window);
+        for (const DocStaff* staff : documentDocStaffs.Of(Score()))
+            for (const MeasureStaff* crossing : docStaffMeasureStaffs.Of(staff))
+                for (Voice* voice : measureStaffVoices.Of(crossing)) RebuildVoiceEvents(voice);
+        ASSERT_EQ(kept, Notes());
+        edits += !kept.empty();
+    }
+    EXPECT_GT(edits, StepCount() / 20);
+}
 
 TEST_F(RandomEdits, StaySoundAndUndoEveryByte) {
     StateKeeper keeper(*window);
