@@ -2,9 +2,11 @@
 
 #include <QApplication>
 #include <QDateTime>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QUrl>
 #include <utility>
 
 #include "shell/MainFrame.h"
@@ -23,7 +25,7 @@ QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 QString OpenFilter() {
     QString patterns;
     for (const char* extension : ScoreExtensions()) patterns += QString(" *.") + extension;
-    return "Corvane Files (" + patterns.trimmed() + ");;All Files (*)";
+    return "Corvane Files (" + patterns.trimmed() + " *.html *.htm);;All Files (*)";
 }
 
 QString WithExtension(const QString& path, const char* extension) {
@@ -72,7 +74,13 @@ void FileActions::DropBlank() {
 void FileActions::Open() {
     const QStringList paths =
         QFileDialog::getOpenFileNames(&_frame, "Open", FolderOf(_frame.Tabs().CurrentWindow()), OpenFilter());
-    for (const QString& path : paths) OpenPath(path.toStdString());
+    for (const QString& path : paths) {
+        const QString kind = QFileInfo(path).suffix().toLower();
+        if (kind == "html" || kind == "htm")
+            QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+        else
+            OpenPath(path.toStdString());
+    }
 }
 
 bool FileActions::OpenPath(const std::string& path) {
