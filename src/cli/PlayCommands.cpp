@@ -29,7 +29,6 @@ PlaySetup SetupOf(const PlayOptions& options) {
 
 int PlayAloud(const Document* document, const Measure* from, const PlaySetup& setup) {
     FluidSynth synth;
-    if (!synth.HasSound()) std::fputs("corvane: There is no sound card: playing is silent.\n", stderr);
     SoundPort::SetFactory([&] { return std::make_unique<RtMidiPort>(&synth); });
     std::signal(SIGINT, [](int) { interrupted = 1; });
     std::signal(SIGTERM, [](int) { interrupted = 1; });
@@ -41,7 +40,11 @@ int PlayAloud(const Document* document, const Measure* from, const PlaySetup& se
         SoundPort::SetFactory(nullptr);
         return kDone;  // nothing to play
     }
-    while (!interrupted && !task.StopIfOver()) std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    while (!interrupted && !task.StopIfOver()) {
+        SoundPort::PollError();
+        SoundPort::PollSilence();
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
     if (task.IsPrepared()) task.Stop();
     SoundPort::SetFactory(nullptr);
     return kDone;

@@ -31,6 +31,9 @@ int Refuse(const std::string& line) {
     return kRefused;
 }
 
-int Outcome(const Status& status) { return status ? kDone : Refuse(status.message()); }
+int Outcome(const Status& status, const std::string& about) {
+    if (status) return kDone;
+    return Refuse(about.empty() ? status.message() : about + ": " + status.message());
+}
 
 }  // namespace corvane

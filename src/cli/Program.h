@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "graphics/GraphicPort.h"
 #include "platform/files/FileSettings.h"
 #include "platform/files/PosixFiles.h"
 #include "session/Session.h"
@@ -14,7 +15,8 @@ namespace corvane {
 inline constexpr const char* kVersion = "0.1.0";
 inline constexpr int kDone = 0, kRefused = 1, kUsage = 2;
 
-// A session without a window. Reads the person's settings; writes none.
+// A session without a window. Neither reads nor writes the person's settings: a command line does the same
+// for everybody.
 class HeadlessProgram {
 public:
     HeadlessProgram();
@@ -27,8 +29,8 @@ private:
     std::unique_ptr<Session> _session;
 };
 
-// One line on stderr for a failure; the program's exit code.
-int Outcome(const Status& status);
+// One line on stderr for a failure, with the file that it is about; the program's exit code.
+int Outcome(const Status& status, const std::string& about = {});
 int Refuse(const std::string& line);
 
 // The subcommands; each answers the exit code.
@@ -38,7 +40,12 @@ struct NewOptions {
 };
 struct ConvertOptions {
     std::string in, out;
-    int page = 0, zoom = 105;
+    int page = 0, zoom = GraphicPort::kTrueSizeZoom;
+};
+struct PlayOptions {
+    std::string file;
+    bool dry = false, texts = false, click = false;
+    int from = 1, countOff = 0;
 };
 struct PlayOptions {
     std::string file;

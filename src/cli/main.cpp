@@ -3,15 +3,18 @@
 #include <functional>
 
 #include "cli/Program.h"
+#include "shell/ScoreExport.h"
 
 namespace corvane {
 namespace {
+
+const CLI::Range kZooms(5, 1600);
 
 struct Choice {
     std::function<int()> run;
 };
 
-CLI::App* Subcommand(CLI::App& app, const char* name, const char* what, Choice& choice,
+CLI::App* Subcommand(CLI::App& app, const char* name, const std::string& what, Choice& choice,
                      std::function<int()> run) {
     CLI::App* sub = app.add_subcommand(name, what);
     sub->callback([&choice, run = std::move(run)] { choice.run = run; });
@@ -29,13 +32,16 @@ void AddFileCommands(CLI::App& app, Choice& choice) {
     sub->add_option("--systems", create.systems, "Systems on a page")->capture_default_str();
 
     static ConvertOptions convert;
-    sub = Subcommand(app, "convert", "Write a score as cvm, pdf, svg, png or wav", choice,
+    sub = Subcommand(app, "convert", "Write a score as " + Listed(WrittenExtensions(), "or"), choice,
                      [] { return RunConvert(convert); });
-    sub->add_option("IN", convert.in, "A score file (cvn, cvm, cvi, sp3, trn)")->required();
+    const auto read = ScoreExtensions();
+    sub->add_option("IN", convert.in, "A score file: " + Listed({read.begin(), read.end()}, "or"))
+        ->required();
     sub->add_option("OUT", convert.out, "The file to write; its extension tells the kind")->required();
     sub->add_option("--page", convert.page, "Only this page, from 1")->check(CLI::Range(1, 32767));
-    sub->add_option("--zoom", convert.zoom, "Percent, for png; 105 is true size")
-        ->check(CLI::Range(5, 1600))
+    sub->add_option("--zoom", convert.zoom,
+                    "Percent, for png; " + std::to_string(GraphicPort::kTrueSizeZoom) + " is true size")
+        ->check(kZooms)
         ->capture_default_str();
 }
 
@@ -65,7 +71,7 @@ void AddScoreCommands(CLI::App& app, Choice& choice) {
     sub = Subcommand(app, "symbols", "Draw every symbol on a staff, with its name", choice,
                      [] { return RunSymbols(sheet, zoom); });
     sub->add_option("OUT", sheet, "The picture to write: png, pdf or svg")->required();
-    sub->add_option("--zoom", zoom, "Percent, for png")->check(CLI::Range(5, 1600))->capture_default_str();
+    sub->add_option("--zoom", zoom, "Percent, for png")->check(kZooms)->capture_default_str();
     static std::string script = "-";
     sub =
         Subcommand(app, "script", "Run editing steps, one a line", choice, [] { return RunScript(script); });

@@ -31,6 +31,15 @@ Measure* OnPage(const Page* page, int number) {
     return nullptr;
 }
 
+// Where a command works that is not told.
+MeasureRange MeasuresAtHand(WindowTarn& window) {
+    MeasureRange range = SelectedMeasures(window);
+    if (!range.first) range.first = range.last = window.caret.measure;
+    return range;
+}
+
+}  // namespace
+
 MeasureRange SelectedMeasures(WindowTarn& window) {
     SetSelectionAnchors(window);
     MeasureRange range;
@@ -40,11 +49,13 @@ MeasureRange SelectedMeasures(WindowTarn& window) {
         if (!range.last || measure->_number > range.last->_number) range.last = measure;
     }
     ClearSelectionAnchors();
-    if (!range.first) range.first = range.last = window.caret.measure;
     return range;
 }
 
-}  // namespace
+Measure* PlayStart(WindowTarn& window) {
+    if (Measure* selected = SelectedMeasures(window).first) return selected;
+    return window.caret.visible ? window.caret.measure : nullptr;
+}
 
 Measure* MeasureOfNumber(const WindowTarn& window, int number) {
     const Page* page = window.CurrentPage();
@@ -58,7 +69,7 @@ Measure* MeasureOfNumber(const WindowTarn& window, int number) {
 
 Measure* ReadMeasure(ArgumentReader& reader, WindowTarn& window, const char* name) {
     if (!reader.Has(name))
-        if (Measure* selected = SelectedMeasures(window).first) return selected;
+        if (Measure* here = MeasuresAtHand(window).first) return here;
     Measure* measure = MeasureOfNumber(window, reader.Number(name, 1, kMostMeasures));
     if (!measure) reader.Refuse("there is no measure " + reader.Text(name, "here"));
     return measure;
@@ -66,7 +77,7 @@ Measure* ReadMeasure(ArgumentReader& reader, WindowTarn& window, const char* nam
 
 MeasureRange ReadRange(ArgumentReader& reader, WindowTarn& window) {
     MeasureRange range;
-    if (!reader.Has("from") && !reader.Has("to")) range = SelectedMeasures(window);
+    if (!reader.Has("from") && !reader.Has("to")) range = MeasuresAtHand(window);
     if (!range.first) {
         range.first = ReadMeasure(reader, window, "from");
         if (reader.Has("to")) range.last = ReadMeasure(reader, window, "to");

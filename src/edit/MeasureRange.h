@@ -15,6 +15,13 @@ struct MeasureRange {
 // own.
 Measure* MeasureOfNumber(const WindowTarn& window, int number);
 
+// The measures in which anything is selected; none where nothing is.
+MeasureRange SelectedMeasures(WindowTarn& window);
+
+// Where a play starts: at the first selected measure, else at the caret's where it is shown, else, with null,
+// at the score's first.
+Measure* PlayStart(WindowTarn& window);
+
 // What the argument `name` names, refused where no measure has the number. Where it is missing and not
 // required: the first selected measure, else that of the caret, else refused too.
 Measure* ReadMeasure(ArgumentReader& reader, WindowTarn& window, const char* name);

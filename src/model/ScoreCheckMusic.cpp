@@ -1,15 +1,12 @@
 // Chords, rests, stems, heads, beams and spanners.
 #include <limits>
 
+#include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/ScoreCheckRules.h"
 
 namespace corvane {
 namespace {
-
-bool IsNoteValue(uint8_t value) {
-    return value == kDoubleWhole || (value && value <= 128 && (value & (value - 1)) == 0);
-}
 
 void CheckChords(ScoreProof& proof, Chords* chord) {
     proof.Expect(!chordNotes.IsEmpty(chord), chord, "the chord has no note");

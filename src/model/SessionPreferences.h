@@ -61,8 +61,5 @@ inline bool IsOn(const SessionPreferences& preferences, SessionWord word) {
 inline void SetWord(SessionPreferences& preferences, SessionWord word, int value) {
     preferences.words[static_cast<size_t>(word)] = static_cast<int16_t>(value);
 }
-static_assert(static_cast<int>(SessionWord::PairDistance) == SessionPreferences::kPairDistance);
-static_assert(static_cast<int>(SessionWord::MeasuresPerSystem) == SessionPreferences::kMeasuresPerSystem);
-static_assert(static_cast<int>(SessionWord::SystemsPerPage) == SessionPreferences::kSystemsPerPage);
 
 }  // namespace corvane

@@ -11,7 +11,6 @@
 namespace corvane {
 namespace {
 
-constexpr int kFullVolume = 127;
 
 }  // namespace
 
@@ -49,7 +48,7 @@ void TarnPlay::SendPrograms() {
             const int program = voice._program, channel = voice._channel;
             if (program < 1 || program > 128 || channel < 1 || channel > 16) continue;
             _port->SetInstrument(voice._port, channel, program);
-            _port->SetVolume(voice._port, channel, kFullVolume);
+            _port->SetVolume(voice._port, channel, SoundPort::kFullVolume);
         }
 }
 

@@ -128,6 +128,14 @@ const MenuRow kRows[] = {
 
     {kEdit, kUndoId, "&Undo", "Ctrl+Z", {}, {}, {}, {}, ToolPicture::Undo},
     {kEdit, kRedoId, "&Redo", "Ctrl+Shift+Z", {}, {}, {}, {}, ToolPicture::Redo},
+    {kEdit, 0},
+    {kEdit, 57635, "Cu&t", "Ctrl+X"},
+    {kEdit, 57634, "&Copy", "Ctrl+C"},
+    {kEdit, 57637, "&Paste", "Ctrl+V"},
+    {kEdit, 32774, "C&lear", "Del"},
+    {kEdit, 0},
+    {kEdit, 57642, "Select &All", "Ctrl+Shift+A"},
+    {kEdit, 57641, "Select &Nothing", "Esc"},
 
     {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
     {kView, 32859, "&Accompany", "", TogglePart<PlayDock, &MainFrame::PlayPalette>, {}, IsPartShown<PlayDock, &MainFrame::PlayPalette>},
@@ -148,6 +156,8 @@ const MenuRow kRows[] = {
     {kView, kZoomInId, "Zoom &in", "Ctrl++; Ctrl+=", [](MainFrame& f) { f.CurrentView()->StepZoom(1); }, HasScore, {}, {}, ToolPicture::ZoomIn},
     {kView, kZoomOutId, "Zoom o&ut", "Ctrl+-", [](MainFrame& f) { f.CurrentView()->StepZoom(-1); }, HasScore, {}, {}, ToolPicture::ZoomOut},
 
+    {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
+    {kNotes, 0},
     {kNotes, 32808, "Auto &Beaming", "", {}, {}, IsSwitchOn<&S::autoBeam>},
     {kNotes, 32809, "Auto &Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
     {kNotes, 33153, "&Delete Notes To Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},

@@ -36,9 +36,7 @@ PlayControl::~PlayControl() {
 const Measure* PlayControl::StartMeasure(WindowTarn& window) const {
     if (_limits.on)
         if (const Measure* first = MeasureOfNumber(window, _limits.firstMeasure)) return first;
-    const CommandArguments none;
-    ArgumentReader reader(none);
-    return ReadMeasure(reader, window, "measure");  // null where nothing is chosen
+    return PlayStart(window);
 }
 
 void PlayControl::Start(WindowTarn& window) {

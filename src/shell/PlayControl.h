@@ -20,8 +20,7 @@ public:
     explicit PlayControl(MainFrame& frame);
     ~PlayControl();  // no sound any more; the devices are free
 
-    // From the first limit where limits are on, else from what is selected, from the caret, or from the first
-    // measure.
+    // From the first limit where limits are on, else from PlayStart's measure.
     void Start(WindowTarn& window);
     void Stop();
     void Toggle(WindowTarn& window);

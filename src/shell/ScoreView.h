@@ -14,6 +14,7 @@
 
 namespace corvane {
 
+class TextEditor;
 class WindowTarn;
 
 // How large a page is shown.
@@ -45,6 +46,8 @@ public:
     void PageChanged();
     void ToolChanged();
     void ScrollTo(const Rect& units);
+    // Another text is being typed, or none any more.
+    void TextEntryChanged();
     // A typed character for the tools; false, and nothing done, for any other key.
     bool TakeKey(const QKeyEvent& event);
 
@@ -91,6 +94,7 @@ private:
     std::optional<Point> _hover;  // page units
     std::optional<CursorMark> _playMark;
     std::function<void()> _zoomed;
+    TextEditor* _editor = nullptr;
 };
 
 }  // namespace corvane

@@ -17,7 +17,6 @@ namespace {
 
 constexpr double kGhostOpacity = 0.55;
 constexpr int kSelectionFill = 70, kSelectionEdge = 150, kBandFill = 35, kBandEdge = 255;  // of 255
-constexpr uint8_t kNoteGroup = 1;
 const QColor kPlayColour(0xD0, 0x30, 0x20);
 
 const PaletteItem* ItemAtHand() {
