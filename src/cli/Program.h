@@ -47,11 +47,6 @@ struct PlayOptions {
     bool dry = false, texts = false, click = false;
     int from = 1, countOff = 0;
 };
-struct PlayOptions {
-    std::string file;
-    bool dry = false, texts = false, click = false;
-    int from = 1, countOff = 0;
-};
 int RunNew(const NewOptions& options);
 int RunConvert(const ConvertOptions& options);
 int RunInfo(const std::string& file, bool json);
