@@ -26,8 +26,9 @@ constexpr Command kUndo[] = {
 bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
 
 const Command* FindCommand(int id) {
-    for (const CommandFamily family : {CommandFamily(kUndo), SwitchCommands(), SignCommands(),
-                                       SelectionCommands(), StructureCommands(), SpannerCommands()})
+    for (const CommandFamily family :
+         {CommandFamily(kUndo), SwitchCommands(), SignCommands(), NoteCommands(), SelectionCommands(),
+          StructureCommands(), SpannerCommands()})
         for (const Command& command : family)
             if (command.id == id) return &command;
     return nullptr;

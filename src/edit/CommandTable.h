@@ -20,6 +20,7 @@ struct Command {
 using CommandFamily = std::span<const Command>;
 CommandFamily SwitchCommands();
 CommandFamily SignCommands();
+CommandFamily NoteCommands();
 CommandFamily SelectionCommands();
 CommandFamily StructureCommands();
 CommandFamily SpannerCommands();
