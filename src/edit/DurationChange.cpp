@@ -6,7 +6,7 @@
 #include <set>
 
 #include "edit/Insertion.h"
-#include "edit/MeasureSpan.h"
+#include "edit/MeasureRange.h"
 #include "edit/NoteChanges.h"
 #include "edit/SystemRedraw.h"
 #include "edit/ToolState.h"

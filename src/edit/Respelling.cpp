@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-#include "edit/MeasureSpan.h"
+#include "edit/MeasureRange.h"
 #include "edit/SystemRedraw.h"
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"

@@ -1,6 +1,6 @@
 #include <set>
 
-#include "edit/MeasureSpan.h"
+#include "edit/MeasureRange.h"
 #include "edit/NoteChanges.h"
 #include "edit/SystemRedraw.h"
 #include "layout/Beaming.h"
