@@ -17,7 +17,7 @@
 namespace corvane {
 namespace {
 
-constexpr int kLeastWidth = 320;
+constexpr int kFieldWidth = 200;  // so that titles are not cut
 
 // "type=repeatstart;on=0" as arguments.
 CommandArguments Parsed(const char* text) {
@@ -120,7 +120,7 @@ void FormDialog::AddField(QFormLayout& layout, const FieldRow& row, const Comman
         widget = MakeNumber(row, most, values);
     else
         widget = new QLineEdit(QString::fromStdString(ValueOf(row, values)));
-    widget->setMinimumWidth(kLeastWidth / 2);
+    widget->setMinimumWidth(kFieldWidth);
     layout.addRow(row.label, widget);
     _fields.push_back({&row, widget});
 }

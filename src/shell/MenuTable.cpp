@@ -166,7 +166,7 @@ const MenuRow kRows[] = {
     {kScore, 32788, "&Measures per System...", "Q"},
     {kScore, 32789, "Systems per &Page...", "W"},
     {kScore, 32800, "Autocenter &Systems"},
-    {kScore, 32801, "Autocenter Sta&ves"},
+    {kScore, 32801, "Aut&ocenter Staves"},
 
     {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
     {kNotes, 0},
