@@ -93,11 +93,11 @@ constexpr F kEndings[] = {kFrom, kTo, {.label = "Te&xt:", .name = "text", .usual
 constexpr F kPhrase[] = {kMeasure, {.label = "&Phrase:", .name = "", .options = kPhrases}};
 constexpr F kAddPages[] = {
     kCount,
-    {.label = ""&Behind page:"After page:", .name = "after", .least = 0, .reach = Reach::Pages, .words = "none, in front"},
+    {.label = "&After page:", .name = "after", .least = 0, .reach = Reach::Pages, .words = "none, in front"},
 };
 constexpr F kAddMeasures[] = {
     kCount,
-    {.label = ""&Behind measure:"After measure:", .name = "after", .least = 0, .reach = Reach::Measures, .words = "none, in front"},
+    {.label = "&After measure:", .name = "after", .least = 0, .reach = Reach::Measures, .words = "none, in front"},
 };
 constexpr F kAddStaves[] = {
     {.label = "&Kind:", .name = "", .options = kStaves},
