@@ -99,10 +99,10 @@ TEST_F(Durations, NoMeasureHoldsMoreThanItCan) {
     Change(1, {{"value", "128"}});
     EXPECT_EQ(Refusal(kDurations, In(1, {{"by", "half"}})), "Nothing is shorter than a 128th note");
     // Who spaces by hand may overfill.
-    Switches().autoSpace = false;
+    Do(kAutoSpacing, {});
     Change(2, {{"value", "11"}});
     EXPECT_EQ(Refusal(kDurations, In(2, {{"by", "double"}})), "Nothing is longer than a double whole note");
-    Switches().autoSpace = true;
+    Do(kAutoSpacing, {});
     Change(2, {{"value", "1"}});
     EXPECT_EQ(Lengths(2), "1");
 }

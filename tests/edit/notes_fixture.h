@@ -10,7 +10,7 @@ namespace corvane {
 class NotesTest : public SignTest {
 protected:
     static constexpr int kUp = 32815, kDown = 32816, kTranspose = 32819, kDurations = 32817,
-                         kEnharmonic = 33036, kVelocity = 32780, kKey = 32781;
+                         kEnharmonic = 33036, kVelocity = 32780, kKey = 32781, kAutoSpacing = 32809;
 
     static CommandArguments In(int measure, CommandArguments more = {}) {
         more["from"] = std::to_string(measure);
