@@ -24,6 +24,7 @@ CommandFamily NoteCommands();
 CommandFamily SelectionCommands();
 CommandFamily StructureCommands();
 CommandFamily SpannerCommands();
+CommandFamily LayoutCommands();
 
 // When commands can act.
 bool NotPlaying(const WindowTarn& window);

@@ -4,6 +4,7 @@
 
 #include "base/Assert.h"
 #include "edit/ToolState.h"
+#include "layout/PageFit.h"
 #include "model/Preferences.h"
 #include "store/CommandObserver.h"
 #include "store/MemoryManager.h"
@@ -40,7 +41,11 @@ void WatchCommands() {
 }
 
 WindowTarn::WindowTarn(EditorShell& shell)
-    : ElemT{}, _shell(shell), _sheet(std::make_unique<NewWindowSheet>()), _port(UnitPort()), _selection(*_port) {
+    : ElemT{},
+      _shell(shell),
+      _sheet(std::make_unique<NewWindowSheet>()),
+      _port(UnitPort()),
+      _selection(*_port) {
     _pool = MemoryManager::Instance().NewPool();
     WindowKit::Add(&windowRing, this);
     ++wndCounter;
@@ -62,7 +67,8 @@ WindowTarn::~WindowTarn() {
     _port.reset();
     _sheet.reset();
     MemoryManager::Instance().DeletePool(_pool);
-    MemoryManager::Instance().SetCurrentPool(before == _pool ? (instance ? instance->_pool : nullptr) : before);
+    MemoryManager::Instance().SetCurrentPool(before == _pool ? (instance ? instance->_pool : nullptr)
+                                                             : before);
 }
 
 std::vector<WindowTarn*> WindowTarn::All() {
@@ -82,6 +88,7 @@ WindowTarn* WindowTarn::OfPool(const NewMemoryPool* pool) {
 void WindowTarn::Activate() {
     if (std::exchange(instance, this) != this) TakeScoreSwitches(_document);
     MemoryManager::Instance().SetCurrentPool(_pool);
+    TakePageSize(_document);
 }
 
 void WindowTarn::Bind(Document* document) {
@@ -148,6 +155,7 @@ void WindowTarn::Exchange(bool redo) {
     caret.measure = nullptr;
     RefreshPreferences(_document);
     if (instance == this) KeepScoreSwitches(_document);
+    TakePageSize(_document);
     SetCurrentPage(redo ? _pageAfterEdit : _pageBeforeEdit);
     _shell.StateChanged(*this);
 }

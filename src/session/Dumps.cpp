@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "layout/GeometryDump.h"
 #include "layout/LayoutDump.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -85,6 +86,11 @@ Status DumpLayoutOf(WindowTarn& window, std::string& out) {
     return Status::Ok();
 }
 
+Status DumpGeometryOf(WindowTarn& window, std::string& out) {
+    out += GeometryDump(window.CurrentPage());
+    return Status::Ok();
+}
+
 Status DumpNotesOf(WindowTarn& window, std::string& out) {
     out += DumpNotes(window.GetDocument());
     return Status::Ok();
@@ -93,14 +99,18 @@ Status DumpNotesOf(WindowTarn& window, std::string& out) {
 constexpr struct {
     const char* name;
     Status (*dump)(WindowTarn&, std::string&);
-} kDumps[] = {{"layout", DumpLayoutOf}, {"tree", DumpTree}, {"notes", DumpNotesOf}, {"objects", DumpObjects}};
+} kDumps[] = {{"layout", DumpLayoutOf},
+              {"geometry", DumpGeometryOf},
+              {"tree", DumpTree},
+              {"notes", DumpNotesOf},
+              {"objects", DumpObjects}};
 
 }  // namespace
 
 Status DumpScore(WindowTarn& window, std::string_view what, std::string& out) {
     for (const auto& dump : kDumps)
         if (what == dump.name) return dump.dump(window, out);
-    return {Fault::Refused, "dump wants layout, tree, notes or objects"};
+    return {Fault::Refused, "dump wants layout, geometry, tree, notes or objects"};
 }
 
 }  // namespace corvane

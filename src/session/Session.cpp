@@ -3,9 +3,10 @@
 #include <algorithm>
 
 #include "base/Notify.h"
+#include "layout/ListaEventi.h"
+#include "layout/PageFit.h"
 #include "layout/PageLayout.h"
 #include "model/ClassTable.h"
-#include "model/Preferences.h"
 #include "model/ScoreCheck.h"
 #include "model/SymbolTable.h"
 #include "session/Journals.h"
@@ -48,6 +49,7 @@ Session::Session(const SessionParts& parts) : _parts(parts), _preferences(Defaul
     if (const Status status = ReadSessionPreferences(*_parts.settings, _preferences); !status)
         Notify(Severity::Message, status.message());
     preferredPairDistance = GetWord(_preferences, SessionWord::PairDistance);
+    spacingTable.widths = _preferences.spacing;
 }
 
 Session::~Session() {
@@ -195,6 +197,7 @@ WindowTarn* Session::OpenBackup(const Backup& backup, Status& status, std::vecto
 }
 
 Status Session::StorePreferences() {
+    _preferences.spacing = spacingTable.widths;
     return _parts.settings ? WriteSessionPreferences(*_parts.settings, _preferences) : Status::Ok();
 }
 
