@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "graphics/GraphicPort.h"
 #include "platform/files/FileSettings.h"
 #include "platform/files/PosixFiles.h"
 #include "session/Session.h"
@@ -39,13 +40,18 @@ struct NewOptions {
 };
 struct ConvertOptions {
     std::string in, out;
-    int page = 0, zoom = 105;
+    int page = 0, zoom = GraphicPort::kTrueSizeZoom;
+};
+struct PlayOptions {
+    std::string file;
+    bool dry = false, texts = false, click = false;
+    int from = 1, countOff = 0;
 };
 int RunNew(const NewOptions& options);
 int RunConvert(const ConvertOptions& options);
 int RunInfo(const std::string& file, bool json);
 int RunCheck(const std::string& file);
-int RunPlay(const std::string& file, bool dry);
+int RunPlay(const PlayOptions& options);
 int RunDevices();
 int RunSymbols(const std::string& out, int zoom);
 int RunScript(const std::string& file);

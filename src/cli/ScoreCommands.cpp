@@ -39,7 +39,7 @@ ScoreFacts FactsOf(WindowTarn& window) {
     return facts;
 }
 
-bool SaveByExtension(const std::string& path) { return IsScoreExtension(ExtensionOf(path)); }
+bool SavesAs(const std::string& path) { return SavedExtension(path) == ExtensionOf(path); }
 
 }  // namespace
 
@@ -47,19 +47,21 @@ int RunNew(const NewOptions& options) {
     HeadlessProgram program;
     const PageLayout layout{options.measures, options.systems};
     if (const Status status = CheckNewScore(layout, options.staves); !status) return Outcome(status);
-    if (!SaveByExtension(options.out)) return Refuse("\"" + options.out + "\": a score ends in .cvm");
+    if (!SavesAs(options.out)) return Refuse("\"" + options.out + "\": a score ends in .cvm");
     WindowTarn* window = program.TheSession().NewScore(layout, options.staves);
     return Outcome(program.TheSession().Save(*window, options.out), options.out);
 }
 
 int RunConvert(const ConvertOptions& options) {
-    if (!IsScoreExtension(ExtensionOf(options.in)))
-        return Refuse("\"" + options.in + "\": only cvn, cvm, cvi, sp3 and trn can be read");
+    if (!IsScoreExtension(ExtensionOf(options.in))) {
+        const auto known = ScoreExtensions();
+        return Refuse("\"" + options.in + "\": only " + Listed({known.begin(), known.end()}) +
+                      " can be read");
+    }
     HeadlessProgram program;
     WindowTarn* window = program.OpenOrTell(options.in);
     if (!window) return kRefused;
-    if (SaveByExtension(options.out))
-        return Outcome(program.TheSession().Save(*window, options.out), options.out);
+    if (SavesAs(options.out)) return Outcome(program.TheSession().Save(*window, options.out), options.out);
     return Outcome(ExportScore(*window, options.out, options.page, options.zoom));
 }
 

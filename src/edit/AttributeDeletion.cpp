@@ -7,14 +7,12 @@
 #include "layout/Spacing.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
-#include "model/SymbolTable.h"
+#include "model/RecordRelease.h"
 #include "model/Ties.h"
 #include "play/MIDIUtility.h"
 
 namespace corvane {
 namespace {
-
-void ReleaseRecord(BehaviourWord* record) { MemoryManager::Instance().Release(record); }
 
 void DeleteTie(WindowTarn& window, MarkValue* mark) {
     MarkValue* other = OtherMark(mark);
@@ -42,20 +40,6 @@ void DeleteMark(MarkIrreg* mark) {
     if (irregular && irregularMarks.IsEmpty(irregular)) Release(irregular);
 }
 
-// The symbol field of a sign; null for a sign without one.
-Ptr<FontSymbol>* SymbolField(BehaviourWord* sign) {
-    const int16_t number = sign->ClassNumber();
-    if (number == Accident::kClass) return &static_cast<Accident*>(sign)->_symbol;
-    if (number == Dot::kClass) return &static_cast<Dot*>(sign)->_symbol;
-    if (number == Tremolo::kClass) return &static_cast<Tremolo*>(sign)->_symbol;
-    if (IsClass<SymbolAttribute>(number)) return &static_cast<SymbolAttribute*>(sign)->_symbol;
-    return nullptr;
-}
-
-void DropSymbolOf(Document* document, BehaviourWord* sign) {
-    if (Ptr<FontSymbol>* field = SymbolField(sign)) DropSymbol(document, *field);
-}
-
 }  // namespace
 
 void TakeOff(WindowTarn& window, void* record) {
@@ -77,19 +61,17 @@ void DeleteTiesOf(WindowTarn& window, GenericNote* note) {
 void DeleteNoteAttribute(WindowTarn& window, NoteAttribute* attribute) {
     if (auto* mark = As<MarkValue>(attribute)) return DeleteTie(window, mark);
     TakeOff(window, attribute);
-    DropSymbolOf(DocumentPar(noteAttributes.ParentOf(attribute)), attribute);
+    Document* document = DocumentPar(noteAttributes.ParentOf(attribute));
     noteAttributes.Remove(attribute);
-    ReleaseRecord(attribute);
+    DropRecord(document, attribute);
 }
 
 void DeleteVoiceSymbolAttribute(WindowTarn& window, VoiceSymbolAttribute* attribute) {
     TakeOff(window, attribute);
-    if (auto* mark = As<MarkIrreg>(attribute))
-        DeleteMark(mark);
-    else
-        DropSymbolOf(DocumentPar(voiceSymbolAttributes.ParentOf(attribute)), attribute);
+    Document* document = DocumentPar(voiceSymbolAttributes.ParentOf(attribute));
+    if (auto* mark = As<MarkIrreg>(attribute)) DeleteMark(mark);
     voiceSymbolAttributes.Remove(attribute);
-    ReleaseRecord(attribute);
+    DropRecord(document, attribute);
 }
 
 }  // namespace corvane

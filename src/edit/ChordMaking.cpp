@@ -13,15 +13,6 @@
 namespace corvane {
 namespace {
 
-// The event behind which a new one at x stands; null for the front of the voice.
-VoiceSymbol* EventBefore(const Voice* voice, int32_t x) {
-    VoiceSymbol* before = nullptr;
-    for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
-        if (XOf(symbol) > x) break;
-        before = symbol;
-    }
-    return before;
-}
 
 Chords* MakeChords(const Voice* voice, bool grace) {
     if (!grace) return Make<Chords>();
@@ -39,6 +30,15 @@ GenericNote* MakeNote(Document* document, int line, const NoteKind& kind) {
 }
 
 }  // namespace
+
+VoiceSymbol* EventBefore(const Voice* voice, int32_t x) {
+    VoiceSymbol* before = nullptr;
+    for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+        if (XOf(symbol) > x) break;
+        before = symbol;
+    }
+    return before;
+}
 
 Voice* FindOrMakeVoice(MeasureStaff* measureStaff, int number) {
     if (Voice* voice = FindVoice(measureStaff, number)) return voice;

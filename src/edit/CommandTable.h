@@ -19,6 +19,7 @@ struct Command {
 // The commands of one family; each stands in a file of its own.
 using CommandFamily = std::span<const Command>;
 CommandFamily SwitchCommands();
+CommandFamily ClipboardCommands();
 CommandFamily SignCommands();
 CommandFamily NoteCommands();
 CommandFamily SelectionCommands();

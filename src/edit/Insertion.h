@@ -43,6 +43,11 @@ void ClafInsertion(const InsertionPlace& place, std::string_view descriptor);
 // The tie of the note under the point to the one behind it, which goes again where it stands already.
 void TieInsertion(const InsertionPlace& place);
 void SimboliVariInsertion(const InsertionPlace& place, std::string_view descriptor);
+// A sign of a class on the note under the point: instead of the one of its class, gone where it is the same.
+void NoteSignInsertion(const InsertionPlace& place, int16_t classNumber, std::string_view descriptor);
+void TremoloInsertion(const InsertionPlace& place, std::string_view descriptor);
+// The name is the symbol's: "D" and letters.
+void DinamicheInsertion(const InsertionPlace& place, std::string_view name);
 
 // The note, or the column or rest, under a press; null or an empty patch for none.
 GenericNote* NoteUnder(WindowTarn& window, Point p);
@@ -54,7 +59,9 @@ GenericNote* InsertNewChord(Voice* voice, int32_t x, int line, const NoteKind& k
 // A further head on a stem of the chord.
 GenericNote* AddNoteToChord(Chords* chord, int line, const NoteKind& kind);
 Pause* InsertNewPause(Voice* voice, int32_t x, const RestKind& kind);
-// The same directly behind an event; null for the front of the voice.
+// The event of a voice behind which a new one at x per mille stands; null for the front.
+VoiceSymbol* EventBefore(const Voice* voice, int32_t x);
+// A rest directly behind an event; null for the front of the voice.
 Pause* InsertPauseBehind(Voice* voice, VoiceSymbol* before, int32_t x, const RestKind& kind);
 // The voice of that number, made where there is none.
 Voice* FindOrMakeVoice(MeasureStaff* measureStaff, int number);

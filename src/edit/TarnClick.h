@@ -9,6 +9,8 @@ enum Modifier : uint32_t { kShift = 1, kCtrl = 2, kAlt = 4 };
 
 // A press at absolute page units of the window's current page. Nothing happens while playing.
 void MouseDown(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers);
+// The second press of a quick pair: the arrow opens a text, every other tool presses again.
+void MouseDoubleClick(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers);
 // The pointer, pressed before, moves and is let go; nothing happens where the press began nothing.
 void MouseMove(WindowTarn& window, int32_t x, int32_t y);
 void MouseUp(WindowTarn& window, int32_t x, int32_t y);

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Assert.h"
+#include "edit/Clipboard.h"
 #include "edit/ToolState.h"
 #include "layout/PageFit.h"
 #include "model/Preferences.h"
@@ -63,7 +64,9 @@ WindowTarn::~WindowTarn() {
         if (instance) TakeScoreSwitches(instance->_document);
     }
     _pool->DisableUndo();
+    ClipboardWindowCloses(*this);
     interaction.reset();
+    textEntry.reset();
     _port.reset();
     _sheet.reset();
     MemoryManager::Instance().DeletePool(_pool);
@@ -101,6 +104,7 @@ void WindowTarn::Bind(Document* document) {
 void WindowTarn::SetCurrentPage(Page* page) {
     if (page != _page) {
         interaction.reset();
+        DropTextEntry();
         if (!_selection.IsWholeScore()) _selection.Clear();
     }
     _page = page;
@@ -130,7 +134,11 @@ void WindowTarn::SetIdentity(std::string title, std::string path, bool readOnly,
 
 // ---- undo
 
-void WindowTarn::CommandBegins() { _pageBeforeEdit = _page; }
+void WindowTarn::CommandBegins() {
+    DropTextEntry();
+    _pageBeforeEdit = _page;
+    cutPending = false;
+}
 
 void WindowTarn::CommandEnds() {
     _pageAfterEdit = _page;
@@ -146,8 +154,16 @@ void WindowTarn::Redo() {
     if (_canRedo) Exchange(true);
 }
 
+void WindowTarn::DropTextEntry() {
+    if (!textEntry) return;
+    textEntry.reset();
+    _shell.TextEntryChanged(*this);
+}
+
 void WindowTarn::Exchange(bool redo) {
+    DropTextEntry();
     const PoolScope scope(_pool);
+    if (!redo) ClipboardUndone(*this);
     _canUndo = redo;
     _canRedo = !redo;
     redo ? _pool->Redo() : _pool->Undo();
@@ -155,6 +171,7 @@ void WindowTarn::Exchange(bool redo) {
     caret.measure = nullptr;
     RefreshPreferences(_document);
     if (instance == this) KeepScoreSwitches(_document);
+    if (redo) ClipboardRedone(*this);
     TakePageSize(_document);
     SetCurrentPage(redo ? _pageAfterEdit : _pageBeforeEdit);
     _shell.StateChanged(*this);
@@ -162,6 +179,7 @@ void WindowTarn::Exchange(bool redo) {
 
 EditStep::EditStep(WindowTarn& window) : _window(window) {
     window.Activate();
+    ClipboardCommandBegins(window);
     MemoryManager::Instance().BeginCommand();
 }
 

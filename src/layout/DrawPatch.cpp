@@ -42,8 +42,8 @@ bool LineMeetsRegion(const GraphicPort& port, const std::vector<Point>& line, co
     return false;
 }
 
-// A class by its overloads of InkOf, Paint and, where it has them, OutlineOf and VoiceNumberOf. `Base` is
-// what they take.
+// A class by its overloads of InkOf, Paint and, where it has them, OutlineOf, Touches and VoiceNumberOf.
+// `Base` is what they take.
 template <class R, class Base, Hits kHits, When kWhen>
 class RecordBehaviour : public PatchBehaviour {
 public:
@@ -52,7 +52,9 @@ public:
     }
     Rect Bounds(const void* object) const override { return InkOf(Of(object)); }
     bool Hit(const void* object, Point p) const override {
-        if constexpr (kHits == Hits::Outline)
+        if constexpr (requires(const R& r) { Touches(r, p); })
+            return Touches(Of(object), p);
+        else if constexpr (kHits == Hits::Outline)
             return IsNearLine(OutlineOf(Of(object)), p);
         else
             return kHits == Hits::Rectangle && PatchBehaviour::Hit(object, p);
@@ -87,6 +89,11 @@ Row RowOf() {
     return {R::kClass, &behaviour};
 }
 
+template <class Sign>
+Row SignRow() {
+    return RowOf<Sign, Hits::Rectangle, When::InOrder, SymbolAttribute>();
+}
+
 constexpr size_t kClasses = 112;
 
 // The drawn classes. What spans whole staves is never hit: a press there is meant for what stands on them.
@@ -115,6 +122,26 @@ std::array<const PatchBehaviour*, kClasses> MakeTable() {
              RowOf<MultiPause>(),
              RowOf<PageText>(),
              RowOf<MeasureStaffText>(),
+             RowOf<Liriche>(),
+             RowOf<Dinamiche>(),
+             RowOf<Tremolo>(),
+             SignRow<Mordente>(),
+             SignRow<Gruppetto>(),
+             SignRow<ArcoGiu>(),
+             SignRow<ArcoSu>(),
+             SignRow<SuonoAperto>(),
+             SignRow<SuonoChiuso>(),
+             SignRow<Armonico>(),
+             SignRow<Circonflesso>(),
+             SignRow<Respiro>(),
+             SignRow<Tilde>(),
+             SignRow<Pizzicato>(),
+             SignRow<BartokSup>(),
+             SignRow<BartokInf>(),
+             SignRow<Articolazione>(),
+             SignRow<Diteggiatura>(),
+             SignRow<Corona>(),
+             SignRow<Ornamenti>(),
          })
         table[static_cast<size_t>(row.number)] = row.behaviour;
     return table;

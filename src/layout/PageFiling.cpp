@@ -1,5 +1,6 @@
 #include "layout/PageFiling.h"
 
+#include "layout/Lyrics.h"
 #include "layout/PageLayout.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -96,6 +97,8 @@ void ForEachPatch(const MeasureStaff* measureStaff, const PatchVisitor& visit) {
 
 void ForEachSpannerOver(const MeasureStaff* measureStaff, const PatchVisitor& visit) {
     VisitTiesTo(measureStaff, visit);
+    for (Liriche* syllable : LyricsReaching(measureStaff))
+        Visit(syllable, VoicePar(noteAttributes.ParentOf(syllable))->_number, visit);
 }
 
 void ForEachPatch(const VoiceSymbol* symbol, const PatchVisitor& visit) {

@@ -28,6 +28,11 @@ std::string FileName(const std::string& path) {
 
 std::string RecentName(int index) { return "File" + std::to_string(index + 1); }
 
+std::string ForeignMessage(const std::string& path) {
+    return "Another program had changed " + FileName(path) +
+           " in the meantime. What it had written is kept as a backup.";
+}
+
 }  // namespace
 
 Session::Session(const SessionParts& parts) : _parts(parts), _preferences(DefaultSessionPreferences()) {
@@ -121,6 +126,7 @@ WindowTarn* Session::Open(const std::string& path, Status& status, std::vector<s
     if (!window) return nullptr;
     const bool readOnly = (_backups && _backups->Holds(path)) || !_parts.files->CheckWritable(path).ok();
     window->SetIdentity(FileName(path), path, readOnly, false);
+    if (_backups) _backups->Read(path, bytes);
     Remember(path);
     return window;
 }
@@ -130,10 +136,12 @@ Status Session::Save(WindowTarn& window, const std::string& path) {
     if (_backups && _backups->Holds(path)) return {Fault::ReadOnly, kFileReadOnly};
     std::vector<uint8_t> bytes;
     if (Status status = EncodeScore(*window.Pool(), bytes); !status) return status;
+    const bool foreign = _backups && path == window.Path() && _backups->IsForeign(path);
     const Status kept = _backups ? _backups->Keep(path) : Status::Ok();
     const Status saved = ReplaceFile(*_parts.files, path, bytes);
     if (!kept) Notify(Severity::Message, kept.message());
     if (!saved) return saved;
+    if (foreign && kept) Notify(Severity::Message, ForeignMessage(path));
     if (_backups) _backups->Wrote(path, bytes);
     window.Pool()->SetModified(false);
     window.SetIdentity(FileName(path), path, false, false);

@@ -190,6 +190,10 @@ void MainFrame::ToolChanged() {
     if (ScoreView* view = CurrentView()) view->ToolChanged();
 }
 
+void MainFrame::TextEntryChanged(WindowTarn& window) {
+    if (ScoreView* view = _tabs->ViewOf(window)) view->TextEntryChanged();
+}
+
 void MainFrame::StateChanged(WindowTarn& window) {
     _tabs->ShowTitle(window);
     if (&window == CurrentScore()) RefreshActions();

@@ -59,6 +59,7 @@ public:
     void ScrollTo(WindowTarn& window, const Rect& units) override;
     void ToolChanged() override;
     void StateChanged(WindowTarn& window) override;
+    void TextEntryChanged(WindowTarn& window) override;
     void Tell(std::string_view text) override;
     void PlayToggled(WindowTarn& window) override;
 

@@ -127,6 +127,11 @@ const MenuRow kRows[] = {
     {kEdit, kUndoId, "&Undo", "Ctrl+Z", {}, {}, {}, {}, ToolPicture::Undo},
     {kEdit, kRedoId, "&Redo", "Ctrl+Shift+Z", {}, {}, {}, {}, ToolPicture::Redo},
     {kEdit, 0},
+    {kEdit, 57635, "Cu&t", "Ctrl+X"},
+    {kEdit, 57634, "&Copy", "Ctrl+C"},
+    {kEdit, 57637, "&Paste", "Ctrl+V"},
+    {kEdit, 32774, "C&lear", "Del"},
+    {kEdit, 0},
     {kEdit, 57642, "Select &All", "Ctrl+Shift+A"},
     {kEdit, 57641, "Select &Nothing", "Esc"},
 

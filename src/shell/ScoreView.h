@@ -1,6 +1,6 @@
 // One score on the screen: its current page as paper on a desk, scrolled and zoomed. Presses and keys go to
-// the score in page units; what is selected, the rubber band, the caret and the ghost of what the pencil would
-// enter lie over the pictures of the page.
+// the score in page units; what is selected, the rubber band, the caret and the ghost of what the pencil
+// would enter lie over the pictures of the page.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -13,6 +13,7 @@
 
 namespace corvane {
 
+class TextEditor;
 class WindowTarn;
 
 // How large a page is shown.
@@ -44,6 +45,8 @@ public:
     void PageChanged();
     void ToolChanged();
     void ScrollTo(const Rect& units);
+    // Another text is being typed, or none any more.
+    void TextEntryChanged();
     // A typed character for the tools; false, and nothing done, for any other key.
     bool TakeKey(const QKeyEvent& event);
 
@@ -82,6 +85,7 @@ private:
     DrawContext _context;
     std::optional<Point> _hover;  // page units
     std::function<void()> _zoomed;
+    TextEditor* _editor = nullptr;
 };
 
 }  // namespace corvane

@@ -7,6 +7,7 @@
 
 #include "base/Assert.h"
 #include "base/BigEndian.h"
+#include "store/ClassSpans.h"
 
 namespace corvane {
 namespace {
@@ -127,8 +128,10 @@ void Administrator::SwapBytes(void* object, const ClassInfo& info) {
 }
 
 void CreateClassTable(int capacity) {
+    CORVANE_ASSERT_AS(capacity <= kClassCapacity, "next - 1 < size");
     _infoArray = std::make_unique<InfoArray>();
     _infoArray->capacity = capacity;
+    ClassSpans::_spans.fill(0);
 }
 
 bool ClassTableExists() { return _infoArray != nullptr; }
@@ -143,6 +146,7 @@ void RegisterClass(const ClassRow& row, Administrator* creator) {
     auto info = std::make_unique<ClassInfo>(
         ClassInfo{row.number, row.name, row.size, ParsePointers(row.pointers), ParsePlan(row.plan),
                   ParseLinks(row.links), row.secondWord, creator ? creator : &plain});
+    ClassSpans::_spans[static_cast<size_t>(row.number)] = static_cast<uint16_t>(TypedSpan(row.size));
     _infoArray->numbers.emplace(row.name, row.number);
     _infoArray->classes.push_back(std::move(info));
 }

@@ -1,6 +1,7 @@
 #include "store/FileForm.h"
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <numeric>
 
@@ -89,12 +90,46 @@ FileForm::FileForm(int16_t classNumber) {
     _places = Back(info, moved);
     const uint32_t dim = ObjDim(info.size);
     CORVANE_ASSERT(dim <= kLargestRecord);
-    _toFile.assign(dim, info.size);  // the zero byte behind the record
-    _toMemory.assign(dim, kNone);
+    Labels toFile(dim, kNone), toMemory(dim, kNone);
     for (uint16_t i = 0; i < info.size; ++i) {
-        if (moved[i] != kNone) _toFile[i] = swapped[moved[i]];
-        if (_places[i] != kNone) _toMemory[swapped[i]] = _places[i];
+        if (moved[i] != kNone) toFile[i] = swapped[moved[i]];
+        if (_places[i] != kNone) toMemory[swapped[i]] = _places[i];
     }
+    _toFile = Moves(toFile);
+    _toMemory = Moves(toMemory);
+}
+
+FileForm::Moves::Moves(const Labels& from) : _size(static_cast<uint32_t>(from.size())) {
+    // Whether the bytes from i on are `width` neighbours, last to first.
+    const auto turned = [&](size_t i, uint16_t width) {
+        if (i + width > from.size() || from[i] == kNone || from[i] + 1 < width) return false;
+        for (uint16_t k = 1; k < width; ++k)
+            if (from[i + k] != from[i] - k) return false;
+        return true;
+    };
+    for (uint16_t i = 0; i < _size;) {
+        const uint16_t width = turned(i, 4) ? 4 : turned(i, 2) ? 2 : 1;
+        auto& moves = width == 4 ? _fours : width == 2 ? _twos : _bytes;
+        if (from[i] != kNone) moves.push_back({i, static_cast<uint16_t>(from[i] - (width - 1))});
+        i = static_cast<uint16_t>(i + width);
+    }
+}
+
+void FileForm::Moves::Run(const uint8_t* from, uint8_t* to) const {
+    std::memset(to, 0, _size);
+    for (const Move& m : _fours) {
+        uint32_t field;
+        std::memcpy(&field, from + m.from, sizeof field);
+        field = __builtin_bswap32(field);
+        std::memcpy(to + m.to, &field, sizeof field);
+    }
+    for (const Move& m : _twos) {
+        uint16_t field;
+        std::memcpy(&field, from + m.from, sizeof field);
+        field = __builtin_bswap16(field);
+        std::memcpy(to + m.to, &field, sizeof field);
+    }
+    for (const Move& m : _bytes) to[m.to] = from[m.from];
 }
 
 const FileForm& FileForm::Of(int16_t classNumber) {

@@ -1,5 +1,6 @@
 #include "store/ObjectFileLoader.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "base/BigEndian.h"
@@ -48,8 +49,20 @@ void MendTempo(uint8_t* tempo) {
 
 }  // namespace
 
-Status FillWords(NewMemoryPool& pool, std::span<const uint8_t> bytes, const ScoreHeader& header,
-                 uint32_t margin, FilledObjects& objects, Finding& fault) {
+void FilledObjects::Forget(std::vector<void*> gone) {
+    std::sort(gone.begin(), gone.end());
+    uint32_t kept = 1;
+    for (uint32_t number = 1; number <= Count(); ++number) {
+        if (std::binary_search(gone.begin(), gone.end(), StoredSpace::At<void>(distances[number]))) continue;
+        distances[kept] = distances[number];
+        classes[kept++] = classes[number];
+    }
+    distances.resize(kept);
+    classes.resize(kept);
+}
+
+Status TakePlaces(NewMemoryPool& pool, std::span<const uint8_t> bytes, const ScoreHeader& header,
+                  uint32_t margin, FilledObjects& objects, Finding& fault) {
     ScoreStream stream(bytes, header);
     ScoreStream::Record record;
     while (stream.Next(record)) {
@@ -58,7 +71,6 @@ Status FillWords(NewMemoryPool& pool, std::span<const uint8_t> bytes, const Scor
         const uint32_t span = record.word < 0 ? RawSpanOfWord(record.word) : kWordSize + record.length;
         if (pool.FillOffset() + span > pool.NewPoolSize() - kTrailerSize)
             return {Fault::NoSpace, kNoMemoryToOpen};
-        PutWord(pool.FillPlace(), record.word);
         objects.distances.push_back(StoredSpace::DistanceOf(pool.FillPlace() + kWordSize));
         objects.classes.push_back(static_cast<uint8_t>(TargetClass(record.word)));
         if (header.legacy) objects.positions.push_back(static_cast<uint32_t>(record.at));
@@ -103,6 +115,7 @@ Status FillObjects(std::span<const uint8_t> bytes, const ScoreHeader& header, co
     ScoreStream::Record record;
     for (uint32_t number = 1; stream.Next(record); ++number) {
         auto* object = StoredSpace::At<uint8_t>(objects.distances[number]);
+        PutWord(object - kWordSize, record.word);
         if (record.word < 0) {
             std::memcpy(object, record.data, record.length);
             continue;

@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "base/BigEndian.h"
-#include "store/ClassInfo.h"
+#include "store/ClassSpans.h"
 #include "store/ObjectHeader.h"
 
 namespace corvane {
@@ -110,7 +110,7 @@ bool ScoreStream::Next(Record& record) {
         if (static_cast<size_t>(id) > _header.classes.size()) return Fail("an id beyond the table of names");
         record.word = _header.classes[static_cast<size_t>(id) - 1];
         if (record.word == kAbstractStaff) return Fail("an object of the abstract class Staff");
-        record.length = ObjDim(InfoOf(record.word)->size);
+        record.length = ClassSpans::OfWord(record.word) - kWordSize;
     }
     if (_bytes.size() - _at < kWordSize + record.length + slack) return Fail("an object that is cut short");
     record.at = _at - _header.stream;
