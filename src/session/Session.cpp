@@ -7,6 +7,7 @@
 #include "layout/PageFit.h"
 #include "layout/PageLayout.h"
 #include "model/ClassTable.h"
+#include "model/Preferences.h"
 #include "model/ScoreCheck.h"
 #include "model/SymbolTable.h"
 #include "session/Journals.h"

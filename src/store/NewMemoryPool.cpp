@@ -260,7 +260,7 @@ std::unordered_set<const void*> NewMemoryPool::Living(std::span<const void* cons
                 continue;
             }
             if (word != 0 && wanted.contains(place + kWordSize)) living.insert(place + kWordSize);
-            place += word == 0 ? kGranule : SpanOfWord(word);
+            place += word == 0 ? kGranule : ClassSpans::OfWord(word);
         }
     }
     return living;
