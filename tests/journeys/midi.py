@@ -16,7 +16,7 @@ class Monitor:
         self.path = desk.path("midi")
         desk.env["JACK_DEFAULT_SERVER"] = f"corvane-journey-{os.getpid()}"
         # Waiting for its clients in each period, it loses nothing on a machine that has other work.
-        desk.spawn(["jackd", "--no-realtime", "--sync", "--timeout", "5000", "--name",
+        desk.spawn(["jackd", "--no-realtime", "--sync", "--timeout", "2000", "--name",
                     desk.env["JACK_DEFAULT_SERVER"], "-d", "dummy", "-r", "48000", "-p", str(PERIOD)])
         wait_for(lambda: "system:" in desk.run("jack_lsp"), "the MIDI server")
         desk.spawn(["stdbuf", "-oL", "jack_midi_dump", "-a", "monitor"], into=self.path)
