@@ -89,7 +89,7 @@ protected:
         atStaff->_y = -3000;
         auto* shared = Make<MarkText>();
         textMarks.Add(atStaff, shared);
-        allStaffTextMarks.Add(allStaffStaffs.ParentOf(Crossing(1, 1)->_staff.Get()), shared);
+        allStaffTextMarks.Add(allStaffStaffs.ParentOf(As<SimpleStaff>(Crossing(1, 1)->_staff.Get())), shared);
     }
 
     // From one measure of the lowest staff to the next.
