@@ -152,6 +152,12 @@ const MenuRow kRows[] = {
     {kView, kZoomOutId, "Zoom o&ut", "Ctrl+-", [](MainFrame& f) { f.CurrentView()->StepZoom(-1); }, HasScore, {}, {}, ToolPicture::ZoomOut},
 
     {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
+    {kNotes, 40020, "S&lur", "Ctrl+Shift+L"},
+    {kNotes, 40021, "&Crescendo", ""},
+    {kNotes, 40022, "D&iminuendo", ""},
+    {kNotes, 40023, "&Octave Line", ""},
+    {kNotes, 40024, "T&rill Line", ""},
+    {kNotes, 40025, "Pe&dal Line", ""},
     {kNotes, 0},
     {kNotes, 32808, "Auto &Beaming", "", {}, {}, IsSwitchOn<&S::autoBeam>},
     {kNotes, 32809, "Auto &Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
