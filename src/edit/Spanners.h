@@ -25,6 +25,8 @@ Status TieNotesOf(WindowTarn& window, const std::vector<GenericNote*>& notes);
 void SetTie(WindowTarn& window, GenericNote* first, GenericNote* second);
 // Takes the tie between two notes away, if there is one.
 void DeleteTieBetween(WindowTarn& window, GenericNote* a, GenericNote* b);
+// Parts what a new event has come between: the event before it from what that was tied to behind it.
+void CutTiesOver(WindowTarn& window, const VoiceSymbol* symbol);
 // Gives all notes that ties join to this one its alteration; belongs to a change of it.
 void AlterTiedNotes(WindowTarn& window, GenericNote* note);
 

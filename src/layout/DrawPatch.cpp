@@ -15,7 +15,7 @@ namespace {
 enum class Hits { Rectangle, Outline, Never };
 enum class When { InOrder, Late };
 
-constexpr int32_t kReach = 40;  // of a press beside a line, page units
+constexpr int32_t kReach = 30;  // of a press beside a line, page units
 
 double DistanceFrom(Point a, Point b, Point p) {
     const double dx = b.x - a.x, dy = b.y - a.y, square = dx * dx + dy * dy;

@@ -21,9 +21,10 @@ constexpr int32_t kTip = 7, kMiddle = 26, kShoulder = 280;
 // The arch's usual height: towards the highest with growing length, half of it at the half length (line
 // distances).
 constexpr double kHighest = 3.0, kHalfLength = 11.0, kLeast = 0.35;
-// No arch is higher than this part of its length plus one line distance: its tips are lifted instead, in
-// steps.
+// No arch is higher than this part of its length plus one line distance, nor is it raised much for what
+// stands beside a tip: its tips are lifted instead, in steps.
 constexpr double kHighestPart = 0.28, kLift = 0.25, kSteepest = 0.6;
+constexpr double kBesideTip = 0.2, kRaisedBeside = 1.2;
 constexpr int kMostLifts = 60;
 
 const VoiceSymbol* EventOf(const void* object) {
@@ -142,16 +143,30 @@ private:
         return beyond / (4 * t * (1 - t));
     }
 
+    // What obstacles ask of the arch, and where along it stands what asks most.
+    struct Demand {
+        double height = 0, where = 0.5;
+    };
+    Demand DemandOf(bool besideTips) const {
+        Demand demand;
+        for (const Point p : _obstacles) {
+            double along = 0;
+            const double over = HeightOver(p, along);
+            if ((along < kBesideTip || along > 1 - kBesideTip) == besideTips && over > demand.height)
+                demand = {over, along};
+        }
+        return demand;
+    }
+
     // Lifts the tips as far as the arch alone would become too high, the one nearer to what asks for it.
     double Fit() {
         for (int lift = 0;; ++lift) {
-            double height = UsualHeight(), where = 0.5;
-            for (const Point p : _obstacles) {
-                double along = 0;
-                if (const double over = HeightOver(p, along); over > height) height = over, where = along;
-            }
-            const double most = std::max(UsualHeight(), kHighestPart * Length() + _space);
-            if (height <= most || lift == kMostLifts) return std::min(height, most);
+            const double usual = UsualHeight(), most = std::max(usual, kHighestPart * Length() + _space);
+            const Demand between = DemandOf(false), beside = DemandOf(true);
+            const double height = std::max(usual, between.height);
+            const bool fits = height <= most && beside.height <= std::max(height, usual * kRaisedBeside);
+            if (fits || lift == kMostLifts) return std::min(std::max(height, beside.height), most);
+            const double where = height > most ? between.where : beside.where;
             const int32_t step = std::max(1, Round(kLift * _space)) * _out;
             if (where < 0.6) _from.y += step;
             if (where > 0.4) _to.y += step;
@@ -186,8 +201,9 @@ bool IsAbove(const Slur* slur) {
         return slur->_side == static_cast<int32_t>(SlurSide::Above);
     const VoiceSymbol *first = FirstEventOf(slur), *last = LastEventOf(slur);
     if (const Voice* voice = VoicePar(first); StemsAreForced(voice)) return ForcedStemsUp(voice);
+    const int32_t end = MeasurePar(last)->_number;
     const VoiceSymbol* event = first;
-    while (event) {
+    while (event && MeasurePar(event)->_number <= end) {
         const auto* chord = As<Chords>(event);
         if (const Stem* stem = chord ? StemOf(chord) : nullptr; stem && !IsUp(stem->_direction)) return true;
         if (event == last) return false;

@@ -6,6 +6,8 @@
 #include <QMenu>
 #include <QToolBar>
 
+#include "edit/CommandTable.h"
+#include "edit/Spanners.h"
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
 #include "shell/AboutBox.h"
@@ -13,6 +15,7 @@
 #include "shell/PaletteDock.h"
 #include "shell/ScoreView.h"
 #include "shell/ToolStrip.h"
+#include "shell/TupletDialog.h"
 
 namespace corvane {
 namespace {
@@ -69,6 +72,23 @@ void AskPage(MainFrame& frame) {
     const int page = QInputDialog::getInt(&frame, "Go to Page", "Page:", window->CurrentPage()->_pageNumber,
                                           1, count, 1, &chosen);
     if (chosen) frame.GoToPage(page);
+}
+
+void RunIn(MainFrame& frame, int command, const CommandArguments& arguments) {
+    if (const Status status = RunCommand(*frame.CurrentScore(), command, arguments); !status)
+        frame.Tell(status.message());
+}
+
+void AskTuplet(MainFrame& frame) {
+    TupletDialog dialog(&frame, UsualTuplet(frame.CurrentScore()->GetDocument()));
+    if (dialog.exec() == QDialog::Accepted) RunIn(frame, 32805, dialog.Arguments());
+}
+
+void FillOctaves(MainFrame& frame, QMenu& menu) {
+    constexpr const char* kKinds[][2] = {
+        {"Octave &up", "8up"}, {"Octave &down", "8down"}, {"&Two octaves up", "15up"}, {"Two octaves d&own", "15down"}};
+    for (const auto& [text, kind] : kKinds)
+        menu.addAction(text, &frame, [&frame, kind] { RunIn(frame, 40023, {{"kind", kind}}); });
 }
 
 void FillRecent(MainFrame& frame, QMenu& menu) {
@@ -152,10 +172,11 @@ const MenuRow kRows[] = {
     {kView, kZoomOutId, "Zoom o&ut", "Ctrl+-", [](MainFrame& f) { f.CurrentView()->StepZoom(-1); }, HasScore, {}, {}, ToolPicture::ZoomOut},
 
     {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
+    {kNotes, 32805, "T&uplets...", "Ctrl+I", AskTuplet, IsQuietWithScore},
     {kNotes, 40020, "S&lur", "Ctrl+Shift+L"},
     {kNotes, 40021, "&Crescendo", ""},
     {kNotes, 40022, "D&iminuendo", ""},
-    {kNotes, 40023, "&Octave Line", ""},
+    {kNotes, 40023, "&Octave Line", "", nullptr, IsQuietWithScore, {}, FillOctaves},
     {kNotes, 40024, "T&rill Line", ""},
     {kNotes, 40025, "Pe&dal Line", ""},
     {kNotes, 0},

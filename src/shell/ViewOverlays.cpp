@@ -20,7 +20,8 @@ constexpr int kSelectionFill = 70, kSelectionEdge = 150, kBandFill = 35, kBandEd
 const PaletteItem* ItemAtHand() {
     const ToolState& tools = Tools();
     if (tools.toolMode != ModePencil || IsPlaying() || tools.paletteGroup != kNoteGroup) return nullptr;
-    return FindPaletteItem(tools.paletteGroup, tools.items[tools.paletteGroup]);
+    const PaletteItem* item = FindPaletteItem(tools.paletteGroup, tools.items[tools.paletteGroup]);
+    return item && !item->stroke ? item : nullptr;
 }
 
 // Where the item would go.
