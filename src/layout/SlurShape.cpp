@@ -97,7 +97,7 @@ private:
         return false;
     }
 
-    // What the curve has to clear, as corners: notes, rests, accidentals and tuplets between the tips.
+    // What the curve has to clear, as corners: notes, rests, their signs and tuplets between the tips.
     void GatherObstacles() {
         const auto add = [&](const Rect& ink) {
             const int32_t y = (_above ? ink.top : ink.bottom) + Out(kClear);
@@ -109,7 +109,8 @@ private:
                 if (!IsEnd(column)) add(patch.Bounds());
             } else if (const auto* pause = patch.Record<Pause>()) {
                 if (pause != _first && pause != _last) add(patch.Bounds());
-            } else if (patch.Record<Accident>() || patch.Record<MarkIrreg>() || patch.Record<BeamMarker>()) {
+            } else if (patch.Record<Accident>() || patch.Record<SymbolAttribute>() ||
+                       patch.Record<MarkIrreg>() || patch.Record<BeamMarker>() || patch.Record<Tremolo>()) {
                 add(patch.Bounds());
             }
         };
