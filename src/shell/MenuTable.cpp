@@ -6,8 +6,6 @@
 #include <QMenu>
 #include <QToolBar>
 
-#include "edit/CommandTable.h"
-#include "edit/Spanners.h"
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
 #include "shell/AboutBox.h"
@@ -15,7 +13,6 @@
 #include "shell/PaletteDock.h"
 #include "shell/ScoreView.h"
 #include "shell/ToolStrip.h"
-#include "shell/TupletDialog.h"
 
 namespace corvane {
 namespace {
@@ -74,23 +71,6 @@ void AskPage(MainFrame& frame) {
     if (chosen) frame.GoToPage(page);
 }
 
-void RunIn(MainFrame& frame, int command, const CommandArguments& arguments) {
-    if (const Status status = RunCommand(*frame.CurrentScore(), command, arguments); !status)
-        frame.Tell(status.message());
-}
-
-void AskTuplet(MainFrame& frame) {
-    TupletDialog dialog(&frame, UsualTuplet(frame.CurrentScore()->GetDocument()));
-    if (dialog.exec() == QDialog::Accepted) RunIn(frame, 32805, dialog.Arguments());
-}
-
-void FillOctaves(MainFrame& frame, QMenu& menu) {
-    constexpr const char* kKinds[][2] = {
-        {"Octave &up", "8up"}, {"Octave &down", "8down"}, {"&Two octaves up", "15up"}, {"Two octaves d&own", "15down"}};
-    for (const auto& [text, kind] : kKinds)
-        menu.addAction(text, &frame, [&frame, kind] { RunIn(frame, 40023, {{"kind", kind}}); });
-}
-
 void FillRecent(MainFrame& frame, QMenu& menu) {
     int number = 0;
     for (const std::string& path : frame.TheSession().RecentFiles()) {
@@ -125,7 +105,8 @@ bool IsSwitchOn(MainFrame&) {
 using S = EditSwitches;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
 constexpr int kOpenBackupId = 40001;
-constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kNotes = "&Notes",
+constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kScore = "&Score",
+                     *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove", *kNotes = "&Notes",
                      *kTools = "&Tools", *kMidi = "&MIDI", *kHelp = "&Help";
 
 // clang-format off
@@ -171,18 +152,46 @@ const MenuRow kRows[] = {
     {kView, kZoomInId, "Zoom &in", "Ctrl++; Ctrl+=", [](MainFrame& f) { f.CurrentView()->StepZoom(1); }, HasScore, {}, {}, ToolPicture::ZoomIn},
     {kView, kZoomOutId, "Zoom o&ut", "Ctrl+-", [](MainFrame& f) { f.CurrentView()->StepZoom(-1); }, HasScore, {}, {}, ToolPicture::ZoomOut},
 
+    {kScoreAdd, 32790, "&Pages..."},
+    {kScoreAdd, 32791, "&Measures..."},
+    {kScoreAdd, 32792, "&Staves..."},
+    {kScoreRemove, 32793, "&Pages..."},
+    {kScoreRemove, 32794, "&Measures..."},
+    {kScoreRemove, 32795, "&Staves..."},
+    {kScore, 0},
+    {kScore, 32779, "&Time Signature..."},
+    {kScore, 32781, "&Key Signature..."},
+    {kScore, 32778, "T&empo..."},
+    {kScore, 32783, "&Barlines..."},
+    {kScore, 32796, "E&ndings..."},
+    {kScore, 32797, "&Coda Phrases..."},
+    {kScore, 0},
+    {kScore, 32780, "Set &Velocity..."},
+    {kScore, 0},
+    {kScore, 32788, "&Measures per System...", "Q"},
+    {kScore, 32789, "Systems per &Page...", "W"},
+    {kScore, 32800, "Autocenter &Systems"},
+    {kScore, 32801, "Aut&ocenter Staves"},
+
     {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
-    {kNotes, 32805, "T&uplets...", "Ctrl+I", AskTuplet, IsQuietWithScore},
+    {kNotes, 32805, "T&uplets...", "Ctrl+I"},
     {kNotes, 40020, "S&lur", "Ctrl+Shift+L"},
     {kNotes, 40021, "&Crescendo", ""},
     {kNotes, 40022, "D&iminuendo", ""},
-    {kNotes, 40023, "&Octave Line", "", nullptr, IsQuietWithScore, {}, FillOctaves},
+    {kNotes, 40023, "&Octave Line...", ""},
     {kNotes, 40024, "T&rill Line", ""},
     {kNotes, 40025, "Pe&dal Line", ""},
     {kNotes, 0},
+    {kNotes, 32819, "Trans&pose..."},
+    {kNotes, 32817, "Change &Durations..."},
+    {kNotes, 33036, "&Enharmonic", "Ctrl+E"},
+    {kNotes, 0},
+    {kNotes, 32815, "&Up", "Ctrl+U"},
+    {kNotes, 32816, "Do&wn", "Ctrl+D"},
+    {kNotes, 0},
     {kNotes, 32808, "Auto &Beaming", "", {}, {}, IsSwitchOn<&S::autoBeam>},
     {kNotes, 32809, "Auto &Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
-    {kNotes, 33153, "&Delete Notes To Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
+    {kNotes, 33153, "Delete Notes To &Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
 
     {kTools, 33044, "&Go to Page...", "Ctrl+Shift+G", AskPage, HasScore},
 
