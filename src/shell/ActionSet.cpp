@@ -34,6 +34,8 @@ QMenu& ActionSet::MenuOf(const QString& path) {
 }
 
 void ActionSet::Add(QMenu& menu, const MenuRow& row) {
+    if (const auto known = _actions.find(row.id); known != _actions.end())
+        return menu.addAction(known->second);  // an entry of two menus
     auto* action = new QAction(row.text, this);
     action->setShortcuts(QKeySequence::listFromString(row.keys));
     action->setCheckable(row.checked != nullptr);

@@ -10,7 +10,10 @@
 #include "edit/WindowTarn.h"
 #include "shell/AboutBox.h"
 #include "shell/MainFrame.h"
+#include "shell/MixerDock.h"
 #include "shell/PaletteDock.h"
+#include "shell/PlayDock.h"
+#include "shell/RecordSetup.h"
 #include "shell/ScoreView.h"
 #include "shell/ToolStrip.h"
 
@@ -137,6 +140,8 @@ const MenuRow kRows[] = {
     {kEdit, 57641, "Select &Nothing", "Esc"},
 
     {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
+    {kView, 32859, "&Accompany", "", TogglePart<PlayDock, &MainFrame::PlayPalette>, {}, IsPartShown<PlayDock, &MainFrame::PlayPalette>},
+    {kView, 33050, "&Mixer", "", TogglePart<MixerDock, &MainFrame::Mixer>, HasScore, IsPartShown<MixerDock, &MainFrame::Mixer>},
     {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},
     {kView, 33129, "Voice &Coloring", "", ToggleColours, {}, IsColouring},
     {kView, 0},
@@ -197,9 +202,11 @@ const MenuRow kRows[] = {
 
     {kTools, 33044, "&Go to Page...", "Ctrl+Shift+G", AskPage, HasScore},
 
+    {kMidi, 33050, "&Mixer", "", TogglePart<MixerDock, &MainFrame::Mixer>, HasScore, IsPartShown<MixerDock, &MainFrame::Mixer>},
     {kMidi, kPlayId, "&Play\tSpace", "", Play, IsQuietWithScore, {}, {}, ToolPicture::Play},
     {kMidi, kStopId, "&Stop\tSpace", "", [](MainFrame& f) { f.Player().Stop(); }, Plays, {}, {}, ToolPicture::Stop},
     {kMidi, 33118, "P&anic", "Ctrl+F", [](MainFrame& f) { f.Player().Panic(); }},
+    {kMidi, 33053, "Accompany - &Record Setup", "", [](MainFrame& f) { RecordSetup(f).exec(); }, IsQuiet},
     {kMidi, 0},
     {kMidi, 33130, "Playback &notes", "", {}, {}, IsSwitchOn<&S::playbackNotes>},
 
