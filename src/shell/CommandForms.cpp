@@ -177,8 +177,9 @@ constexpr CommandForm kForms[] = {
 }  // namespace
 
 const CommandForm* FindForm(int id) {
-    for (const CommandForm& form : kForms)
-        if (form.id == id) return &form;
+    for (const std::span<const CommandForm> forms : {std::span<const CommandForm>(kForms), LayoutForms()})
+        for (const CommandForm& form : forms)
+            if (form.id == id) return &form;
     return nullptr;
 }
 

@@ -10,7 +10,10 @@
 #include "edit/WindowTarn.h"
 #include "shell/AboutBox.h"
 #include "shell/MainFrame.h"
+#include "shell/MixerDock.h"
 #include "shell/PaletteDock.h"
+#include "shell/PlayDock.h"
+#include "shell/RecordSetup.h"
 #include "shell/ScoreView.h"
 #include "shell/ToolStrip.h"
 
@@ -120,6 +123,7 @@ const MenuRow kRows[] = {
     {kFile, kSaveId, "&Save", "Ctrl+S", OnScore<&FileActions::Save>, IsQuietWithScore, {}, {}, ToolPicture::Save},
     {kFile, 57604, "Sa&ve as...", "Ctrl+Shift+S", OnScore<&FileActions::SaveAs>, IsQuietWithScore},
     {kFile, 33180, "&Export...", "Ctrl+Shift+E", WithScore<&FileActions::Export>, IsQuietWithScore},
+    {kFile, 57606, "Page Set&up..."},
     {kFile, 57607, "&Print...", "Ctrl+P", WithScore<&FileActions::Print>, IsQuietWithScore},
     {kFile, 0},
     {kFile, 57665, "E&xit", "Ctrl+Q", [](MainFrame& f) { f.close(); }},
@@ -136,6 +140,8 @@ const MenuRow kRows[] = {
     {kEdit, 57641, "Select &Nothing", "Esc"},
 
     {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
+    {kView, 32859, "&Accompany", "", TogglePart<PlayDock, &MainFrame::PlayPalette>, {}, IsPartShown<PlayDock, &MainFrame::PlayPalette>},
+    {kView, 33050, "&Mixer", "", TogglePart<MixerDock, &MainFrame::Mixer>, HasScore, IsPartShown<MixerDock, &MainFrame::Mixer>},
     {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},
     {kView, 33129, "Voice &Coloring", "", ToggleColours, {}, IsColouring},
     {kView, 0},
@@ -172,6 +178,11 @@ const MenuRow kRows[] = {
     {kScore, 32789, "Systems per &Page...", "W"},
     {kScore, 32800, "Autocenter &Systems"},
     {kScore, 32801, "Aut&ocenter Staves"},
+    {kScore, 0},
+    {kScore, 32776, "Modi&fy Page..."},
+    {kScore, 32777, "Staff Settin&gs..."},
+    {kScore, 32786, "Spac&ing Options..."},
+    {kScore, 32787, "Instr&ument Name Options..."},
 
     {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
     {kNotes, 32805, "T&uplets...", "Ctrl+I"},
@@ -189,15 +200,20 @@ const MenuRow kRows[] = {
     {kNotes, 32815, "&Up", "Ctrl+U"},
     {kNotes, 32816, "Do&wn", "Ctrl+D"},
     {kNotes, 0},
+    {kNotes, 32807, "Spacin&g...", "Ctrl+J"},
+    {kNotes, 33177, "Spacing Tab&le..."},
+    {kNotes, 0},
     {kNotes, 32808, "Auto &Beaming", "", {}, {}, IsSwitchOn<&S::autoBeam>},
     {kNotes, 32809, "Auto &Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
     {kNotes, 33153, "Delete Notes To &Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
 
     {kTools, 33044, "&Go to Page...", "Ctrl+Shift+G", AskPage, HasScore},
 
+    {kMidi, 33050, "&Mixer", "", TogglePart<MixerDock, &MainFrame::Mixer>, HasScore, IsPartShown<MixerDock, &MainFrame::Mixer>},
     {kMidi, kPlayId, "&Play\tSpace", "", Play, IsQuietWithScore, {}, {}, ToolPicture::Play},
     {kMidi, kStopId, "&Stop\tSpace", "", [](MainFrame& f) { f.Player().Stop(); }, Plays, {}, {}, ToolPicture::Stop},
     {kMidi, 33118, "P&anic", "Ctrl+F", [](MainFrame& f) { f.Player().Panic(); }},
+    {kMidi, 33053, "Accompany - &Record Setup", "", [](MainFrame& f) { RecordSetup(f).exec(); }, IsQuiet},
     {kMidi, 0},
     {kMidi, 33130, "Playback &notes", "", {}, {}, IsSwitchOn<&S::playbackNotes>},
 
