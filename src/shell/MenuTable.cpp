@@ -185,6 +185,13 @@ const MenuRow kRows[] = {
     {kScore, 32787, "Instr&ument Name Options..."},
 
     {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
+    {kNotes, 32805, "T&uplets...", "Ctrl+I"},
+    {kNotes, 40020, "S&lur", "Ctrl+Shift+L"},
+    {kNotes, 40021, "&Crescendo", ""},
+    {kNotes, 40022, "D&iminuendo", ""},
+    {kNotes, 40023, "&Octave Line...", ""},
+    {kNotes, 40024, "T&rill Line", ""},
+    {kNotes, 40025, "Pe&dal Line", ""},
     {kNotes, 0},
     {kNotes, 32819, "Trans&pose..."},
     {kNotes, 32817, "Change &Durations..."},
