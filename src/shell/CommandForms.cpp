@@ -63,6 +63,18 @@ constexpr O kValues[] = {
 };
 constexpr O kVelocities[] = {{"Set all notes to", ""}, {"Crescendo-diminuendo", ""}};
 
+constexpr O kTupletFigures[] = {
+    {"The number, and the ratio where it is unusual", "figure=usual"}, {"The number", "figure=number"},
+    {"The ratio", "figure=ratio"}, {"None", "figure=none"},
+};
+constexpr O kTupletBrackets[] = {
+    {"Unless one beam holds the notes", "bracket=unbeamed"}, {"Always", "bracket=always"}, {"None", "bracket=none"},
+};
+constexpr O kOctaves[] = {
+    {"Octave up", "kind=8up"}, {"Octave down", "kind=8down"}, {"Two octaves up", "kind=15up"},
+    {"Two octaves down", "kind=15down"},
+};
+
 // ---- fields that several forms have
 
 constexpr F kMeasure{.label = "&Measure:", .name = "measure", .usual = "1", .least = 1, .reach = Reach::Measures};
@@ -140,6 +152,14 @@ constexpr F kVelocity[] = {
     {.label = "&End value:", .name = "end", .usual = "64", .least = 0, .most = 127, .modes = kSecond},
 };
 
+constexpr F kTuplet[] = {
+    {.label = "&Notes:", .name = "count", .usual = "3", .least = 2, .most = 99},
+    {.label = "In the &time of:", .name = "in", .usual = "2", .least = 1, .most = 99},
+    {.label = "&Figure:", .name = "", .options = kTupletFigures},
+    {.label = "&Bracket:", .name = "", .options = kTupletBrackets},
+};
+constexpr F kOctaveLine[] = {{.label = "&Sounding:", .name = "", .options = kOctaves}};
+
 constexpr const char* kManyMeasures = "Are you sure you want to insert more than 15 measures?";
 constexpr const char* kManySystems = "Are you sure you want to insert more than 15 systems?";
 
@@ -149,6 +169,7 @@ constexpr CommandForm kForms[] = {
     {32790, kAddPages}, {32791, kAddMeasures, "", false, kManyMeasures}, {32792, kAddStaves},
     {32793, kRemovePages}, {32794, kRemoveMeasures}, {32795, kRemoveStaves},
     {32788, kFlowMeasures, "", false, kManyMeasures}, {32789, kFlowSystems, "", false, kManySystems},
+    {32805, kTuplet, "The same tuplet again takes it away.", true}, {40023, kOctaveLine, "", true},
     {32817, kDurations, "", true}, {32819, kTranspose, "", true},
 };
 // clang-format on
@@ -156,8 +177,9 @@ constexpr CommandForm kForms[] = {
 }  // namespace
 
 const CommandForm* FindForm(int id) {
-    for (const CommandForm& form : kForms)
-        if (form.id == id) return &form;
+    for (const std::span<const CommandForm> forms : {std::span<const CommandForm>(kForms), LayoutForms()})
+        for (const CommandForm& form : forms)
+            if (form.id == id) return &form;
     return nullptr;
 }
 

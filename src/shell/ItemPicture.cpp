@@ -46,6 +46,58 @@ void AddStem(ItemPicture& picture, int flag) {
     }
 }
 
+// ---- What spans a stretch
+
+void AddArc(ItemPicture& picture, Point from, int32_t width, int32_t height) {
+    constexpr int kPieces = 8;
+    const auto at = [&](int i) {
+        const int32_t rise = height * 4 * i * (kPieces - i) / (kPieces * kPieces);
+        return Point{from.x + width * i / kPieces, from.y + rise};
+    };
+    for (int i = 0; i < kPieces; ++i) picture.lines.push_back({at(i), at(i + 1)});
+}
+
+void AddTie(ItemPicture& picture, const PaletteItem&) {
+    for (const int32_t dx : {0, 260})
+        for (GlyphPart part : GlyphsOf("Quarto")) {
+            part.dx += dx;
+            picture.glyphs.push_back(part);
+        }
+    AddArc(picture, {70, 75}, 240, 40);
+}
+void AddSlur(ItemPicture& picture, const PaletteItem&) { AddArc(picture, {0, 0}, 380, -100); }
+void AddHairpin(ItemPicture& picture, const PaletteItem&) {
+    for (const int32_t y : {-65, 65}) picture.lines.push_back({{0, 0}, {360, y}});
+}
+void AddPedal(ItemPicture& picture, const PaletteItem&) {
+    picture.lines = {{{0, -90}, {0, 0}}, {{0, 0}, {360, 0}}, {{360, 0}, {360, -90}}};
+}
+void AddOctave(ItemPicture& picture, const PaletteItem& item) {
+    const bool down = std::string_view(item.descriptor).find("Giu") != std::string_view::npos;
+    picture.glyphs = GlyphsOf(CanonicalSymbolName(item.descriptor));
+    const Rect sign = InkOf(picture);
+    const int32_t y = down ? sign.bottom : sign.top, left = sign.right + 30, right = left + 120;
+    picture.lines = {{{left, y}, {right, y}}, {{right, y}, {right, y + (down ? -90 : 90)}}};
+}
+void AddTrill(ItemPicture& picture, const PaletteItem& item) {
+    picture.glyphs = GlyphsOf(CanonicalSymbolName(item.descriptor));
+    for (int i = 0; i < 3; ++i) {
+        const int32_t right = InkOf(picture).right;
+        for (GlyphPart part : GlyphsOf(CanonicalSymbolName("_TrilloBracket_"))) {
+            part.dx += right;
+            picture.glyphs.push_back(part);
+        }
+    }
+}
+
+constexpr struct {
+    int group, item;
+    void (*add)(ItemPicture& picture, const PaletteItem& item);
+} kSpanners[] = {
+    {1, kTieItem, AddTie}, {1, 28, AddSlur},  {3, 18, AddHairpin}, {5, 2, AddTrill}, {6, 3, AddOctave},
+    {6, 4, AddOctave},     {6, 5, AddOctave}, {6, 6, AddOctave},   {6, 13, AddPedal},
+};
+
 // The line that the rest hangs from or stands on.
 void AddShelf(ItemPicture& picture, bool hangs) {
     const Rect ink = InkOf(picture);
@@ -74,6 +126,12 @@ ItemPicture GhostPicture(const PaletteItem& item) {
 }
 
 ItemPicture WholePicture(const PaletteItem& item) {
+    for (const auto& spanner : kSpanners)
+        if (spanner.group == item.group && spanner.item == item.item) {
+            ItemPicture picture;
+            spanner.add(picture, item);
+            return picture;
+        }
     ItemPicture picture = GhostPicture(item);
     if (IsNote(item) && item.item >= kHalfNote) AddStem(picture, FlagValue(item));
     if (item.item == kWholeRest || item.item == kHalfRest) AddShelf(picture, item.item == kWholeRest);
