@@ -28,7 +28,7 @@ bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
 const Command* FindCommand(int id) {
     for (const CommandFamily family :
          {CommandFamily(kUndo), ClipboardCommands(), SwitchCommands(), SignCommands(), SelectionCommands(),
-          StructureCommands(), SpannerCommands(), LayoutCommands()})
+          StructureCommands(), SpannerCommands(), LayoutCommands(), TextCommands()})
         for (const Command& command : family)
             if (command.id == id) return &command;
     return nullptr;

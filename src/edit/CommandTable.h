@@ -25,6 +25,7 @@ CommandFamily SelectionCommands();
 CommandFamily StructureCommands();
 CommandFamily SpannerCommands();
 CommandFamily LayoutCommands();
+CommandFamily TextCommands();
 
 // When commands can act.
 bool NotPlaying(const WindowTarn& window);

@@ -11,6 +11,7 @@
 #include "shell/ActionSet.h"
 #include "shell/AuditionPlayer.h"
 #include "shell/PaletteDock.h"
+#include "shell/SymbolDock.h"
 #include "shell/ScoreTabs.h"
 #include "shell/ScoreView.h"
 #include "shell/StatusLine.h"
@@ -57,12 +58,15 @@ MainFrame::MainFrame(SessionParts parts, SettingsStore& settings)
     connect(_tabs, &QTabWidget::currentChanged, this, [this] { TabChanged(); });
     _palette = new PaletteDock;
     addDockWidget(Qt::LeftDockWidgetArea, _palette);
+    _symbols = new SymbolDock;
+    addDockWidget(Qt::LeftDockWidgetArea, _symbols);
     _actions = std::make_unique<ActionSet>(*this);
     _toolStrip = new ToolStrip(*this);
     addToolBar(_toolStrip);
     _status = new StatusLine;
     setStatusBar(_status);
     connect(_palette, &QDockWidget::visibilityChanged, this, [this] { RefreshActions(); });
+    connect(_symbols, &QDockWidget::visibilityChanged, this, [this] { RefreshActions(); });
     connect(_toolStrip, &QToolBar::visibilityChanged, this, [this] { RefreshActions(); });
     BeginAuditions();
     RestorePlace();
@@ -72,7 +76,7 @@ MainFrame::MainFrame(SessionParts parts, SettingsStore& settings)
 MainFrame::~MainFrame() {
     EndAuditions();
     _safety.stop();
-    for (QObject* part : std::initializer_list<QObject*>{_palette, _toolStrip, _tabs}) part->disconnect(this);
+    for (QObject* part : std::initializer_list<QObject*>{_palette, _symbols, _toolStrip, _tabs}) part->disconnect(this);
     delete _tabs;  // the views before the scores that they show
 }
 
@@ -185,6 +189,7 @@ void MainFrame::ScrollTo(WindowTarn& window, const Rect& units) {
 
 void MainFrame::ToolChanged() {
     _palette->ToolChanged();
+    _symbols->ToolChanged();
     _toolStrip->Refresh();
     _status->ToolChanged();
     if (ScoreView* view = CurrentView()) view->ToolChanged();
@@ -211,6 +216,7 @@ void MainFrame::RefreshActions() {
     _actions->Refresh();
     _toolStrip->Refresh();
     _palette->setEnabled(CurrentScore() && !IsPlaying());
+    _symbols->setEnabled(CurrentScore() && !IsPlaying());
 }
 
 void MainFrame::ShowWindowTitle() {

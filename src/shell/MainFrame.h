@@ -17,6 +17,7 @@ namespace corvane {
 
 class ActionSet;
 class PaletteDock;
+class SymbolDock;
 class ScoreTabs;
 class ScoreView;
 class StatusLine;
@@ -37,6 +38,7 @@ public:
     PlayControl& Player() { return _player; }
     ScoreTabs& Tabs() { return *_tabs; }
     PaletteDock& NotePalette() { return *_palette; }
+    SymbolDock& SymbolPalettes() { return *_symbols; }
     ToolStrip& Toolbar() { return *_toolStrip; }
     ActionSet& Actions() { return *_actions; }
     WindowTarn* CurrentScore();  // null for none
@@ -87,6 +89,7 @@ private:
     QTimer _safety;  // of unsaved work
     ScoreTabs* _tabs;
     PaletteDock* _palette = nullptr;
+    SymbolDock* _symbols = nullptr;
     std::unique_ptr<ActionSet> _actions;
     ToolStrip* _toolStrip = nullptr;
     StatusLine* _status = nullptr;

@@ -6,12 +6,14 @@
 #include <QMenu>
 #include <QToolBar>
 
+#include "edit/ScoreTexts.h"
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
 #include "shell/AboutBox.h"
 #include "shell/MainFrame.h"
 #include "shell/PaletteDock.h"
 #include "shell/ScoreView.h"
+#include "shell/SymbolDock.h"
 #include "shell/ToolStrip.h"
 
 namespace corvane {
@@ -93,6 +95,28 @@ bool IsPartShown(MainFrame& frame) {
     return !(frame.*Get)().isHidden();
 }
 
+// Hides the palette that is shown, else shows it.
+template <int Group>
+bool IsPaletteShown(MainFrame& frame) {
+    const SymbolDock& dock = frame.SymbolPalettes();
+    return !dock.isHidden() && dock.Group() == Group;
+}
+template <int Group>
+void TogglePalette(MainFrame& frame) {
+    const bool shown = IsPaletteShown<Group>(frame);
+    frame.SymbolPalettes().ShowGroup(Group);
+    frame.SymbolPalettes().setVisible(!shown);
+}
+
+void AskTitle(MainFrame& frame) {
+    WindowTarn* window = frame.CurrentScore();
+    bool chosen = false;
+    const QString title = QInputDialog::getText(&frame, "Title", "Title of the score:", QLineEdit::Normal,
+                                                QString::fromStdString(std::string(TitleOf(window->GetDocument()))),
+                                                &chosen);
+    if (chosen) ChangeTitle(*window, title.toStdString());
+}
+
 bool IsColouring(MainFrame& frame) { return frame.ColoursVoices(); }
 void ToggleColours(MainFrame& frame) { frame.ColourVoices(!frame.ColoursVoices()); }
 void Play(MainFrame& frame) { frame.Player().Start(*frame.CurrentScore()); }
@@ -135,6 +159,13 @@ const MenuRow kRows[] = {
     {kEdit, 57641, "Select &Nothing", "Esc"},
 
     {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
+    {kView, 32868, "&Clefs Palette", "", TogglePalette<2>, {}, IsPaletteShown<2>},
+    {kView, 32866, "&Dynamics Palette", "", TogglePalette<3>, {}, IsPaletteShown<3>},
+    {kView, 32867, "&Articulations Palette", "", TogglePalette<4>, {}, IsPaletteShown<4>},
+    {kView, 32870, "Symbols &1 Palette", "", TogglePalette<5>, {}, IsPaletteShown<5>},
+    {kView, 32871, "Symbols &2 Palette", "", TogglePalette<6>, {}, IsPaletteShown<6>},
+    {kView, 32872, "Symbols &3 Palette", "", TogglePalette<7>, {}, IsPaletteShown<7>},
+    {kView, 32869, "Te&xt Palette", "", TogglePalette<8>, {}, IsPaletteShown<8>},
     {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},
     {kView, 33129, "Voice &Coloring", "", ToggleColours, {}, IsColouring},
     {kView, 0},
@@ -157,6 +188,7 @@ const MenuRow kRows[] = {
     {kNotes, 32809, "Auto &Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
     {kNotes, 33153, "&Delete Notes To Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
 
+    {kTools, 40011, "&Title...", "", AskTitle, IsQuietWithScore},
     {kTools, 33044, "&Go to Page...", "Ctrl+Shift+G", AskPage, HasScore},
 
     {kMidi, kPlayId, "&Play\tSpace", "", Play, IsQuietWithScore, {}, {}, ToolPicture::Play},
