@@ -21,6 +21,7 @@ using CommandFamily = std::span<const Command>;
 CommandFamily SwitchCommands();
 CommandFamily ClipboardCommands();
 CommandFamily SignCommands();
+CommandFamily NoteCommands();
 CommandFamily SelectionCommands();
 CommandFamily StructureCommands();
 CommandFamily SpannerCommands();

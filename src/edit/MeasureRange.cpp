@@ -10,12 +10,6 @@ namespace {
 
 constexpr int kMostMeasures = 1 << 24;
 
-Measure* FirstMeasure(const Page* page) {
-    for (const System* system : pageSystems.Of(page))
-        if (Measure* measure = systemMeasures.First(system)) return measure;
-    return nullptr;
-}
-
 bool StartsBehind(const Page* page, int number) {
     const Measure* first = FirstMeasure(page);
     return first && first->_number > number;
@@ -31,24 +25,24 @@ Measure* OnPage(const Page* page, int number) {
     return nullptr;
 }
 
-// Where a command works that is not told.
-MeasureRange MeasuresAtHand(WindowTarn& window) {
-    MeasureRange range = SelectedMeasures(window);
-    if (!range.first) range.first = range.last = window.caret.measure;
-    return range;
-}
-
 }  // namespace
+
+Measure* FirstMeasure(const Page* page) {
+    for (const System* system : pageSystems.Of(page))
+        if (Measure* measure = systemMeasures.First(system)) return measure;
+    return nullptr;
+}
 
 MeasureRange SelectedMeasures(WindowTarn& window) {
     SetSelectionAnchors(window);
-    MeasureRange range;
-    for (const MeasureStaff* crossing : SelectedMeasureStaffs()) {
-        Measure* measure = MeasurePar(crossing);
-        if (!range.first || measure->_number < range.first->_number) range.first = measure;
-        if (!range.last || measure->_number > range.last->_number) range.last = measure;
-    }
+    const MeasureRange range = SpanOf(SelectedMeasureStaffs());
     ClearSelectionAnchors();
+    return range;
+}
+
+MeasureRange MeasuresAtHand(WindowTarn& window) {
+    MeasureRange range = SelectedMeasures(window);
+    if (!range.first) range.first = range.last = window.caret.measure;
     return range;
 }
 

@@ -103,7 +103,7 @@ struct Stem : BeamSymbol,
     static constexpr int16_t kClass = 22;
     static constexpr bool IsHeir(int16_t n) { return n == 22; }
     Stored<StemDirection> _direction;
-    Filler<1> _filler23;
+    Stored<uint8_t> _pointed;  // 1: a person has said up or down; else it points by the rules
     Stored<int32_t> _slant;   // kVerticalStem or a divisor
     Stored<int32_t> _x;       // per mille of the note area
     Stored<int32_t> _length;  // beyond the outer head, hundredths of a line distance

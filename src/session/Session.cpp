@@ -142,11 +142,11 @@ Status Session::Save(WindowTarn& window, const std::string& path) {
     const Status saved = ReplaceFile(*_parts.files, path, bytes);
     if (!kept) Notify(Severity::Message, kept.message());
     if (!saved) return saved;
-    if (foreign && kept) Notify(Severity::Message, ForeignMessage(path));
     if (_backups) _backups->Wrote(path, bytes);
     window.Pool()->SetModified(false);
     window.SetIdentity(FileName(path), path, false, false);
     Remember(path);
+    if (foreign && kept) Notify(Severity::Message, ForeignMessage(path));
     return Status::Ok();
 }
 

@@ -129,7 +129,8 @@ bool IsSwitchOn(MainFrame&) {
 using S = EditSwitches;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
 constexpr int kOpenBackupId = 40001;
-constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kNotes = "&Notes",
+constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kScore = "&Score",
+                     *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove", *kNotes = "&Notes",
                      *kTools = "&Tools", *kMidi = "&MIDI", *kHelp = "&Help";
 
 // clang-format off
@@ -182,11 +183,39 @@ const MenuRow kRows[] = {
     {kView, kZoomInId, "Zoom &in", "Ctrl++; Ctrl+=", [](MainFrame& f) { f.CurrentView()->StepZoom(1); }, HasScore, {}, {}, ToolPicture::ZoomIn},
     {kView, kZoomOutId, "Zoom o&ut", "Ctrl+-", [](MainFrame& f) { f.CurrentView()->StepZoom(-1); }, HasScore, {}, {}, ToolPicture::ZoomOut},
 
+    {kScoreAdd, 32790, "&Pages..."},
+    {kScoreAdd, 32791, "&Measures..."},
+    {kScoreAdd, 32792, "&Staves..."},
+    {kScoreRemove, 32793, "&Pages..."},
+    {kScoreRemove, 32794, "&Measures..."},
+    {kScoreRemove, 32795, "&Staves..."},
+    {kScore, 0},
+    {kScore, 32779, "&Time Signature..."},
+    {kScore, 32781, "&Key Signature..."},
+    {kScore, 32778, "T&empo..."},
+    {kScore, 32783, "&Barlines..."},
+    {kScore, 32796, "E&ndings..."},
+    {kScore, 32797, "&Coda Phrases..."},
+    {kScore, 0},
+    {kScore, 32780, "Set &Velocity..."},
+    {kScore, 0},
+    {kScore, 32788, "&Measures per System...", "Q"},
+    {kScore, 32789, "Systems per &Page...", "W"},
+    {kScore, 32800, "Autocenter &Systems"},
+    {kScore, 32801, "Aut&ocenter Staves"},
+
     {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
+    {kNotes, 0},
+    {kNotes, 32819, "Trans&pose..."},
+    {kNotes, 32817, "Change &Durations..."},
+    {kNotes, 33036, "&Enharmonic", "Ctrl+E"},
+    {kNotes, 0},
+    {kNotes, 32815, "&Up", "Ctrl+U"},
+    {kNotes, 32816, "Do&wn", "Ctrl+D"},
     {kNotes, 0},
     {kNotes, 32808, "Auto &Beaming", "", {}, {}, IsSwitchOn<&S::autoBeam>},
     {kNotes, 32809, "Auto &Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
-    {kNotes, 33153, "&Delete Notes To Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
+    {kNotes, 33153, "Delete Notes To &Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
 
     {kTools, 40011, "&Title...", "", AskTitle, IsQuietWithScore},
     {kTools, 33044, "&Go to Page...", "Ctrl+Shift+G", AskPage, HasScore},

@@ -7,6 +7,7 @@
 
 #include "base/Assert.h"
 #include "base/BigEndian.h"
+#include "store/NamedClasses.h"
 #include "store/ClassSpans.h"
 
 namespace corvane {
@@ -116,7 +117,7 @@ const LinkField* ClassInfo::EndOf(LinkRole role, uint16_t relation, char family)
 }
 
 void Administrator::Rebind(void* object, const ClassInfo& info) {
-    if (info.size < 4 || info.number == 11) return;  // Stringa has no behaviour word
+    if (info.size < 4 || info.number == named::kStringa) return;  // Stringa has no behaviour word
     const auto word = static_cast<uint32_t>(info.number);
     std::memcpy(object, &word, sizeof word);
     if (info.secondWord) std::memcpy(static_cast<uint8_t*>(object) + info.secondWord, &word, sizeof word);

@@ -7,13 +7,13 @@
 
 #include "base/Assert.h"
 #include "store/ClassInfo.h"
+#include "store/NamedClasses.h"
 #include "store/ObjectHeader.h"
 
 namespace corvane {
 namespace {
 
 constexpr uint16_t kBehaviour = 4;  // bytes of a behaviour word
-constexpr int16_t kStringa = 11, kTempo = 99;
 
 // After the first behaviour word is taken out, these runs of the rest stand elsewhere: copies from the
 // shifted bytes as they were. DO NOT CHANGE: files rest on it.
@@ -43,7 +43,7 @@ Labels Swapped(const ClassInfo& info) {
     Labels labels(info.size);
     for (uint16_t i = 0; i < info.size; ++i) labels[i] = static_cast<uint16_t>(high[i] << 8 | low[i]);
     // Three numbers of a Tempo that its plan leaves out are big-endian all the same.
-    if (info.number == kTempo)
+    if (info.number == named::kTempo)
         for (const uint16_t at : {16, 18, 20}) std::swap(labels[at], labels[at + 1]);
     return labels;
 }
@@ -52,7 +52,7 @@ Labels Swapped(const ClassInfo& info) {
 Labels Moved(const ClassInfo& info) {
     Labels file(info.size);
     std::iota(file.begin(), file.end(), uint16_t{0});
-    if (info.number == kStringa) return file;
+    if (info.number == named::kStringa) return file;
     std::rotate(file.begin(), file.begin() + kBehaviour, file.end());
     const Labels shifted = file;
     for (const Move& m : kMoves)
@@ -71,7 +71,7 @@ Labels Back(const ClassInfo& info, const Labels& file) {
     Labels from(info.size);
     std::iota(from.begin(), from.end(), uint16_t{0});
     const Labels plain = from;
-    if (info.number != kStringa) {
+    if (info.number != named::kStringa) {
         for (const Move& m : kMoves)
             if (m.classNumber == info.number)
                 std::copy_n(plain.begin() + m.to, m.length, from.begin() + m.from);

@@ -7,6 +7,7 @@
 #include "base/StoredSpace.h"
 #include "store/ClassInfo.h"
 #include "store/LegacyReader.h"
+#include "store/NamedClasses.h"
 #include "store/NewMemoryPool.h"
 #include "store/ObjectFileLoader.h"
 #include "store/VerifierEnds.h"
@@ -16,7 +17,6 @@ namespace corvane {
 namespace {
 
 constexpr size_t kMostFindings = 20;
-constexpr int16_t kStringa = 11;
 
 class ScoreLoad {
 public:
@@ -72,7 +72,7 @@ Status ScoreLoad::Fill(std::span<const uint8_t> bytes, const ScoreHeader& header
 }
 
 Status ScoreLoad::CheckDocument() {
-    if (_objects.Count() == 0 || _objects.classes[1] != 1)
+    if (_objects.Count() == 0 || _objects.classes[1] != named::kDocument)
         return Refuse({0, 0, -1, "the Document is not first"});
     _pool.SetDocumentObject(StoredSpace::At<void>(_objects.distances[1]));
     return Status::Ok();
@@ -80,7 +80,8 @@ Status ScoreLoad::CheckDocument() {
 
 // A text that a record of its own holds moves into the field that names the record.
 Status ScoreLoad::EmbedTexts() {
-    if (std::find(_objects.classes.begin(), _objects.classes.end(), kStringa) == _objects.classes.end())
+    if (std::find(_objects.classes.begin(), _objects.classes.end(), named::kStringa) ==
+        _objects.classes.end())
         return Status::Ok();
     std::set<void*> emptied;
     for (uint32_t number = 1; number <= _objects.Count(); ++number) {
@@ -89,7 +90,7 @@ Status ScoreLoad::EmbedTexts() {
         for (const LinkField& link : InfoOfObject(object)->links) {
             if (link.role != LinkRole::Whole || link.aim != Aim::Text) continue;
             auto* stringa = StoredSpace::At<void>(PointerAt(object, link.offset));
-            if (!stringa || ClassNumberOf(stringa) != kStringa) continue;
+            if (!stringa || ClassNumberOf(stringa) != named::kStringa) continue;
             if (!emptied.insert(stringa).second)
                 return Refuse(
                     {number, ClassNumberOf(object), link.offset, "the text belongs to another field too"});

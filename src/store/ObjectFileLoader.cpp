@@ -6,13 +6,12 @@
 #include "base/BigEndian.h"
 #include "base/StoredSpace.h"
 #include "store/FileForm.h"
+#include "store/NamedClasses.h"
 #include "store/NewMemoryPool.h"
 #include "store/ObjectFile.h"
 
 namespace corvane {
 namespace {
-
-constexpr int16_t kTempo = 99;
 
 Status Refuse(Finding& fault, Finding found) {
     fault = std::move(found);
@@ -32,7 +31,7 @@ void MendTempo(uint8_t* tempo) {
     constexpr uint16_t kBeat = 16, kClock = 18, kCount = 20, kEnd = 22;
     struct Reading {
         int16_t beat, clock, count;
-        bool MakesSense() const { return beat >= 1 && beat <= 4095 && clock >= 0 && clock < 32000; }
+        bool MakesSense() const { return beat >= 1 && beat <= 4095 && clock >= 0 && clock < named::kClocksPerBeat; }
     };
     const auto read = [&] {
         return Reading{WordAt(tempo + kBeat), WordAt(tempo + kClock), WordAt(tempo + kCount)};
@@ -82,7 +81,7 @@ Status TakePlaces(NewMemoryPool& pool, std::span<const uint8_t> bytes, const Sco
 
 void FileFormDecoder::ToMemory(const ScoreStream::Record& record, uint8_t* object) {
     FileForm::Of(record.word).Decode(record.data, object);
-    if (record.word == kTempo) MendTempo(object);
+    if (record.word == named::kTempo) MendTempo(object);
 }
 
 bool FileFormDecoder::Decode(const ObjectFilePlaces::Field& field, uint32_t value, PointerTarget& target) {

@@ -70,7 +70,7 @@ bool ObjectFileWriter::EncodeTyped(const uint8_t* object, int16_t number, uint8_
 
 Status ObjectFileWriter::Write() {
     if (_index.Count() > kMostObjects)
-        return {Fault::Refused, "Can't save, the score has more than 16777215 objects"};
+        return {Fault::Refused, "Can't save, the score has more than " + std::to_string(kMostObjects) + " objects"};
     NameClasses();
     WriteHeader(_classes, _out);
     uint32_t number = 0, damaged = 0;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/StoredSpace.h"
+#include "store/NamedClasses.h"
 #include "store/NewMemoryPool.h"
 #include "store/VerifierEnds.h"
 
@@ -54,7 +55,7 @@ void VerifierGraph::CheckObjects(bool pointersProven) {
         ++number;
         const int16_t word = WordOf(object);
         if (word < 0) return;
-        if (word == 1 && (++documents > 1 || number > 1 || object.start != _pool.DocumentObject()))
+        if (word == named::kDocument && (++documents > 1 || number > 1 || object.start != _pool.DocumentObject()))
             Add(object, -1, "a Document that is not the one first object");
         CheckObject(object, word, pointersProven);
     });
