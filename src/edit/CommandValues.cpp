@@ -4,7 +4,9 @@
 
 #include "edit/MeasureRange.h"
 #include "edit/NoteChoice.h"
+#include "edit/ScoreTexts.h"
 #include "layout/SignRecords.h"
+#include "layout/StaffNames.h"
 #include "model/Clefs.h"
 #include "model/Meters.h"
 #include "model/NoteOperations.h"
@@ -142,6 +144,28 @@ void PutVelocities(Values& values) {
     values.Put("end", end);
 }
 
+void PutTitle(Values& values) { values.Put("text", std::string(TitleOf(values.Score()))); }
+
+// Of the first staff.
+void PutStaffName(Values& values) {
+    const DocStaff* docStaff = documentDocStaffs.First(values.Score());
+    const Staff* staff = docStaff ? docStaffStaffs.First(docStaff) : nullptr;
+    const std::string_view name = staff ? NameOf(AllStaffOf(staff)) : std::string_view();
+    values.Put("name", std::string(LongName(name)));
+    if (ShortName(name) != name) values.Put("short", std::string(ShortName(name)));
+}
+
+void PutNumbering(Values& values) {
+    const MeasureNumbering numbering = MeasureNumberingOf(values.Score());
+    values.Put("show", numbering.shown);
+    values.Put("at", numbering.numbering == Numbering::EachSystem ? "systems" : "every");
+    values.Put("step", numbering.step);
+    values.Put("staves", numbering.staves == NumberStaves::All   ? "all"
+                         : numbering.staves == NumberStaves::Top ? "top"
+                                                                 : "connections");
+    values.Put("first", numbering.first);
+}
+
 constexpr struct {
     int id;
     void (*put)(Values&);
@@ -151,7 +175,8 @@ constexpr struct {
     {32789, PutSystemsOfPage}, {32790, PutPages},   {32791, PutNewMeasures},
     {32792, PutNewStaves},     {32793, PutPages},   {32794, PutRange},
     {32795, PutStaves},        {32796, PutRange},   {32797, PutMeasure},
-    {32817, PutDuration},
+    {32817, PutDuration},      {40011, PutTitle},   {40012, PutStaffName},
+    {32782, PutNumbering},
 };
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <QMenu>
 #include <QToolBar>
 
-#include "edit/ScoreTexts.h"
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
 #include "shell/AboutBox.h"
@@ -108,15 +107,6 @@ void TogglePalette(MainFrame& frame) {
     frame.SymbolPalettes().setVisible(!shown);
 }
 
-void AskTitle(MainFrame& frame) {
-    WindowTarn* window = frame.CurrentScore();
-    bool chosen = false;
-    const QString title = QInputDialog::getText(&frame, "Title", "Title of the score:", QLineEdit::Normal,
-                                                QString::fromStdString(std::string(TitleOf(window->GetDocument()))),
-                                                &chosen);
-    if (chosen) ChangeTitle(*window, title.toStdString());
-}
-
 bool IsColouring(MainFrame& frame) { return frame.ColoursVoices(); }
 void ToggleColours(MainFrame& frame) { frame.ColourVoices(!frame.ColoursVoices()); }
 void Play(MainFrame& frame) { frame.Player().Start(*frame.CurrentScore()); }
@@ -197,6 +187,10 @@ const MenuRow kRows[] = {
     {kScore, 32796, "E&ndings..."},
     {kScore, 32797, "&Coda Phrases..."},
     {kScore, 0},
+    {kScore, 40011, "T&itle..."},
+    {kScore, 40012, "Staff Na&mes..."},
+    {kScore, 32782, "Measure N&umbers..."},
+    {kScore, 0},
     {kScore, 32780, "Set &Velocity..."},
     {kScore, 0},
     {kScore, 32788, "&Measures per System...", "Q"},
@@ -217,7 +211,6 @@ const MenuRow kRows[] = {
     {kNotes, 32809, "Auto &Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
     {kNotes, 33153, "Delete Notes To &Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
 
-    {kTools, 40011, "&Title...", "", AskTitle, IsQuietWithScore},
     {kTools, 33044, "&Go to Page...", "Ctrl+Shift+G", AskPage, HasScore},
 
     {kMidi, kPlayId, "&Play\tSpace", "", Play, IsQuietWithScore, {}, {}, ToolPicture::Play},
