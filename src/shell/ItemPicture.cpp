@@ -4,6 +4,7 @@
 #include <string>
 
 #include "edit/PaletteTable.h"
+#include "edit/ToolState.h"
 #include "graphics/MemoryPort.h"
 #include "model/SymbolNames.h"
 
@@ -109,7 +110,10 @@ void AddShelf(ItemPicture& picture, bool hangs) {
 
 ItemPicture GhostPicture(const PaletteItem& item) {
     ItemPicture picture;
-    if (item.item >= kAccidentalItem) {
+    if (item.group != kNoteGroup) {
+        picture.glyphs = GlyphsOf(CanonicalSymbolName(item.descriptor));
+        picture.hasLine = false;
+    } else if (item.item >= kAccidentalItem) {
         picture.glyphs = AccidentalGlyphsOf(item.descriptor);
     } else if (item.item >= kDotItem) {
         for (int i = 0; i <= item.item - kDotItem; ++i)
@@ -133,6 +137,7 @@ ItemPicture WholePicture(const PaletteItem& item) {
             return picture;
         }
     ItemPicture picture = GhostPicture(item);
+    if (item.group != kNoteGroup) return picture;
     if (IsNote(item) && item.item >= kHalfNote) AddStem(picture, FlagValue(item));
     if (item.item == kWholeRest || item.item == kHalfRest) AddShelf(picture, item.item == kWholeRest);
     return picture;

@@ -15,6 +15,7 @@
 #include "shell/PlayDock.h"
 #include "shell/RecordSetup.h"
 #include "shell/ScoreView.h"
+#include "shell/SignDock.h"
 #include "shell/ToolStrip.h"
 
 namespace corvane {
@@ -96,6 +97,17 @@ bool IsPartShown(MainFrame& frame) {
     return !(frame.*Get)().isHidden();
 }
 
+template <size_t Place>
+void ToggleSigns(MainFrame& frame) {
+    QWidget* dock = frame.SignPalettes()[Place];
+    dock->setVisible(dock->isHidden());
+    dock->raise();
+}
+template <size_t Place>
+bool AreSignsShown(MainFrame& frame) {
+    return !frame.SignPalettes()[Place]->isHidden();
+}
+
 bool IsColouring(MainFrame& frame) { return frame.ColoursVoices(); }
 void ToggleColours(MainFrame& frame) { frame.ColourVoices(!frame.ColoursVoices()); }
 void Play(MainFrame& frame) { frame.Player().Start(*frame.CurrentScore()); }
@@ -140,6 +152,9 @@ const MenuRow kRows[] = {
     {kEdit, 57641, "Select &Nothing", "Esc"},
 
     {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
+    {kView, 32868, "C&lefs Palette", "", ToggleSigns<0>, {}, AreSignsShown<0>},
+    {kView, 32871, "Symbols &2 Palette", "", ToggleSigns<1>, {}, AreSignsShown<1>},
+    {kView, 32872, "Symbols &3 Palette", "", ToggleSigns<2>, {}, AreSignsShown<2>},
     {kView, 32859, "&Accompany", "", TogglePart<PlayDock, &MainFrame::PlayPalette>, {}, IsPartShown<PlayDock, &MainFrame::PlayPalette>},
     {kView, 33050, "&Mixer", "", TogglePart<MixerDock, &MainFrame::Mixer>, HasScore, IsPartShown<MixerDock, &MainFrame::Mixer>},
     {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},
