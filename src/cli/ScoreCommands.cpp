@@ -62,7 +62,7 @@ int RunConvert(const ConvertOptions& options) {
     WindowTarn* window = program.OpenOrTell(options.in);
     if (!window) return kRefused;
     if (SavesAs(options.out)) return Outcome(program.TheSession().Save(*window, options.out), options.out);
-    return Outcome(ExportScore(*window, options.out, options.page, options.zoom));
+    return Outcome(ExportScore(*window, {options.out, options.page, options.zoom}));
 }
 
 int RunInfo(const std::string& file, bool json) {

@@ -27,6 +27,7 @@ CommandFamily StructureCommands();
 CommandFamily SpannerCommands();
 CommandFamily LayoutCommands();
 CommandFamily TextCommands();
+CommandFamily MixerCommands();
 
 // When commands can act.
 bool NotPlaying(const WindowTarn& window);

@@ -2,6 +2,7 @@
 
 #include "layout/Lyrics.h"
 #include "layout/PageLayout.h"
+#include "layout/SpannerMarks.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/Texts.h"
@@ -65,6 +66,24 @@ void VisitTiesTo(const MeasureStaff* crossing, const PatchVisitor& visit) {
         }
 }
 
+// The marks in the same system whose spanners run over a crossing.
+void VisitMarksOver(const MeasureStaff* crossing, const PatchVisitor& visit) {
+    const Measure* measure = MeasurePar(crossing);
+    const System* system = SystemPar(measure);
+    const auto isInSystem = [&](const MeasureStaff* other) {
+        return other && SystemPar(MeasurePar(other)) == system;
+    };
+    const MeasureStaff* first = crossing;
+    while (isInSystem(PrevOnStaff(first))) first = PrevOnStaff(first);
+    for (const MeasureStaff* each = first; isInSystem(each); each = NextOnStaff(each))
+        for (StaffMeasureSymbol* symbol : staffSymbols.Of(each)) {
+            const auto marks = each == crossing ? std::vector<StaffMeasureSymbol*>{} : MarksOf(symbol);
+            if (!marks.empty() && MeasurePar(marks.front())->_number <= measure->_number &&
+                MeasurePar(marks.back())->_number >= measure->_number)
+                Visit(symbol, 0, visit);
+        }
+}
+
 // A crossing without a staff of its own is not drawn.
 void VisitCrossing(const MeasureStaff* crossing, const PatchVisitor& visit) {
     if (!crossing->_staff) return;
@@ -103,6 +122,7 @@ void ForEachSpannerOver(const MeasureStaff* measureStaff, const PatchVisitor& vi
     VisitTiesTo(measureStaff, visit);
     for (Liriche* syllable : LyricsReaching(measureStaff))
         Visit(syllable, VoicePar(noteAttributes.ParentOf(syllable))->_number, visit);
+    VisitMarksOver(measureStaff, visit);
 }
 
 void ForEachPatch(const VoiceSymbol* symbol, const PatchVisitor& visit) {

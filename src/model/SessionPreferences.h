@@ -30,6 +30,11 @@ enum class SessionWord : int {
     ClickPort = 63,
     MuteClickAfterCountOff = 64,
 
+    FollowRepetitionTexts = 67,
+    CursorStep = 68,              // of the play cursor: 0 a beat, 1 half a measure, 2 a measure
+    PageTurn = 69,                // the play cursor is shown and pages turn
+    ClickIsOn = 79,
+
     ShowHiddenRests = 71,         // on screen, in grey
     HideRestsInPrint = 72,
     ShowHiddenStems = 73,

@@ -34,6 +34,8 @@ QMenu& ActionSet::MenuOf(const QString& path) {
 }
 
 void ActionSet::Add(QMenu& menu, const MenuRow& row) {
+    if (const auto known = _actions.find(row.id); known != _actions.end())
+        return menu.addAction(known->second);  // an entry of two menus
     auto* action = new QAction(row.text, this);
     action->setShortcuts(QKeySequence::listFromString(row.keys));
     action->setCheckable(row.checked != nullptr);
@@ -70,7 +72,8 @@ void ActionSet::Ask(const CommandForm& form) {
     if (!window) return;
     if (form.ofSelection && window->TheSelection().IsEmpty())
         return ShowMessage(&_frame, "Select some notes first", "Drag a frame around them with the arrow.");
-    FormDialog(&_frame, *window, form).exec();
+    if (FormDialog(&_frame, *window, form).exec() == QDialog::Accepted && form.ofSession)
+        _frame.KeepSwitches();
 }
 
 void ActionSet::Refresh() {

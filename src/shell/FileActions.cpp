@@ -9,6 +9,8 @@
 #include <QUrl>
 #include <utility>
 
+#include "shell/BusyCursor.h"
+#include "shell/ExportProgress.h"
 #include "shell/MainFrame.h"
 #include "shell/NewScoreDialog.h"
 #include "shell/Notices.h"
@@ -37,12 +39,6 @@ std::string TimeText(int64_t seconds) {
     return seconds ? QDateTime::fromSecsSinceEpoch(seconds).toString("yyyy-MM-dd HH:mm:ss").toStdString()
                    : "";
 }
-
-class BusyCursor {
-public:
-    BusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
-};
 
 }  // namespace
 
@@ -196,11 +192,13 @@ void FileActions::Export(WindowTarn& window) {
     int page = 0;
     for (const ExportKind& kind : kinds)
         if (kind.onePage && ExtensionOf(path) == kind.extension) page = window.CurrentPage()->_pageNumber;
-    const BusyCursor busy;
-    if (const Status status = ExportScore(window, path, page, GraphicPort::kTrueSizeZoom); !status)
-        ShowMessage(&_frame, status.message());
-    else
+    const Status status = ExportWithProgress(&_frame, window, {path, page, GraphicPort::kTrueSizeZoom});
+    if (status)
         _frame.Tell("Exported to " + path);
+    else if (status.message().empty())
+        _frame.Tell("The export was given up");
+    else
+        ShowMessage(&_frame, status.message());
 }
 
 void FileActions::Print(WindowTarn& window) { PrintScore(&_frame, window); }

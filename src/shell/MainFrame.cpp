@@ -10,10 +10,12 @@
 #include "edit/WindowTarn.h"
 #include "shell/ActionSet.h"
 #include "shell/AuditionPlayer.h"
+#include "shell/MixerDock.h"
 #include "shell/PaletteDock.h"
-#include "shell/SymbolDock.h"
+#include "shell/PlayDock.h"
 #include "shell/ScoreTabs.h"
 #include "shell/ScoreView.h"
+#include "shell/SignDock.h"
 #include "shell/StatusLine.h"
 #include "shell/ToolIcons.h"
 #include "shell/ToolStrip.h"
@@ -48,7 +50,7 @@ MainFrame::MainFrame(SessionParts parts, SettingsStore& settings)
       _notices(*this, [this](std::string_view text) { Tell(text); }),
       _session(WithShell(std::move(parts), *this)),
       _files(*this),
-      _player([this] { RefreshActions(); }),
+      _player(*this),
       _tabs(new ScoreTabs) {
     TakeSwitches();
     setWindowIcon(ToolIcon(ToolPicture::Program));
@@ -58,25 +60,41 @@ MainFrame::MainFrame(SessionParts parts, SettingsStore& settings)
     connect(_tabs, &QTabWidget::currentChanged, this, [this] { TabChanged(); });
     _palette = new PaletteDock;
     addDockWidget(Qt::LeftDockWidgetArea, _palette);
-    _symbols = new SymbolDock;
-    addDockWidget(Qt::LeftDockWidgetArea, _symbols);
+    for (const SignSheet& sheet : SignSheets()) AddSigns(sheet);
     _actions = std::make_unique<ActionSet>(*this);
     _toolStrip = new ToolStrip(*this);
     addToolBar(_toolStrip);
     _status = new StatusLine;
     setStatusBar(_status);
+    _playPalette = new PlayDock(*this);
+    addDockWidget(Qt::BottomDockWidgetArea, _playPalette);
+    _mixer = new MixerDock(*this);
+    addDockWidget(Qt::BottomDockWidgetArea, _mixer);
+    splitDockWidget(_playPalette, _mixer, Qt::Vertical);
+    for (QDockWidget* dock : {static_cast<QDockWidget*>(_playPalette), static_cast<QDockWidget*>(_mixer)})
+        connect(dock, &QDockWidget::visibilityChanged, this, [this] { RefreshActions(); });
     connect(_palette, &QDockWidget::visibilityChanged, this, [this] { RefreshActions(); });
-    connect(_symbols, &QDockWidget::visibilityChanged, this, [this] { RefreshActions(); });
     connect(_toolStrip, &QToolBar::visibilityChanged, this, [this] { RefreshActions(); });
     BeginAuditions();
     RestorePlace();
     RefreshActions();
 }
 
+void MainFrame::AddSigns(const SignSheet& sheet) {
+    auto* dock = new SignDock(sheet);
+    addDockWidget(Qt::LeftDockWidgetArea, dock);
+    // One place for all of them: side by side they would push the window over the screen's edge.
+    if (!_signs.empty()) tabifyDockWidget(_signs.front(), dock);
+    dock->hide();
+    connect(dock, &QDockWidget::visibilityChanged, this, [this] { RefreshActions(); });
+    _signs.push_back(dock);
+}
+
 MainFrame::~MainFrame() {
     EndAuditions();
+    for (SignDock* dock : _signs) dock->disconnect(this);
     _safety.stop();
-    for (QObject* part : std::initializer_list<QObject*>{_palette, _symbols, _toolStrip, _tabs}) part->disconnect(this);
+    for (QObject* part : std::initializer_list<QObject*>{_palette, _playPalette, _mixer, _toolStrip, _tabs}) part->disconnect(this);
     delete _tabs;  // the views before the scores that they show
 }
 
@@ -189,7 +207,7 @@ void MainFrame::ScrollTo(WindowTarn& window, const Rect& units) {
 
 void MainFrame::ToolChanged() {
     _palette->ToolChanged();
-    _symbols->ToolChanged();
+    for (SignDock* dock : _signs) dock->ToolChanged();
     _toolStrip->Refresh();
     _status->ToolChanged();
     if (ScoreView* view = CurrentView()) view->ToolChanged();
@@ -216,7 +234,9 @@ void MainFrame::RefreshActions() {
     _actions->Refresh();
     _toolStrip->Refresh();
     _palette->setEnabled(CurrentScore() && !IsPlaying());
-    _symbols->setEnabled(CurrentScore() && !IsPlaying());
+    for (SignDock* dock : _signs) dock->setEnabled(CurrentScore() && !IsPlaying());
+    _playPalette->Refresh();
+    _mixer->Refresh();
 }
 
 void MainFrame::ShowWindowTitle() {

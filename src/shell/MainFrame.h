@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "edit/EditorShell.h"
 #include "session/Session.h"
@@ -16,9 +17,12 @@
 namespace corvane {
 
 class ActionSet;
+class MixerDock;
 class PaletteDock;
-class SymbolDock;
+class PlayDock;
 class ScoreTabs;
+class SignDock;
+struct SignSheet;
 class ScoreView;
 class StatusLine;
 class ToolStrip;
@@ -38,7 +42,9 @@ public:
     PlayControl& Player() { return _player; }
     ScoreTabs& Tabs() { return *_tabs; }
     PaletteDock& NotePalette() { return *_palette; }
-    SymbolDock& SymbolPalettes() { return *_symbols; }
+    const std::vector<SignDock*>& SignPalettes() { return _signs; }
+    PlayDock& PlayPalette() { return *_playPalette; }
+    MixerDock& Mixer() { return *_mixer; }
     ToolStrip& Toolbar() { return *_toolStrip; }
     ActionSet& Actions() { return *_actions; }
     WindowTarn* CurrentScore();  // null for none
@@ -72,6 +78,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    void AddSigns(const SignSheet& sheet);
     void TabChanged();
     void ShowWindowTitle();
     void TakeSwitches();
@@ -89,10 +96,12 @@ private:
     QTimer _safety;  // of unsaved work
     ScoreTabs* _tabs;
     PaletteDock* _palette = nullptr;
-    SymbolDock* _symbols = nullptr;
+    std::vector<SignDock*> _signs;  // of SignSheets, in their order
     std::unique_ptr<ActionSet> _actions;
     ToolStrip* _toolStrip = nullptr;
     StatusLine* _status = nullptr;
+    PlayDock* _playPalette = nullptr;
+    MixerDock* _mixer = nullptr;
 };
 
 }  // namespace corvane

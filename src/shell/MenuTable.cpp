@@ -10,9 +10,12 @@
 #include "edit/WindowTarn.h"
 #include "shell/AboutBox.h"
 #include "shell/MainFrame.h"
+#include "shell/MixerDock.h"
 #include "shell/PaletteDock.h"
+#include "shell/PlayDock.h"
+#include "shell/RecordSetup.h"
 #include "shell/ScoreView.h"
-#include "shell/SymbolDock.h"
+#include "shell/SignDock.h"
 #include "shell/ToolStrip.h"
 
 namespace corvane {
@@ -94,17 +97,15 @@ bool IsPartShown(MainFrame& frame) {
     return !(frame.*Get)().isHidden();
 }
 
-// Hides the palette that is shown, else shows it.
-template <int Group>
-bool IsPaletteShown(MainFrame& frame) {
-    const SymbolDock& dock = frame.SymbolPalettes();
-    return !dock.isHidden() && dock.Group() == Group;
+template <size_t Place>
+void ToggleSigns(MainFrame& frame) {
+    QWidget* dock = frame.SignPalettes()[Place];
+    dock->setVisible(dock->isHidden());
+    dock->raise();
 }
-template <int Group>
-void TogglePalette(MainFrame& frame) {
-    const bool shown = IsPaletteShown<Group>(frame);
-    frame.SymbolPalettes().ShowGroup(Group);
-    frame.SymbolPalettes().setVisible(!shown);
+template <size_t Place>
+bool AreSignsShown(MainFrame& frame) {
+    return !frame.SignPalettes()[Place]->isHidden();
 }
 
 bool IsColouring(MainFrame& frame) { return frame.ColoursVoices(); }
@@ -134,6 +135,7 @@ const MenuRow kRows[] = {
     {kFile, kSaveId, "&Save", "Ctrl+S", OnScore<&FileActions::Save>, IsQuietWithScore, {}, {}, ToolPicture::Save},
     {kFile, 57604, "Sa&ve as...", "Ctrl+Shift+S", OnScore<&FileActions::SaveAs>, IsQuietWithScore},
     {kFile, 33180, "&Export...", "Ctrl+Shift+E", WithScore<&FileActions::Export>, IsQuietWithScore},
+    {kFile, 57606, "Page Set&up..."},
     {kFile, 57607, "&Print...", "Ctrl+P", WithScore<&FileActions::Print>, IsQuietWithScore},
     {kFile, 0},
     {kFile, 57665, "E&xit", "Ctrl+Q", [](MainFrame& f) { f.close(); }},
@@ -150,13 +152,15 @@ const MenuRow kRows[] = {
     {kEdit, 57641, "Select &Nothing", "Esc"},
 
     {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
-    {kView, 32868, "&Clefs Palette", "", TogglePalette<2>, {}, IsPaletteShown<2>},
-    {kView, 32866, "&Dynamics Palette", "", TogglePalette<3>, {}, IsPaletteShown<3>},
-    {kView, 32867, "&Articulations Palette", "", TogglePalette<4>, {}, IsPaletteShown<4>},
-    {kView, 32870, "Symbols &1 Palette", "", TogglePalette<5>, {}, IsPaletteShown<5>},
-    {kView, 32871, "Symbols &2 Palette", "", TogglePalette<6>, {}, IsPaletteShown<6>},
-    {kView, 32872, "Symbols &3 Palette", "", TogglePalette<7>, {}, IsPaletteShown<7>},
-    {kView, 32869, "Te&xt Palette", "", TogglePalette<8>, {}, IsPaletteShown<8>},
+    {kView, 32868, "C&lefs Palette", "", ToggleSigns<0>, {}, AreSignsShown<0>},
+    {kView, 32866, "&Dynamics Palette", "", ToggleSigns<1>, {}, AreSignsShown<1>},
+    {kView, 32867, "&Articulations Palette", "", ToggleSigns<2>, {}, AreSignsShown<2>},
+    {kView, 32870, "Symbols &1 Palette", "", ToggleSigns<3>, {}, AreSignsShown<3>},
+    {kView, 32871, "Symbols &2 Palette", "", ToggleSigns<4>, {}, AreSignsShown<4>},
+    {kView, 32872, "Symbols &3 Palette", "", ToggleSigns<5>, {}, AreSignsShown<5>},
+    {kView, 32869, "Te&xt Palette", "", ToggleSigns<6>, {}, AreSignsShown<6>},
+    {kView, 32859, "&Accompany", "", TogglePart<PlayDock, &MainFrame::PlayPalette>, {}, IsPartShown<PlayDock, &MainFrame::PlayPalette>},
+    {kView, 33050, "&Mixer", "", TogglePart<MixerDock, &MainFrame::Mixer>, HasScore, IsPartShown<MixerDock, &MainFrame::Mixer>},
     {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},
     {kView, 33129, "Voice &Coloring", "", ToggleColours, {}, IsColouring},
     {kView, 0},
@@ -197,8 +201,20 @@ const MenuRow kRows[] = {
     {kScore, 32789, "Systems per &Page...", "W"},
     {kScore, 32800, "Autocenter &Systems"},
     {kScore, 32801, "Aut&ocenter Staves"},
+    {kScore, 0},
+    {kScore, 32776, "Modi&fy Page..."},
+    {kScore, 32777, "Staff Settin&gs..."},
+    {kScore, 32786, "Spac&ing Options..."},
+    {kScore, 32787, "Instr&ument Name Options..."},
 
     {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
+    {kNotes, 32805, "T&uplets...", "Ctrl+I"},
+    {kNotes, 40020, "S&lur", "Ctrl+Shift+L"},
+    {kNotes, 40021, "&Crescendo", ""},
+    {kNotes, 40022, "D&iminuendo", ""},
+    {kNotes, 40023, "&Octave Line...", ""},
+    {kNotes, 40024, "T&rill Line", ""},
+    {kNotes, 40025, "Pe&dal Line", ""},
     {kNotes, 0},
     {kNotes, 32819, "Trans&pose..."},
     {kNotes, 32817, "Change &Durations..."},
@@ -207,15 +223,20 @@ const MenuRow kRows[] = {
     {kNotes, 32815, "&Up", "Ctrl+U"},
     {kNotes, 32816, "Do&wn", "Ctrl+D"},
     {kNotes, 0},
+    {kNotes, 32807, "Spacin&g...", "Ctrl+J"},
+    {kNotes, 33177, "Spacing Tab&le..."},
+    {kNotes, 0},
     {kNotes, 32808, "Auto &Beaming", "", {}, {}, IsSwitchOn<&S::autoBeam>},
     {kNotes, 32809, "Auto &Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
     {kNotes, 33153, "Delete Notes To &Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
 
     {kTools, 33044, "&Go to Page...", "Ctrl+Shift+G", AskPage, HasScore},
 
+    {kMidi, 33050, "&Mixer", "", TogglePart<MixerDock, &MainFrame::Mixer>, HasScore, IsPartShown<MixerDock, &MainFrame::Mixer>},
     {kMidi, kPlayId, "&Play\tSpace", "", Play, IsQuietWithScore, {}, {}, ToolPicture::Play},
     {kMidi, kStopId, "&Stop\tSpace", "", [](MainFrame& f) { f.Player().Stop(); }, Plays, {}, {}, ToolPicture::Stop},
     {kMidi, 33118, "P&anic", "Ctrl+F", [](MainFrame& f) { f.Player().Panic(); }},
+    {kMidi, 33053, "Accompany - &Record Setup", "", [](MainFrame& f) { RecordSetup(f).exec(); }, IsQuiet},
     {kMidi, 0},
     {kMidi, 33130, "Playback &notes", "", {}, {}, IsSwitchOn<&S::playbackNotes>},
 

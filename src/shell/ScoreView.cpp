@@ -189,6 +189,28 @@ void ScoreView::PageChanged() {
     viewport()->update();
 }
 
+Rect ScoreView::VisibleUnits() const {
+    const Point from = UnitsAt({0, 0});
+    const Point to = UnitsAt(QPointF(viewport()->width(), viewport()->height()));
+    return {from.x, from.y, to.x, to.y};
+}
+
+void ScoreView::UpdateAround(const CursorMark& mark) {
+    const Point corner = PageCorner();
+    const Rect units = mark.Bounds();
+    const double ratio = _scale.Ratio();
+    const QRectF pixels(corner.x + _scale.Pixels(units.left), corner.y + _scale.Pixels(units.top),
+                        _scale.Pixels(units.Width()), _scale.Pixels(units.Height()));
+    viewport()->update(
+        QRectF(pixels.topLeft() / ratio, pixels.size() / ratio).toAlignedRect().adjusted(-2, -2, 2, 2));
+}
+
+void ScoreView::ShowPlayMark(std::optional<CursorMark> mark) {
+    if (_playMark) UpdateAround(*_playMark);
+    _playMark = mark;
+    if (_playMark) UpdateAround(*_playMark);
+}
+
 // The old editor may be the one that is telling, so it goes later.
 void ScoreView::TextEntryChanged() {
     if (_editor) _editor->deleteLater();
@@ -232,6 +254,7 @@ void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
     PaintSelection(paint, _window);
     PaintCaret(paint, _window.caret);
     if (_hover) PaintGhost(paint, _window, *_hover);
+    if (_playMark) PaintPlayMark(paint, *_playMark);
 }
 
 void ScoreView::paintEvent(QPaintEvent* event) {

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "layout/DrawPatch.h"
+#include "play/PlayCursor.h"
 #include "shell/TileCache.h"
 #include "shell/ViewScale.h"
 
@@ -50,6 +51,12 @@ public:
     // A typed character for the tools; false, and nothing done, for any other key.
     bool TakeKey(const QKeyEvent& event);
 
+    // What of the page is seen.
+    Rect VisibleUnits() const;
+    // The play cursor on the current page; none to take it away.
+    void ShowPlayMark(std::optional<CursorMark> mark);
+    const std::optional<CursorMark>& PlayMark() const { return _playMark; }
+
     // The page's corner on the screen, and how many pixels a page unit takes.
     QPoint PageCornerOnScreen() const;
     const ViewScale& Scale() const { return _scale; }
@@ -75,6 +82,7 @@ private:
     void FitScrollBars();
     void ZoomAround(const QPointF& anchor, Zoom::Kind kind, int percent);
     int PercentThatFits(Zoom::Kind kind) const;
+    void UpdateAround(const CursorMark& mark);
     void PaintDesk(QPainter& painter, const QRect& paper) const;
     void PaintOverlays(QPainter& painter, Point corner);
 
@@ -84,6 +92,7 @@ private:
     Zoom _zoom;
     DrawContext _context;
     std::optional<Point> _hover;  // page units
+    std::optional<CursorMark> _playMark;
     std::function<void()> _zoomed;
     TextEditor* _editor = nullptr;
 };

@@ -25,14 +25,14 @@ protected:
     void EnterMusic() {
         Fill(1, 1, kEighth, 8, 2);
         Fill(2, 1, kQuarter, 3, 2);
-        Fill(3, 1, kHalf, 2, 3);
+        for (const int place : {5, 500}) Enter(kHalf, 3, 1, place, 3);
         Fill(4, 1, kHalf, 2, 4);
         Fill(2, 2, kEighth, 4, 3);
         Enter(kQuarterRest, 2, 1, 950, 5);
         Press(Head(1, 1, 3), kSharp);
         Press(Head(2, 1, 1), kDot);
         Tools().graceMode = true;
-        Enter(kEighth, 2, 1, 2, 6);
+        Enter(kEighth, 2, 1, 180, 6);
         Tools().graceMode = false;
         PressClef(6, 4, 1, 400);
         Do(32781, {{"fifths", "2"}, {"from", "2"}});
@@ -91,7 +91,8 @@ protected:
         atStaff->_y = -3000;
         auto* shared = Make<MarkText>();
         textMarks.Add(atStaff, shared);
-        allStaffTextMarks.Add(allStaffStaffs.ParentOf(As<SimpleStaff>(Crossing(1, 1)->_staff.Get())), shared);
+        allStaffTextMarks.Add(allStaffStaffs.ParentOf(systemStaffs.First(SystemPar(MeasureNumber(1)))),
+                              shared);
     }
 
     // From one measure of the lowest staff to the next.
@@ -148,22 +149,27 @@ protected:
         auto* arpeggio = Make<Arpeggio>();
         staffSymbols.Add(Crossing(2, 1), arpeggio);
         arpeggio->_symbol = LookupSymbol(Score(), "_Arpeggio_");
-        Make<Linea>(), Make<Quadrato>(), Make<Cerchio>(), Make<CompositeObj>();
+        // Free graphics, one behind the other.
+        auto* composite = Make<CompositeObj>();
+        First<Time>(1)->_any20 = composite;
+        composite->_any4 = Make<Linea>();
+        composite->_any8 = Make<Quadrato>();
+        composite->_any20 = Make<Cerchio>();
     }
 
-    Classes ClassesOfPool() {
-        Classes classes;
-        for (void* object = window->Pool()->FirstObject(); object;
-             object = window->Pool()->NextObject(object))
-            classes.insert(ClassNumberOf(object));
-        return classes;
+    template <class Symbol>
+    Symbol* First(int measure) {
+        for (MeasureSymbol* symbol : measureSymbols.Of(MeasureNumber(measure)))
+            if (auto* found = As<Symbol>(symbol)) return found;
+        return nullptr;
     }
-    // Those that can be drawn, of objects that there are.
-    Classes Drawable() {
+    // The classes of objects that there are: all, or those that can be drawn.
+    Classes ClassesOfPool(bool drawable = false) {
         Classes classes;
         for (void* object = window->Pool()->FirstObject(); object;
              object = window->Pool()->NextObject(object))
-            if (PatchOf(object)) classes.insert(ClassNumberOf(object));
+            if (const int16_t number = ClassNumberOf(object); number > 0 && (!drawable || PatchOf(object)))
+                classes.insert(number);
         return classes;
     }
     // Those of which an object of some page paints something.
@@ -189,7 +195,9 @@ TEST_F(EveryClass, LivesInAScoreThatIsSoundSavedAndDrawn) {
         AddRest();
         // A rest over several measures ends the score.
         Measure* last = LastMeasure(Score());
-        (void)MakeMultiMeasure(SystemPar(last), last, 4);
+        MultiMeasure* rest = MakeMultiMeasure(SystemPar(last), last, 4);
+        rest->_right = last->_right.Get();
+        rest->_left = last->_right = (last->_left + last->_right) / 2;
     }
     const Classes there = ClassesOfPool();
     const Classes never{9, 11, 97, 98};
@@ -200,7 +208,7 @@ TEST_F(EveryClass, LivesInAScoreThatIsSoundSavedAndDrawn) {
     ExpectSameAfterReload();
     const Classes drawn = Drawn();
     EXPECT_GE(drawn.size(), 20u);
-    for (const int16_t number : Drawable())
+    for (const int16_t number : ClassesOfPool(true))
         EXPECT_TRUE(drawn.count(number)) << number << ' ' << InfoOf(number)->name;
 }
 
