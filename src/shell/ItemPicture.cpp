@@ -6,11 +6,13 @@
 #include "edit/PaletteTable.h"
 #include "edit/ToolState.h"
 #include "graphics/MemoryPort.h"
+#include "model/SymbolMaker.h"
 #include "model/SymbolNames.h"
 
 namespace corvane {
 namespace {
 
+constexpr int kDynamics = 3;  // palette group
 constexpr int kWholeRest = 4, kHalfNote = 5, kHalfRest = 6, kTieItem = 19, kDotItem = 20,
               kAccidentalItem = 23;
 constexpr int32_t kStemLength = 330, kShelfOverhang = 45, kDotDistance = 55;
@@ -26,6 +28,16 @@ std::vector<GlyphPart> AccidentalGlyphsOf(const std::string& descriptor) {
         if (descriptor == "_" + std::string(each.longName) + "_")
             return {{each.code, 400, 0, 0, 0, each.second}};
     return {};
+}
+
+// Of an item of the other palettes; none for a text.
+std::vector<GlyphPart> SignGlyphs(const PaletteItem& item) {
+    const std::string name = CanonicalSymbolName(item.descriptor);
+    if (name.starts_with('#')) return AccidentalGlyphsOf(item.descriptor);
+    std::vector<GlyphPart> glyphs = GlyphsOf(name);
+    if (glyphs.empty() && item.group == kDynamics && name.size() > 1)
+        for (const SymbolPart& part : DesignSymbol(nullptr, name).parts) glyphs.push_back(part.glyph);
+    return glyphs;
 }
 
 Rect GlyphInk(const GlyphPart& part) {
@@ -111,7 +123,7 @@ void AddShelf(ItemPicture& picture, bool hangs) {
 ItemPicture GhostPicture(const PaletteItem& item) {
     ItemPicture picture;
     if (item.group != kNoteGroup) {
-        picture.glyphs = GlyphsOf(CanonicalSymbolName(item.descriptor));
+        picture.glyphs = SignGlyphs(item);
         picture.hasLine = false;
     } else if (item.item >= kAccidentalItem) {
         picture.glyphs = AccidentalGlyphsOf(item.descriptor);

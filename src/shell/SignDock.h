@@ -5,9 +5,10 @@
 #include <map>
 #include <span>
 
+class QToolButton;
+
 namespace corvane {
 
-class GlyphButton;
 
 struct SignSheet {
     int group;
@@ -25,7 +26,7 @@ public:
 
 private:
     const SignSheet& _sheet;
-    std::map<int, GlyphButton*> _items;  // by item number
+    std::map<int, QToolButton*> _items;  // by item number
 };
 
 }  // namespace corvane
