@@ -29,7 +29,7 @@ const Command* FindCommand(int id) {
     for (const CommandFamily family :
          {CommandFamily(kUndo), ClipboardCommands(), SwitchCommands(), SignCommands(), NoteCommands(),
           SelectionCommands(), StructureCommands(), SpannerCommands(), LayoutCommands(), FontCommands(),
-          MixerCommands()})
+          MixerCommands(), TextCommands()})
         for (const Command& command : family)
             if (command.id == id) return &command;
     return nullptr;

@@ -27,6 +27,7 @@ CommandFamily StructureCommands();
 CommandFamily SpannerCommands();
 CommandFamily LayoutCommands();
 CommandFamily FontCommands();
+CommandFamily TextCommands();
 CommandFamily MixerCommands();
 
 // When commands can act.
