@@ -26,6 +26,7 @@ CommandFamily SelectionCommands();
 CommandFamily StructureCommands();
 CommandFamily SpannerCommands();
 CommandFamily LayoutCommands();
+CommandFamily FontCommands();
 CommandFamily TextCommands();
 CommandFamily MixerCommands();
 

@@ -11,6 +11,7 @@
 #include "layout/SignRecords.h"
 #include "layout/StaffNames.h"
 #include "model/Clefs.h"
+#include "model/FontTable.h"
 #include "model/Meters.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -228,19 +229,36 @@ void PutIndent(Values& values) {
     if (const auto* staff = Preferences<StaffPref>(values.Score())) values.Put("indent", staff->_nameWidth);
 }
 
+void PutTimesShown(Values& values) { values.Put("show", ShowsTimeSignatures(values.Score())); }
+
+// The first font that another one stands in for, else the first.
+void PutFont(Values& values) {
+    const FontList fonts = FontsOf(values.Score());
+    const FontList::Pair* shown = nullptr;
+    for (const FontList::Pair& pair : fonts.Pairs()) {
+        const bool replaced = TheFontList().SystemFont(pair.docFont) != pair.docFont;
+        if (!shown || replaced) shown = &pair;
+        if (replaced) break;
+    }
+    if (!shown) return;
+    values.Put("doc", shown->docFont);
+    values.Put("sys", std::string(TheFontList().SystemFont(shown->docFont)));
+}
+
 constexpr struct {
     int id;
     void (*put)(Values&);
 } kValues[] = {
-    {32778, PutTempo},         {32779, PutMeter},   {32780, PutVelocities},
-    {32781, PutKey},           {32783, PutBarline}, {32788, PutMeasuresOfSystem},
-    {32789, PutSystemsOfPage}, {32790, PutPages},   {32791, PutNewMeasures},
-    {32792, PutNewStaves},     {32793, PutPages},   {32794, PutRange},
-    {32795, PutStaves},        {32796, PutRange},   {32797, PutMeasure},
-    {32817, PutDuration},      {32807, PutSpacing}, {33177, PutSpacingTable},
-    {32786, PutGaps},          {57606, PutPaper},   {32776, PutMargins},
-    {32777, PutStaffForm},     {32787, PutIndent},
-    {32782, PutNumbering},    {40011, PutTitle},   {40012, PutStaffName},
+    {32778, PutTempo},         {32779, PutMeter},     {32780, PutVelocities},
+    {32781, PutKey},           {32783, PutBarline},   {32788, PutMeasuresOfSystem},
+    {32789, PutSystemsOfPage}, {32790, PutPages},     {32791, PutNewMeasures},
+    {32792, PutNewStaves},     {32793, PutPages},     {32794, PutRange},
+    {32795, PutStaves},        {32796, PutRange},     {32797, PutMeasure},
+    {32817, PutDuration},      {32807, PutSpacing},   {33177, PutSpacingTable},
+    {32786, PutGaps},          {57606, PutPaper},     {32776, PutMargins},
+    {32777, PutStaffForm},     {32787, PutIndent},    {32798, PutTimesShown},
+    {33090, PutFont},          {32782, PutNumbering}, {40011, PutTitle},
+    {40012, PutStaffName},
 };
 
 }  // namespace

@@ -206,6 +206,7 @@ const MenuRow kRows[] = {
     {kScore, 32777, "Staff Settin&gs..."},
     {kScore, 32786, "Spac&ing Options..."},
     {kScore, 32787, "Instr&ument Name Options..."},
+    {kScore, 32798, "Time Signature Options..."},
 
     {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
     {kNotes, 32805, "T&uplets...", "Ctrl+I"},
@@ -231,6 +232,7 @@ const MenuRow kRows[] = {
     {kNotes, 33153, "Delete Notes To &Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
 
     {kTools, 33044, "&Go to Page...", "Ctrl+Shift+G", AskPage, HasScore},
+    {kTools, 33090, "&Font Table..."},
 
     {kMidi, 33050, "&Mixer", "", TogglePart<MixerDock, &MainFrame::Mixer>, HasScore, IsPartShown<MixerDock, &MainFrame::Mixer>},
     {kMidi, kPlayId, "&Play\tSpace", "", Play, IsQuietWithScore, {}, {}, ToolPicture::Play},
