@@ -26,6 +26,8 @@ CommandFamily SelectionCommands();
 CommandFamily StructureCommands();
 CommandFamily SpannerCommands();
 CommandFamily LayoutCommands();
+CommandFamily FontCommands();
+CommandFamily TextCommands();
 CommandFamily MixerCommands();
 
 // When commands can act.

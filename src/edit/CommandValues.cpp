@@ -6,9 +6,12 @@
 #include "edit/LayoutSteps.h"
 #include "edit/MeasureRange.h"
 #include "edit/NoteChoice.h"
+#include "edit/ScoreTexts.h"
 #include "layout/PageLayout.h"
 #include "layout/SignRecords.h"
+#include "layout/StaffNames.h"
 #include "model/Clefs.h"
+#include "model/FontTable.h"
 #include "model/Meters.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -145,6 +148,28 @@ void PutVelocities(Values& values) {
     values.Put("end", end);
 }
 
+void PutTitle(Values& values) { values.Put("text", std::string(TitleOf(values.Score()))); }
+
+// Of the first staff.
+void PutStaffName(Values& values) {
+    const DocStaff* docStaff = documentDocStaffs.First(values.Score());
+    const Staff* staff = docStaff ? docStaffStaffs.First(docStaff) : nullptr;
+    const std::string_view name = staff ? NameOf(AllStaffOf(staff)) : std::string_view();
+    values.Put("name", std::string(LongName(name)));
+    if (ShortName(name) != name) values.Put("short", std::string(ShortName(name)));
+}
+
+void PutNumbering(Values& values) {
+    const MeasureNumbering numbering = MeasureNumberingOf(values.Score());
+    values.Put("show", numbering.shown);
+    values.Put("at", numbering.numbering == Numbering::EachSystem ? "systems" : "every");
+    values.Put("step", numbering.step);
+    values.Put("staves", numbering.staves == NumberStaves::All   ? "all"
+                         : numbering.staves == NumberStaves::Top ? "top"
+                                                                 : "connections");
+    values.Put("first", numbering.first);
+}
+
 // The selected measures, else the whole score.
 void PutSpacing(Values& values) {
     if (!values.Window().TheSelection().IsEmpty()) return PutRange(values);
@@ -204,18 +229,36 @@ void PutIndent(Values& values) {
     if (const auto* staff = Preferences<StaffPref>(values.Score())) values.Put("indent", staff->_nameWidth);
 }
 
+void PutTimesShown(Values& values) { values.Put("show", ShowsTimeSignatures(values.Score())); }
+
+// The first font that another one stands in for, else the first.
+void PutFont(Values& values) {
+    const FontList fonts = FontsOf(values.Score());
+    const FontList::Pair* shown = nullptr;
+    for (const FontList::Pair& pair : fonts.Pairs()) {
+        const bool replaced = TheFontList().SystemFont(pair.docFont) != pair.docFont;
+        if (!shown || replaced) shown = &pair;
+        if (replaced) break;
+    }
+    if (!shown) return;
+    values.Put("doc", shown->docFont);
+    values.Put("sys", std::string(TheFontList().SystemFont(shown->docFont)));
+}
+
 constexpr struct {
     int id;
     void (*put)(Values&);
 } kValues[] = {
-    {32778, PutTempo},         {32779, PutMeter},   {32780, PutVelocities},
-    {32781, PutKey},           {32783, PutBarline}, {32788, PutMeasuresOfSystem},
-    {32789, PutSystemsOfPage}, {32790, PutPages},   {32791, PutNewMeasures},
-    {32792, PutNewStaves},     {32793, PutPages},   {32794, PutRange},
-    {32795, PutStaves},        {32796, PutRange},   {32797, PutMeasure},
-    {32817, PutDuration},      {32807, PutSpacing}, {33177, PutSpacingTable},
-    {32786, PutGaps},          {57606, PutPaper},   {32776, PutMargins},
-    {32777, PutStaffForm},     {32787, PutIndent},
+    {32778, PutTempo},         {32779, PutMeter},     {32780, PutVelocities},
+    {32781, PutKey},           {32783, PutBarline},   {32788, PutMeasuresOfSystem},
+    {32789, PutSystemsOfPage}, {32790, PutPages},     {32791, PutNewMeasures},
+    {32792, PutNewStaves},     {32793, PutPages},     {32794, PutRange},
+    {32795, PutStaves},        {32796, PutRange},     {32797, PutMeasure},
+    {32817, PutDuration},      {32807, PutSpacing},   {33177, PutSpacingTable},
+    {32786, PutGaps},          {57606, PutPaper},     {32776, PutMargins},
+    {32777, PutStaffForm},     {32787, PutIndent},    {32798, PutTimesShown},
+    {33090, PutFont},          {32782, PutNumbering}, {40011, PutTitle},
+    {40012, PutStaffName},
 };
 
 }  // namespace

@@ -105,12 +105,20 @@ Status InstrumentNamesCommand(WindowTarn& window, const CommandArguments& argume
     return SetFirstIndent(window, indent);
 }
 
+Status TimeSignatureOptionsCommand(WindowTarn& window, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    const bool show = reader.Number("show", 0, 1) != 0;
+    if (const Status status = reader.Result(); !status) return status;
+    return ShowTimeSignatures(window, show);
+}
+
 constexpr Command kLayout[] = {
     {57606, "Page Setup", PageSetupCommand, NotPlaying},
     {32776, "Modify Page", ModifyPageCommand, NotPlaying},
     {32777, "Staff Settings", StaffSettingsCommand, NotPlaying},
     {32786, "Spacing Options", SpacingOptionsCommand, NotPlaying},
     {32787, "Instrument Name Options", InstrumentNamesCommand, NotPlaying},
+    {32798, "Time Signature Options", TimeSignatureOptionsCommand, NotPlaying},
     {32807, "Spacing", SpacingCommand, NotPlaying},
     {33177, "Spacing Table", SpacingTableCommand, NotPlaying},
 };

@@ -28,6 +28,9 @@ inline constexpr const char* kSpacingRows[] = {"2/1", "1/1", "1/2", "1/4", "1/8"
 // Gaps of headers and around notes; headers grow and shrink at once, notes when they are spaced.
 Status SetSpacingGaps(WindowTarn& window, const SpacingGaps& gaps);
 
+// Headers close up where time signatures are not shown.
+Status ShowTimeSignatures(WindowTarn& window, bool show);
+
 // Paper of the whole score; systems keep their margins.
 Status SetPageSize(WindowTarn& window, int height, int width);
 // What is null stays.

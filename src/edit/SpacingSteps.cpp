@@ -29,6 +29,17 @@ void SpaceProportionally(Measure* measure) {
         for (Voice* voice : measureStaffVoices.Of(crossing)) SpaceVoice(voice);
 }
 
+// A change of preferences that headers are as wide as.
+template <class Change>
+Status ChangeHeaders(WindowTarn& window, Change change) {
+    Measure *first = FirstMeasure(window.GetDocument()), *last = LastMeasure(window.GetDocument());
+    const EditStep step(window);
+    std::optional<SystemRedraw> redraw;
+    if (first) redraw.emplace(window, first, last);
+    change();
+    return Status::Ok();
+}
+
 }  // namespace
 
 SpacingRoom PreferredRoom(const Document* document) {
@@ -55,21 +66,20 @@ Status SpaceMeasures(WindowTarn& window, const MeasureRange& range, const Spacin
 }
 
 Status SetSpacingGaps(WindowTarn& window, const SpacingGaps& gaps) {
-    const Document* document = window.GetDocument();
-    Measure *first = FirstMeasure(document), *last = LastMeasure(document);
-    const EditStep step(window);
-    const auto store = [&] {
-        auto* page = Preferences<PagePref>(document);
+    return ChangeHeaders(window, [&] {
+        auto* page = Preferences<PagePref>(window.GetDocument());
         page->_barlineClefGap = gaps.barlineClef;
         page->_clefKeyGap = gaps.clefKey;
         page->_keyTimeGap = gaps.keyTime;
         page->_firstNoteGap = gaps.firstNote;
         page->_lastNoteGap = gaps.lastNote;
-    };
-    if (!first) return store(), Status::Ok();
-    const SystemRedraw redraw(window, first, last);
-    store();
-    return Status::Ok();
+    });
+}
+
+Status ShowTimeSignatures(WindowTarn& window, bool show) {
+    return ChangeHeaders(window, [&] {
+        Preferences<TimeMeasurePref>(window.GetDocument())->_showTimeSignature = uint8_t{show};
+    });
 }
 
 }  // namespace corvane

@@ -90,6 +90,9 @@ void Paint(GraphicPort& port, const PageText& text, const DrawContext& context);
 Rect InkOf(const MeasureStaffText& text);
 void Paint(GraphicPort& port, const MeasureStaffText& text, const DrawContext& context);
 bool Touches(const MeasureStaffText& text, Point p);  // a hit, where it stands at several staves
+// DrawTitle.cpp: a score's title is its document's.
+Rect InkOf(const Document& document);
+void Paint(GraphicPort& port, const Document& document, const DrawContext& context);
 // DrawLyrics.cpp.
 Rect InkOf(const Liriche& syllable);
 void Paint(GraphicPort& port, const Liriche& syllable, const DrawContext& context);

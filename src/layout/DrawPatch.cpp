@@ -128,6 +128,7 @@ std::array<const PatchBehaviour*, kClasses> MakeTable() {
              RowOf<MultiPause>(),
              RowOf<PageText>(),
              RowOf<MeasureStaffText>(),
+             RowOf<Document>(),
              RowOf<Liriche>(),
              RowOf<Dinamiche>(),
              RowOf<Tremolo>(),

@@ -5,6 +5,7 @@
 #include "layout/SpannerMarks.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
+#include "model/Texts.h"
 #include "model/Ties.h"
 
 namespace corvane {
@@ -106,6 +107,9 @@ void VisitSystem(const System* system, const PatchVisitor& visit) {
 void ForEachPatch(const Page* page, const PatchVisitor& visit) {
     for (const System* system : pageSystems.Of(page)) VisitSystem(system, visit);
     for (PageText* text : pageTexts.Of(page)) Visit(text, 0, visit);
+    Document* document = documentPages.ParentOf(page);
+    if (document && documentPages.First(document) == page && !TitleOf(document).empty())
+        Visit(document, 0, visit);
 }
 
 void ForEachPatch(const System* system, const PatchVisitor& visit) { VisitSystem(system, visit); }

@@ -5,6 +5,7 @@
 
 #include "layout/GeometryDump.h"
 #include "layout/LayoutDump.h"
+#include "model/FontTable.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
@@ -91,6 +92,16 @@ Status DumpGeometryOf(WindowTarn& window, std::string& out) {
     return Status::Ok();
 }
 
+// A line for each font: its name, and what it is drawn with where that is another.
+Status DumpFontsOf(WindowTarn& window, std::string& out) {
+    const FontList fonts = FontsOf(window.GetDocument());
+    for (const FontList::Pair& pair : fonts.Pairs()) {
+        const std::string_view drawn = TheFontList().SystemFont(pair.docFont);
+        Line(out, 0, pair.docFont + (drawn == pair.docFont ? "" : " by " + std::string(drawn)));
+    }
+    return Status::Ok();
+}
+
 Status DumpNotesOf(WindowTarn& window, std::string& out) {
     out += DumpNotes(window.GetDocument());
     return Status::Ok();
@@ -99,18 +110,15 @@ Status DumpNotesOf(WindowTarn& window, std::string& out) {
 constexpr struct {
     const char* name;
     Status (*dump)(WindowTarn&, std::string&);
-} kDumps[] = {{"layout", DumpLayoutOf},
-              {"geometry", DumpGeometryOf},
-              {"tree", DumpTree},
-              {"notes", DumpNotesOf},
-              {"objects", DumpObjects}};
+} kDumps[] = {{"layout", DumpLayoutOf}, {"geometry", DumpGeometryOf}, {"fonts", DumpFontsOf},
+              {"tree", DumpTree},       {"notes", DumpNotesOf},       {"objects", DumpObjects}};
 
 }  // namespace
 
 Status DumpScore(WindowTarn& window, std::string_view what, std::string& out) {
     for (const auto& dump : kDumps)
         if (what == dump.name) return dump.dump(window, out);
-    return {Fault::Refused, "dump wants layout, geometry, tree, notes or objects"};
+    return {Fault::Refused, "dump wants layout, geometry, fonts, tree, notes or objects"};
 }
 
 }  // namespace corvane

@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-// Appends the lines of `what`: layout and geometry (of the current page), tree, notes or objects.
+// Appends the lines of `what`: layout and geometry (of the current page), fonts, tree, notes or objects.
 Status DumpScore(WindowTarn& window, std::string_view what, std::string& out);
 
 }  // namespace corvane

@@ -7,6 +7,7 @@
 #include "layout/PageFit.h"
 #include "layout/PageLayout.h"
 #include "model/ClassTable.h"
+#include "model/FontTable.h"
 #include "model/Preferences.h"
 #include "model/ScoreCheck.h"
 #include "model/SymbolTable.h"
@@ -56,6 +57,7 @@ Session::Session(const SessionParts& parts) : _parts(parts), _preferences(Defaul
         Notify(Severity::Message, status.message());
     preferredPairDistance = GetWord(_preferences, SessionWord::PairDistance);
     spacingTable.widths = _preferences.spacing;
+    UseFontList(FontList::FromNames(_preferences.fonts));
 }
 
 Session::~Session() {
@@ -207,6 +209,7 @@ WindowTarn* Session::OpenBackup(const Backup& backup, Status& status, std::vecto
 
 Status Session::StorePreferences() {
     _preferences.spacing = spacingTable.widths;
+    _preferences.fonts = TheFontList().ToNames();
     return _parts.settings ? WriteSessionPreferences(*_parts.settings, _preferences) : Status::Ok();
 }
 

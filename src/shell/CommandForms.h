@@ -25,6 +25,7 @@ struct FieldRow {
     const char* words = "";      // shown for the least number
     bool leastIsSilent = false;  // the least number tells nothing
     unsigned modes = 0;          // counts for these options of the form's first field, a bit each; 0 for all
+    bool mayBeEmpty = false;     // a text that need not be filled in
 };
 
 struct CommandForm {

@@ -4,12 +4,15 @@
 #include <string>
 
 #include "edit/PaletteTable.h"
+#include "edit/ToolState.h"
 #include "graphics/MemoryPort.h"
+#include "model/SymbolMaker.h"
 #include "model/SymbolNames.h"
 
 namespace corvane {
 namespace {
 
+constexpr int kDynamics = 3;  // palette group
 constexpr int kWholeRest = 4, kHalfNote = 5, kHalfRest = 6, kTieItem = 19, kDotItem = 20,
               kAccidentalItem = 23;
 constexpr int32_t kStemLength = 330, kShelfOverhang = 45, kDotDistance = 55;
@@ -25,6 +28,16 @@ std::vector<GlyphPart> AccidentalGlyphsOf(const std::string& descriptor) {
         if (descriptor == "_" + std::string(each.longName) + "_")
             return {{each.code, 400, 0, 0, 0, each.second}};
     return {};
+}
+
+// Of an item of the other palettes; none for a text.
+std::vector<GlyphPart> SignGlyphs(const PaletteItem& item) {
+    const std::string name = CanonicalSymbolName(item.descriptor);
+    if (name.starts_with('#')) return AccidentalGlyphsOf(item.descriptor);
+    std::vector<GlyphPart> glyphs = GlyphsOf(name);
+    if (glyphs.empty() && item.group == kDynamics && name.size() > 1)
+        for (const SymbolPart& part : DesignSymbol(nullptr, name).parts) glyphs.push_back(part.glyph);
+    return glyphs;
 }
 
 Rect GlyphInk(const GlyphPart& part) {
@@ -109,7 +122,10 @@ void AddShelf(ItemPicture& picture, bool hangs) {
 
 ItemPicture GhostPicture(const PaletteItem& item) {
     ItemPicture picture;
-    if (item.item >= kAccidentalItem) {
+    if (item.group != kNoteGroup) {
+        picture.glyphs = SignGlyphs(item);
+        picture.hasLine = false;
+    } else if (item.item >= kAccidentalItem) {
         picture.glyphs = AccidentalGlyphsOf(item.descriptor);
     } else if (item.item >= kDotItem) {
         for (int i = 0; i <= item.item - kDotItem; ++i)
@@ -133,6 +149,7 @@ ItemPicture WholePicture(const PaletteItem& item) {
             return picture;
         }
     ItemPicture picture = GhostPicture(item);
+    if (item.group != kNoteGroup) return picture;
     if (IsNote(item) && item.item >= kHalfNote) AddStem(picture, FlagValue(item));
     if (item.item == kWholeRest || item.item == kHalfRest) AddShelf(picture, item.item == kWholeRest);
     return picture;

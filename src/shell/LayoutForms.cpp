@@ -65,12 +65,20 @@ constexpr F kStaves[] = {
 };
 constexpr F kNames[] = {{.label = "&Room before the first system:", .name = "indent", .least = 0, .most = kMostGap}};
 
+constexpr O kShown[] = {{"Yes", "show=1"}, {"No", "show=0"}};
+constexpr F kTimes[] = {{.label = "&Show time signatures:", .name = "", .options = kShown}};
+constexpr F kFonts[] = {
+    {.label = "&Font of the score:", .name = "doc"},
+    {.label = "&Drawn with:", .name = "sys"},
+};
+
 constexpr const char* kUnits = "1435 units are an inch.";
 
 constexpr CommandForm kForms[] = {
     {32807, kSpacing}, {33177, kTable, "Widths in line distances; they hold for every score.", false, "", true},
     {32786, kGaps, "Units of the page, 1435 to the inch; the last note's is thousandths of the measure."},
     {57606, kPaper, kUnits}, {32776, kMargins, kUnits}, {32777, kStaves, kUnits}, {32787, kNames, kUnits},
+    {32798, kTimes}, {33090, kFonts, "The same name twice draws with the font itself.", false, "", true},
 };
 // clang-format on
 

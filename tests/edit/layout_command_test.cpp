@@ -2,6 +2,7 @@
 // default page of 15785 by 12197 with the margins 1800, 750, 1600 and 550.
 #include "edit/CommandValues.h"
 #include "layout/ListaEventi.h"
+#include "model/FontTable.h"
 #include "model/Preferences.h"
 #include "structure_fixture.h"
 
@@ -9,11 +10,15 @@ namespace corvane {
 namespace {
 
 constexpr int kPageSetup = 57606, kModifyPage = 32776, kStaffSettings = 32777, kSpacingOptions = 32786,
-              kNameOptions = 32787, kSpacing = 32807, kSpacingTable = 33177, kAddPages = 32790;
+              kNameOptions = 32787, kSpacing = 32807, kSpacingTable = 33177, kAddPages = 32790,
+              kTimeOptions = 32798, kFontTable = 33090;
 
 class LayoutCommands : public StructureTest {
 protected:
-    ~LayoutCommands() override { spacingTable = SpacingTable(); }
+    ~LayoutCommands() override {
+        spacingTable = SpacingTable();
+        UseFontList({});
+    }
     std::vector<int32_t> Xs(int measure, int staff) {
         std::vector<int32_t> xs;
         for (const VoiceSymbol* symbol : voiceSymbols.Of(measureStaffVoices.First(Crossing(measure, staff))))
@@ -161,6 +166,26 @@ TEST_F(LayoutCommands, TheFirstSystemIsIndentedWhicheverItIs) {
     ExpectFitted();
 }
 
+TEST_F(LayoutCommands, HeadersCloseUpWhereMetersAreNotShown) {
+    OpenPages(1);
+    const int32_t with = NoteAreaLeft(MeasureNumber(1));
+    RunAndBack(kTimeOptions, {{"show", "0"}});
+    EXPECT_LT(NoteAreaLeft(MeasureNumber(1)), with - 150);
+    EXPECT_EQ(ValuesAtHand(*window, kTimeOptions).at("show"), "0");
+}
+
+TEST_F(LayoutCommands, AFontOfTheScoreIsDrawnWithAnother) {
+    OpenPages(1);
+    EXPECT_EQ(ValuesAtHand(*window, kFontTable).at("doc"), "Courier New") << "the first by name";
+    ASSERT_TRUE(Run(kFontTable, {{"doc", "Times New Roman"}, {"sys", "Garamond"}}));
+    EXPECT_EQ(FontName(DrawnFont("Times New Roman")), "Garamond");
+    EXPECT_EQ(ValuesAtHand(*window, kFontTable).at("doc"), "Times New Roman") << "the one with a substitute";
+    const Status status = Run(kFontTable, {{"doc", "Verdigris"}, {"sys", "Garamond"}});
+    EXPECT_EQ(status.message(), "The score names no font \"Verdigris\"");
+    ASSERT_TRUE(Run(kFontTable, {{"doc", "Times New Roman"}}));
+    EXPECT_TRUE(TheFontList().Pairs().empty());
+}
+
 TEST_F(LayoutCommands, WhatADialogShowsFirstChangesNothing) {
     OpenPages(2, "SS");
     ASSERT_TRUE(Run(kNameOptions, {{"indent", "700"}}));
@@ -169,8 +194,8 @@ TEST_F(LayoutCommands, WhatADialogShowsFirstChangesNothing) {
     ASSERT_TRUE(Run(kSpacing, {}));
     const std::vector<std::string> before = Layouts();
     const Xv spaced = Xs(2, 1);
-    for (const int id :
-         {kPageSetup, kModifyPage, kStaffSettings, kSpacingOptions, kNameOptions, kSpacingTable, kSpacing}) {
+    for (const int id : {kPageSetup, kModifyPage, kStaffSettings, kSpacingOptions, kNameOptions,
+                         kSpacingTable, kSpacing, kTimeOptions, kFontTable}) {
         const CommandArguments values = ValuesAtHand(*window, id);
         EXPECT_FALSE(values.empty()) << id;
         const Status status = Run(id, values);

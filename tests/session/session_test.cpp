@@ -168,7 +168,7 @@ TEST_F(SessionTest, ScriptsStopAtTheFirstRefusedLineAndSayWhich) {
         {"new\npress 1 1 hyper\n", "line 2: \"hyper\" is no modifier"},
         {"new\ncommand 12345\n", "line 2: There is no command 12345"},
         {"new\ncommand 57643\n", "line 2: \"Undo\" cannot be done now"},
-        {"new\ndump everything\n", "line 2: dump wants layout, geometry, tree, notes or objects"},
+        {"new\ndump everything\n", "line 2: dump wants layout, geometry, fonts, tree, notes or objects"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.script);
