@@ -26,6 +26,14 @@ WindowTarn* HeadlessProgram::OpenOrTell(const std::string& path) {
     return window;
 }
 
+WindowTarn* HeadlessProgram::ImportOrTell(const std::string& path, const ImportOptions& options) {
+    Status status;
+    ImportProgress silent;
+    WindowTarn* window = _session->Import(path, options, silent, status);
+    if (!window) Refuse(path + ": " + status.message());
+    return window;
+}
+
 int Refuse(const std::string& line) {
     std::fprintf(stderr, "corvane: %s\n", line.c_str());
     return kRefused;

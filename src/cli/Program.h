@@ -21,6 +21,8 @@ public:
     Session& TheSession() { return *_session; }
     // Null, with one line on stderr, for a file that cannot be opened.
     WindowTarn* OpenOrTell(const std::string& path);
+    // The same for a MIDI file.
+    WindowTarn* ImportOrTell(const std::string& path, const ImportOptions& options);
 
 private:
     PosixFiles _files;
@@ -39,6 +41,7 @@ struct NewOptions {
 struct ConvertOptions {
     std::string in, out;
     int page = 0, zoom = 105;
+    ImportOptions import;
 };
 int RunNew(const NewOptions& options);
 int RunConvert(const ConvertOptions& options);

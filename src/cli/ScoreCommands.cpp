@@ -53,10 +53,12 @@ int RunNew(const NewOptions& options) {
 }
 
 int RunConvert(const ConvertOptions& options) {
-    if (!IsScoreExtension(ExtensionOf(options.in)))
-        return Refuse("\"" + options.in + "\": only cvn, cvm, cvi, sp3 and trn can be read");
+    const bool isMidi = IsMidiExtension(ExtensionOf(options.in));
+    if (!isMidi && !IsScoreExtension(ExtensionOf(options.in)))
+        return Refuse("\"" + options.in + "\": only cvn, cvm, cvi, sp3, trn and mid can be read");
     HeadlessProgram program;
-    WindowTarn* window = program.OpenOrTell(options.in);
+    WindowTarn* window =
+        isMidi ? program.ImportOrTell(options.in, options.import) : program.OpenOrTell(options.in);
     if (!window) return kRefused;
     if (SaveByExtension(options.out)) return Outcome(program.TheSession().Save(*window, options.out));
     return Outcome(ExportScore(*window, options.out, options.page, options.zoom));

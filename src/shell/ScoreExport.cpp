@@ -97,6 +97,10 @@ bool IsScoreExtension(const std::string& extension) {
     return false;
 }
 
+bool IsMidiExtension(const std::string& extension) {
+    return extension == "mid" || extension == "midi" || extension == "kar";
+}
+
 Status ExportScore(WindowTarn& window, const std::string& path, int page, int zoom) {
     const std::string extension = ExtensionOf(path);
     for (const auto& format : kFormats) {

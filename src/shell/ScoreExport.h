@@ -25,5 +25,7 @@ PagesToRender PagesOf(WindowTarn& window, int page);
 std::string ExtensionOf(const std::string& path);
 // cvn, cvm, cvi, sp3, trn.
 bool IsScoreExtension(const std::string& extension);
+// mid, midi, kar.
+bool IsMidiExtension(const std::string& extension);
 
 }  // namespace corvane
