@@ -39,6 +39,11 @@ int Refuse(const std::string& line) {
     return kRefused;
 }
 
+int Misuse(const std::string& line) {
+    Refuse(line);
+    return kUsage;
+}
+
 int Outcome(const Status& status) { return status ? kDone : Refuse(status.message()); }
 
 }  // namespace corvane

@@ -32,6 +32,8 @@ private:
 // One line on stderr for a failure; the program's exit code.
 int Outcome(const Status& status);
 int Refuse(const std::string& line);
+// The same for words on the command line that make no sense.
+int Misuse(const std::string& line);
 
 // The subcommands; each answers the exit code.
 struct NewOptions {
@@ -39,12 +41,16 @@ struct NewOptions {
     int measures = 5, systems = 3;
 };
 struct ConvertOptions {
-    std::string in, out;
+    std::vector<std::string> files;  // one to read and one to write, or with `outDir` all to read
+    std::string outDir, to;
+    int jobs = 0;  // 0: as many as there are cores
     int page = 0, zoom = 105;
     ImportOptions import;
 };
 int RunNew(const NewOptions& options);
 int RunConvert(const ConvertOptions& options);
+// Many files into a folder, each by a process of its own.
+int RunBatch(const ConvertOptions& options);
 int RunInfo(const std::string& file, bool json);
 int RunCheck(const std::string& file);
 int RunPlay(const std::string& file, bool dry);

@@ -53,15 +53,17 @@ int RunNew(const NewOptions& options) {
 }
 
 int RunConvert(const ConvertOptions& options) {
-    const bool isMidi = IsMidiExtension(ExtensionOf(options.in));
-    if (!isMidi && !IsScoreExtension(ExtensionOf(options.in)))
-        return Refuse("\"" + options.in + "\": only cvn, cvm, cvi, sp3, trn and mid can be read");
+    if (!options.outDir.empty() || !options.to.empty()) return RunBatch(options);
+    if (options.files.size() != 2) return Misuse("convert wants a file to read and a file to write");
+    const std::string &in = options.files[0], &out = options.files[1];
+    const bool isMidi = IsMidiExtension(ExtensionOf(in));
+    if (!isMidi && !IsScoreExtension(ExtensionOf(in)))
+        return Refuse("\"" + in + "\": only cvn, cvm, cvi, sp3, trn and mid can be read");
     HeadlessProgram program;
-    WindowTarn* window =
-        isMidi ? program.ImportOrTell(options.in, options.import) : program.OpenOrTell(options.in);
+    WindowTarn* window = isMidi ? program.ImportOrTell(in, options.import) : program.OpenOrTell(in);
     if (!window) return kRefused;
-    if (SaveByExtension(options.out)) return Outcome(program.TheSession().Save(*window, options.out));
-    return Outcome(ExportScore(*window, options.out, options.page, options.zoom));
+    if (SaveByExtension(out)) return Outcome(program.TheSession().Save(*window, out));
+    return Outcome(ExportScore(*window, out, options.page, options.zoom));
 }
 
 int RunInfo(const std::string& file, bool json) {

@@ -1,8 +1,8 @@
 // The command line: GNU habits; exit 0 done, 1 refused with one line on stderr, 2 usage.
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <functional>
 
+#include "cli/ImportArguments.h"
 #include "cli/Program.h"
 
 namespace corvane {
@@ -19,53 +19,6 @@ CLI::App* Subcommand(CLI::App& app, const char* name, const char* what, Choice& 
     return sub;
 }
 
-// One of the words that stand for numbers; the word of `value` is told as the default.
-template <class Words>
-void AddWords(CLI::App& sub, const char* name, const char* what, const Words& words, int value,
-              std::function<void(int)> take) {
-    std::vector<std::string> known;
-    std::string usual;
-    for (const auto& [word, number] : words) {
-        known.emplace_back(word);
-        if (number == value) usual = word;
-    }
-    sub.add_option_function<std::string>(
-           name,
-           [&words, take = std::move(take)](const std::string& chosen) {
-               for (const auto& [word, number] : words)
-                   if (chosen == word) take(number);
-           },
-           what)
-        ->check(CLI::IsMember(known))
-        ->default_str(usual);
-}
-
-struct WordNumber {
-    const char* word;
-    int number;
-};
-constexpr WordNumber kLevels[] = {{"none", 0}, {"half", 1}, {"quarter", 2}, {"8", 3},
-                                  {"16", 4},   {"32", 5},   {"64", 6},      {"128", 7}};
-constexpr WordNumber kTuplets[] = {{"none", 0}, {"3", 1}, {"5", 2}, {"7", 3}, {"9", 4}, {"11", 5}};
-constexpr WordNumber kResolutions[] = {{"2", 2},   {"4", 4},   {"8", 8},    {"16", 16},
-                                       {"32", 32}, {"64", 64}, {"128", 128}};
-
-void AddImportOptions(CLI::App& sub, ImportOptions& options) {
-    AddWords(sub, "--quantize", "For MIDI files: the grid that notes are moved to", kLevels, options.level,
-             [&](int level) { options.level = level; });
-    AddWords(sub, "--tuplets", "For MIDI files: the richest tuplet looked for", kTuplets, options.tupletKind,
-             [&](int kind) {
-                 options.tuplets = kind > 0;
-                 options.tupletKind = std::max(kind, 1);
-             });
-    AddWords(sub, "--tuplet-resolution", "For MIDI files: the smallest value in a tuplet", kResolutions,
-             options.tupletResolution, [&](int value) { options.tupletResolution = value; });
-    sub.add_option("--split", options.splitVoice,
-                   "For MIDI files: the voice of notes that do not begin and end with the others; 0 for none")
-        ->check(CLI::Range(0, 8))
-        ->capture_default_str();
-}
-
 void AddFileCommands(CLI::App& app, Choice& choice) {
     static NewOptions create;
     CLI::App* sub = Subcommand(app, "new", "Make an empty score", choice, [] { return RunNew(create); });
@@ -79,9 +32,17 @@ void AddFileCommands(CLI::App& app, Choice& choice) {
     static ConvertOptions convert;
     sub = Subcommand(app, "convert", "Write a score or a MIDI file as cvm, pdf, svg, png, wav or mid", choice,
                      [] { return RunConvert(convert); });
-    sub->add_option("IN", convert.in, "A score file (cvn, cvm, cvi, sp3, trn) or a MIDI file (mid)")
+    sub->add_option(
+           "FILES", convert.files,
+           "IN and OUT: a score file (cvn, cvm, cvi, sp3, trn) or a MIDI file (mid), and the file to write, "
+           "whose extension tells the kind; with --out-dir any number of files to read")
         ->required();
-    sub->add_option("OUT", convert.out, "The file to write; its extension tells the kind")->required();
+    sub->add_option("--out-dir", convert.outDir, "Write all files into this folder, under their own names");
+    sub->add_option("--to", convert.to, "The kind to write into the folder: cvm, pdf, svg, png, wav or mid");
+    sub->add_option("--jobs", convert.jobs,
+                    "How many to convert at once; 0: as many as the machine has cores")
+        ->check(CLI::Range(0, 1024))
+        ->capture_default_str();
     sub->add_option("--page", convert.page, "Only this page, from 1")->check(CLI::Range(1, 32767));
     sub->add_option("--zoom", convert.zoom, "Percent, for png; 105 is true size")
         ->check(CLI::Range(5, 1600))

@@ -53,6 +53,7 @@ Status ImportMidi(Document* document, MidiBytes bytes, const ImportOptions& opti
     if (Status status = ReadMidiFile(bytes, file); !status) return status;
     ScorePlan plan(file.ticksPerQuarter);
     if (Status status = PlanScore(file, bytes.size(), options, progress, plan); !status) return status;
+    if (!progress.At("Generating measure:", 0, 1)) return ImportCancelled();
     ScoreFrame frame(document, plan);
     frame.Build();
     if (Status status = WriteNotes(plan, frame.Columns(), progress); !status) return status;

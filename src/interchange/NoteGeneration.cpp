@@ -1,7 +1,6 @@
 #include "interchange/NoteGeneration.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace corvane {
 
@@ -38,20 +37,19 @@ bool NoteGeneration::GenerateChord(const PendingChords& pending, const PendingCh
     return true;
 }
 
-// Small gaps before the next chord disappear; where it is further off a note ends on a beat.
+// Small gaps before the next chord disappear; where it is further off a note ends on a beat. None grows over a
+// barline, and none to more than twice what was played: a short note is short on purpose.
 FineTime NoteGeneration::ExtendedEnd(const Piece& piece, FineTime next) const {
-    if (next < 0) return piece.end;
-    static const char* mode = getenv("EXT");
-    if (mode && *mode == '0')
-        return piece.end > piece.start
-                   ? piece.end
-                   : std::min(next, piece.start + (kWholeNote >> std::max(_options.level, 1)));
-    const Bar& bar = _bars[_bars.BarOf(piece.start)];
-    const FineTime beat = bar.start + ((piece.start - bar.start) / kQuarter + 1) * kQuarter;
+    if (next < 0 || (_options.level == 0 && piece.end > piece.start)) return piece.end;
+    if (_options.level == 0) return next;
+    const Bar& bar = _bars[_bars.BarOf(std::max(piece.start, piece.end - 1))];
+    const FineTime start = std::max(piece.start, bar.start);
+    const FineTime beat = bar.start + ((start - bar.start) / kQuarter + 1) * kQuarter;
     const FineTime nextBeat = next - (next - bar.start) % kQuarter;
-    if (_options.level == 0) return piece.end > piece.start ? piece.end : next;
-    if (beat >= next) return next;
-    const FineTime end = beat >= piece.end ? beat : nextBeat >= piece.end ? nextBeat : next;
+    FineTime end = next;
+    if (beat < next) end = beat >= piece.end ? beat : nextBeat >= piece.end ? nextBeat : next;
+    end = std::min(end, bar.End());
+    if (piece.end > piece.start && end - piece.end >= piece.end - piece.start) return piece.end;
     // A tuplet is not cut within one of its parts.
     const TupletCell* cell = _cells.CellAt(end);
     return cell && end > cell->start ? std::min(next, cell->End()) : end;

@@ -39,12 +39,13 @@ private:
 
 class TrackPlanner {
 public:
-    TrackPlanner(ScorePlan& plan, const ImportOptions& options, Budget& budget)
-        : _plan(plan), _options(options), _budget(budget) {}
+    TrackPlanner(ScorePlan& plan, const ImportOptions& options, Budget& budget, ImportProgress& progress)
+        : _plan(plan), _options(options), _budget(budget), _progress(progress) {}
 
     Status Plan(MidiBytes bytes, TrackPlan& track) {
         ImportTrack source;
         if (Status status = ReadImportTrack(bytes, source); !status) return status;
+        if (_options.level && !_progress.At("Quantization...", 0, 1)) return ImportCancelled();
         Quantize(source.events, _plan.bars.TicksPerQuarter(), _options);
         int low = 0, high = 0;
         for (const NoteEvent& event : source.events) {
@@ -57,6 +58,7 @@ public:
         track.sounds = source.sounds;
         track.channels = source.channels;
         track.isLow = low > high;
+        if (!_progress.At("Scanning...", 0, 1)) return ImportCancelled();
         return PlanVoices(source.events, track) ? Status::Ok() : InvalidMidiFile();
     }
 
@@ -104,6 +106,7 @@ private:
     ScorePlan& _plan;
     const ImportOptions& _options;
     Budget& _budget;
+    ImportProgress& _progress;
 };
 
 }  // namespace
@@ -121,9 +124,9 @@ Status PlanScore(const MidiFile& file, size_t fileSize, const ImportOptions& opt
     if (Status status = plan.bars.Read(file.tracks[0]); !status) return status;
     plan.splitVoice = options.splitVoice;
     Budget budget(fileSize);
-    TrackPlanner planner(plan, options, budget);
+    TrackPlanner planner(plan, options, budget, progress);
     for (int i = 1; i < parts; ++i) {
-        if (!progress.At("Note Generation...", i, parts)) return ImportCancelled();
+        if (!progress.At("Reading track:", i, parts)) return ImportCancelled();
         TrackPlan& track = plan.tracks.emplace_back();
         if (Status status = planner.Plan(file.tracks[static_cast<size_t>(i)], track); !status) return status;
         plan.isSingle = plan.isSingle && track.channels.IsSingle();
