@@ -5,6 +5,7 @@
 
 #include "base/Notify.h"
 #include "cli/Program.h"
+#include "edit/MeasureRange.h"
 #include "platform/fluidsynth/FluidSynth.h"
 #include "platform/rtmidi/MidiSystems.h"
 #include "platform/rtmidi/RtMidiPort.h"
@@ -17,9 +18,17 @@ namespace {
 
 volatile std::sig_atomic_t interrupted = 0;
 
-int PlayAloud(const Document* document) {
+PlaySetup SetupOf(const PlayOptions& options) {
+    PlaySetup setup;
+    setup.followsTexts = options.texts;
+    setup.click.on = options.click || options.countOff > 0;
+    setup.click.port = SoundPort::kBuiltIn;
+    setup.click.countOffMeasures = options.countOff;
+    return setup;
+}
+
+int PlayAloud(const Document* document, const Measure* from, const PlaySetup& setup) {
     FluidSynth synth;
-    if (!synth.HasSound()) std::fputs("corvane: There is no sound card: playing is silent.\n", stderr);
     SoundPort::SetFactory([&] { return std::make_unique<RtMidiPort>(&synth); });
     std::signal(SIGINT, [](int) { interrupted = 1; });
     std::signal(SIGTERM, [](int) { interrupted = 1; });
@@ -27,11 +36,15 @@ int PlayAloud(const Document* document) {
     const auto makeClock = [](int resolution, int unit, ClockDealer* out) {
         return std::make_unique<TimerClock>(resolution, unit, out);
     };
-    if (!task.Init(document, makeClock) || !task.Start()) {
+    if (!task.Init(document, makeClock, setup) || !task.Start(from)) {
         SoundPort::SetFactory(nullptr);
         return kDone;  // nothing to play
     }
-    while (!interrupted && !task.StopIfOver()) std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    while (!interrupted && !task.StopIfOver()) {
+        SoundPort::PollError();
+        SoundPort::PollSilence();
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
     if (task.IsPrepared()) task.Stop();
     SoundPort::SetFactory(nullptr);
     return kDone;
@@ -39,13 +52,18 @@ int PlayAloud(const Document* document) {
 
 }  // namespace
 
-int RunPlay(const std::string& file, bool dry) {
+int RunPlay(const PlayOptions& options) {
     HeadlessProgram program;
-    WindowTarn* window = program.OpenOrTell(file);
+    WindowTarn* window = program.OpenOrTell(options.file);
     if (!window) return kRefused;
-    if (!dry) return PlayAloud(window->GetDocument());
-    DryPlay(window->GetDocument(),
-            [](std::string_view line) { std::fwrite(line.data(), 1, line.size(), stdout); });
+    const Document* document = window->GetDocument();
+    const Measure* from = MeasureOfNumber(*window, options.from);
+    if (!from) return Refuse("There is no measure " + std::to_string(options.from));
+    const PlaySetup setup = SetupOf(options);
+    if (!options.dry) return PlayAloud(document, from, setup);
+    DryPlay(
+        document, [](std::string_view line) { std::fwrite(line.data(), 1, line.size(), stdout); }, from,
+        setup);
     return kDone;
 }
 

@@ -44,6 +44,9 @@ int Misuse(const std::string& line) {
     return kUsage;
 }
 
-int Outcome(const Status& status) { return status ? kDone : Refuse(status.message()); }
+int Outcome(const Status& status, const std::string& about) {
+    if (status) return kDone;
+    return Refuse(about.empty() ? status.message() : about + ": " + status.message());
+}
 
 }  // namespace corvane

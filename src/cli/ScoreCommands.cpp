@@ -5,7 +5,7 @@
 #include "model/Par.h"
 #include "model/ScoreCheck.h"
 #include "play/NoteDump.h"
-#include "session/Dumps.h"
+#include "session/NewScoreRules.h"
 #include "shell/ScoreExport.h"
 #include "store/NewMemoryPool.h"
 
@@ -39,7 +39,7 @@ ScoreFacts FactsOf(WindowTarn& window) {
     return facts;
 }
 
-bool SaveByExtension(const std::string& path) { return IsScoreExtension(ExtensionOf(path)); }
+bool SavesAs(const std::string& path) { return SavedExtension(path) == ExtensionOf(path); }
 
 }  // namespace
 
@@ -47,9 +47,9 @@ int RunNew(const NewOptions& options) {
     HeadlessProgram program;
     const PageLayout layout{options.measures, options.systems};
     if (const Status status = CheckNewScore(layout, options.staves); !status) return Outcome(status);
-    if (!SaveByExtension(options.out)) return Refuse("\"" + options.out + "\": a score ends in .cvm");
+    if (!SavesAs(options.out)) return Refuse("\"" + options.out + "\": a score ends in .cvm");
     WindowTarn* window = program.TheSession().NewScore(layout, options.staves);
-    return Outcome(program.TheSession().Save(*window, options.out));
+    return Outcome(program.TheSession().Save(*window, options.out), options.out);
 }
 
 int RunConvert(const ConvertOptions& options) {
@@ -58,11 +58,11 @@ int RunConvert(const ConvertOptions& options) {
     const std::string &in = options.files[0], &out = options.files[1];
     const bool isMidi = IsMidiExtension(ExtensionOf(in));
     if (!isMidi && !IsScoreExtension(ExtensionOf(in)))
-        return Refuse("\"" + in + "\": only cvn, cvm, cvi, sp3, trn and mid can be read");
+        return Refuse("\"" + in + "\": only " + Listed(ReadExtensions()) + " can be read");
     HeadlessProgram program;
     WindowTarn* window = isMidi ? program.ImportOrTell(in, options.import) : program.OpenOrTell(in);
     if (!window) return kRefused;
-    if (SaveByExtension(out)) return Outcome(program.TheSession().Save(*window, out));
+    if (SavesAs(out)) return Outcome(program.TheSession().Save(*window, out), out);
     return Outcome(ExportScore(*window, out, options.page, options.zoom));
 }
 
@@ -85,7 +85,7 @@ int RunCheck(const std::string& file) {
     HeadlessProgram program;
     PosixFiles files;
     std::vector<uint8_t> bytes;
-    if (const Status status = files.Read(file, bytes); !status) return Outcome(status);
+    if (const Status status = files.Read(file, bytes); !status) return Outcome(status, file);
     NewMemoryPool* pool = MemoryManager::Instance().NewPool();
     LoadReport report;
     const Status status = ReadScore(*pool, bytes, &report);

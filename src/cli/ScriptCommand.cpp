@@ -16,7 +16,7 @@ int RunScript(const std::string& file) {
     } else {
         PosixFiles files;
         std::vector<uint8_t> bytes;
-        if (const Status status = files.Read(file, bytes); !status) return Outcome(status);
+        if (const Status status = files.Read(file, bytes); !status) return Outcome(status, file);
         text.assign(bytes.begin(), bytes.end());
     }
     HeadlessProgram program;

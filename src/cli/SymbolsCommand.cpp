@@ -106,7 +106,6 @@ void DrawCell(GraphicPort& port, Document* document, const std::string& name, Po
 }
 
 using Render = Status (*)(const std::string& path, const PagesToRender& pages, int zoom);
-constexpr int kScreenDpi = 96;
 constexpr struct {
     const char* extension;
     Render render;

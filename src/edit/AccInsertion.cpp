@@ -3,6 +3,7 @@
 #include "edit/Audition.h"
 #include "edit/Insertion.h"
 #include "edit/MeasureRedraw.h"
+#include "edit/Spanners.h"
 #include "edit/ToolState.h"
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
@@ -20,11 +21,16 @@ constexpr struct {
     const char* descriptor;
     Alteration alteration;
 } kAccidentals[] = {
-    {"_Bequadro_", Alteration::None},          {"_Diesis_", Alteration::Sharp},
-    {"_Bemolle_", Alteration::Flat},           {"_DDiesis_", Alteration::DoubleSharp},
-    {"_DBemolle_", Alteration::DoubleFlat},    {"_Monesis_", Alteration::HalfSharp},
-    {"_MonoBemolle_", Alteration::HalfFlat},   {"_Triesis_", Alteration::ThreeQuarterSharp},
-    {"_TriBemolle_", Alteration::ThreeQuarterFlat}, {"_BequadroSu_", Alteration::NaturalUp},
+    {"_Bequadro_", Alteration::None},
+    {"_Diesis_", Alteration::Sharp},
+    {"_Bemolle_", Alteration::Flat},
+    {"_DDiesis_", Alteration::DoubleSharp},
+    {"_DBemolle_", Alteration::DoubleFlat},
+    {"_Monesis_", Alteration::HalfSharp},
+    {"_MonoBemolle_", Alteration::HalfFlat},
+    {"_Triesis_", Alteration::ThreeQuarterSharp},
+    {"_TriBemolle_", Alteration::ThreeQuarterFlat},
+    {"_BequadroSu_", Alteration::NaturalUp},
     {"_BequadroGiu_", Alteration::NaturalDown},
 };
 
@@ -33,22 +39,6 @@ Alteration AlterationOf(std::string_view descriptor) {
         if (descriptor.starts_with(accidental.descriptor)) return accidental.alteration;
     CORVANE_ASSERT_AS(false, "descriptor");
     return Alteration::None;
-}
-
-// The event under a press: a chord's column or a rest; null for neither.
-DrawPatch EventUnder(WindowTarn& window, Point p) {
-    DrawPatch patch = window.Sheet().HitSymbol(p);
-    if (patch && !patch.Record<ChordSymbol>() && !patch.Record<Pause>()) patch = window.Sheet().HitSymbol(p, patch);
-    return patch;
-}
-
-GenericNote* NoteUnder(WindowTarn& window, Point p) {
-    const DrawPatch first = window.Sheet().HitSymbol(p);
-    for (const DrawPatch& patch : {first, first ? window.Sheet().HitSymbol(p, first) : first})
-        if (patch)
-            if (auto* chordSymbol = patch.Record<ChordSymbol>())
-                if (GenericNote* note = HeadAt(chordSymbol, p)) return note;
-    return nullptr;
 }
 
 // A bracketed sign stands whatever the key and earlier notes say; the same sign asked for twice goes again.
@@ -76,6 +66,22 @@ void SetDotsOf(WindowTarn& window, VoiceSymbol* symbol, int count) {
 
 }  // namespace
 
+DrawPatch EventUnder(WindowTarn& window, Point p) {
+    DrawPatch patch = window.Sheet().HitSymbol(p);
+    if (patch && !patch.Record<ChordSymbol>() && !patch.Record<Pause>())
+        patch = window.Sheet().HitSymbol(p, patch);
+    return patch;
+}
+
+GenericNote* NoteUnder(WindowTarn& window, Point p) {
+    const DrawPatch first = window.Sheet().HitSymbol(p);
+    for (const DrawPatch& patch : {first, first ? window.Sheet().HitSymbol(p, first) : first})
+        if (patch)
+            if (auto* chordSymbol = patch.Record<ChordSymbol>())
+                if (GenericNote* note = HeadAt(chordSymbol, p)) return note;
+    return nullptr;
+}
+
 void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
     GenericNote* note = NoteUnder(place.window, place.point);
     if (!note) return;
@@ -89,6 +95,7 @@ void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
         UpdateAccidentals(note, UpdateNoteHeight);
     }
     UpdateNoteHeight(note);
+    AlterTiedNotes(place.window, note);
     AuditionNote(note);
 }
 

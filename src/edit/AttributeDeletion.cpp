@@ -2,30 +2,26 @@
 #include "base/Assert.h"
 #include "edit/Deletion.h"
 #include "edit/DeletionSteps.h"
+#include "edit/MeasureRedraw.h"
+#include "layout/NotePitches.h"
 #include "layout/Spacing.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
-#include "model/SymbolTable.h"
+#include "model/RecordRelease.h"
+#include "model/Ties.h"
 #include "play/MIDIUtility.h"
 
 namespace corvane {
 namespace {
 
-void ReleaseRecord(BehaviourWord* record) { MemoryManager::Instance().Release(record); }
-
-// The other mark of a tie.
-MarkValue* OtherMark(const MarkValue* mark) {
-    const TieValue* tie = tieMarks.ParentOf(mark);
-    for (MarkValue* other : tieMarks.Of(tie))
-        if (other != mark) return other;
-    CORVANE_ASSERT_AS(false, "mrk1 && mrk1 != mrk");
-    return nullptr;
-}
-
 void DeleteTie(WindowTarn& window, MarkValue* mark) {
     MarkValue* other = OtherMark(mark);
+    CORVANE_ASSERT_AS(other, "mrk1 && mrk1 != mrk");
     TieValue* tie = tieMarks.ParentOf(mark);
     GenericNote *note1 = noteAttributes.ParentOf(mark), *note2 = noteAttributes.ParentOf(other);
+    GenericNote* second = StandsBefore(note1, note2) ? note2 : note1;
+    const bool tiedOver = MeasurePar(note1) != MeasurePar(note2);
+    const MeasureRedraw redraw(window, MeasureStaffPar(second));
     for (MarkValue* each : {mark, other}) {
         TakeOff(window, each);
         noteAttributes.Remove(each);
@@ -34,6 +30,7 @@ void DeleteTie(WindowTarn& window, MarkValue* mark) {
     }
     Release(tie);
     UntieNotes(note1, note2);
+    if (tiedOver) RedoAccidentals(MeasureStaffPar(second));
 }
 
 // One mark less; a tuplet without marks goes.
@@ -41,20 +38,6 @@ void DeleteMark(MarkIrreg* mark) {
     Irregular* irregular = irregularMarks.ParentOf(mark);
     irregularMarks.Remove(mark);
     if (irregular && irregularMarks.IsEmpty(irregular)) Release(irregular);
-}
-
-// The symbol field of a sign; null for a sign without one.
-Ptr<FontSymbol>* SymbolField(BehaviourWord* sign) {
-    const int16_t number = sign->ClassNumber();
-    if (number == Accident::kClass) return &static_cast<Accident*>(sign)->_symbol;
-    if (number == Dot::kClass) return &static_cast<Dot*>(sign)->_symbol;
-    if (number == Tremolo::kClass) return &static_cast<Tremolo*>(sign)->_symbol;
-    if (IsClass<SymbolAttribute>(number)) return &static_cast<SymbolAttribute*>(sign)->_symbol;
-    return nullptr;
-}
-
-void DropSymbolOf(Document* document, BehaviourWord* sign) {
-    if (Ptr<FontSymbol>* field = SymbolField(sign)) DropSymbol(document, *field);
 }
 
 }  // namespace
@@ -78,17 +61,17 @@ void DeleteTiesOf(WindowTarn& window, GenericNote* note) {
 void DeleteNoteAttribute(WindowTarn& window, NoteAttribute* attribute) {
     if (auto* mark = As<MarkValue>(attribute)) return DeleteTie(window, mark);
     TakeOff(window, attribute);
-    DropSymbolOf(DocumentPar(noteAttributes.ParentOf(attribute)), attribute);
+    Document* document = DocumentPar(noteAttributes.ParentOf(attribute));
     noteAttributes.Remove(attribute);
-    ReleaseRecord(attribute);
+    DropRecord(document, attribute);
 }
 
 void DeleteVoiceSymbolAttribute(WindowTarn& window, VoiceSymbolAttribute* attribute) {
     TakeOff(window, attribute);
+    Document* document = DocumentPar(voiceSymbolAttributes.ParentOf(attribute));
     if (auto* mark = As<MarkIrreg>(attribute)) DeleteMark(mark);
-    else DropSymbolOf(DocumentPar(voiceSymbolAttributes.ParentOf(attribute)), attribute);
     voiceSymbolAttributes.Remove(attribute);
-    ReleaseRecord(attribute);
+    DropRecord(document, attribute);
 }
 
 }  // namespace corvane

@@ -13,22 +13,11 @@
 namespace corvane {
 namespace {
 
-constexpr int32_t kSlashedGrace = 20;  // kind of grace note with a slash
-
-// The event behind which a new one at x stands; null for the front of the voice.
-VoiceSymbol* EventBefore(const Voice* voice, int32_t x) {
-    VoiceSymbol* before = nullptr;
-    for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
-        if (XOf(symbol) > x) break;
-        before = symbol;
-    }
-    return before;
-}
 
 Chords* MakeChords(const Voice* voice, bool grace) {
     if (!grace) return Make<Chords>();
     auto* chord = Make<GraceChord>();
-    chord->_slash = Preferences<GracePref>(DocumentPar(voice))->_type == kSlashedGrace;
+    chord->_slash = Preferences<GracePref>(DocumentPar(voice))->_type == GracePref::kSlashed;
     return chord;
 }
 
@@ -41,6 +30,15 @@ GenericNote* MakeNote(Document* document, int line, const NoteKind& kind) {
 }
 
 }  // namespace
+
+VoiceSymbol* EventBefore(const Voice* voice, int32_t x) {
+    VoiceSymbol* before = nullptr;
+    for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+        if (XOf(symbol) > x) break;
+        before = symbol;
+    }
+    return before;
+}
 
 Voice* FindOrMakeVoice(MeasureStaff* measureStaff, int number) {
     if (Voice* voice = FindVoice(measureStaff, number)) return voice;

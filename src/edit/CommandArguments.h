@@ -18,6 +18,8 @@ public:
     // A whole number from `least` to `most`. Without the argument: `fallback`, or refused where it is required.
     int Number(const char* name, int least, int most, int fallback);
     int Number(const char* name, int least, int most);  // required
+    // A number with a point; `fallback` without the argument.
+    double Decimal(const char* name, double least, double most, double fallback);
     // A text as it stands; `fallback` without the argument.
     std::string Text(const char* name, const std::string& fallback = {});
     // The place of a word in a list; refused for another word.

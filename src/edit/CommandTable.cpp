@@ -26,7 +26,9 @@ constexpr Command kUndo[] = {
 bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
 
 const Command* FindCommand(int id) {
-    for (const CommandFamily family : {CommandFamily(kUndo), SwitchCommands(), SignCommands(), SelectionCommands(), StructureCommands()})
+    for (const CommandFamily family :
+         {CommandFamily(kUndo), ClipboardCommands(), SwitchCommands(), SignCommands(), NoteCommands(),
+          SelectionCommands(), StructureCommands(), SpannerCommands(), LayoutCommands(), MixerCommands()})
         for (const Command& command : family)
             if (command.id == id) return &command;
     return nullptr;

@@ -19,9 +19,14 @@ struct Command {
 // The commands of one family; each stands in a file of its own.
 using CommandFamily = std::span<const Command>;
 CommandFamily SwitchCommands();
+CommandFamily ClipboardCommands();
 CommandFamily SignCommands();
+CommandFamily NoteCommands();
 CommandFamily SelectionCommands();
 CommandFamily StructureCommands();
+CommandFamily SpannerCommands();
+CommandFamily LayoutCommands();
+CommandFamily MixerCommands();
 
 // When commands can act.
 bool NotPlaying(const WindowTarn& window);

@@ -125,6 +125,7 @@ bool DeleteNote(WindowTarn& window, GenericNote* note, const DeletionChoice& cho
         auto* rest = last ? As<GraceChord>(neighbour) : static_cast<GraceChord*>(chord);
         if (rest) MakeGraceEvents(rest);
     }
+    if (!voiceDropped) RenewAroundGraceNotes(voice);
     if (later) {
         RemoveAccidents(later);
         UpdateAccidentals(later, UpdateNoteHeight);
@@ -146,6 +147,7 @@ void DeletePause(WindowTarn& window, Pause* pause, const DeletionChoice& choice)
     for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(pause)) DeleteVoiceSymbolAttribute(window, attribute);
     voiceSymbols.Remove(pause);
     Release(pause);
+    RenewAroundGraceNotes(voice);
     if (choice.space && !voiceSymbols.IsEmpty(voice)) SpaceVoice(voice);
     DropEmptyVoice(voice);
 }

@@ -18,6 +18,7 @@ public:
     virtual void ToolChanged() {}                   // tool, palette group, item or voice
     virtual void StateChanged(WindowTarn&) {}       // undo, redo, title, modified mark, selection
     virtual void Tell(std::string_view) {}          // a word for the status line
+    virtual void TextEntryChanged(WindowTarn&) {}   // a text is being typed, another one than before, or none
     virtual void PlayToggled(WindowTarn&) {}        // the space bar: start or stop
 };
 

@@ -10,12 +10,6 @@ namespace {
 
 constexpr int kMostMeasures = 1 << 24;
 
-Measure* FirstMeasure(const Page* page) {
-    for (const System* system : pageSystems.Of(page))
-        if (Measure* measure = systemMeasures.First(system)) return measure;
-    return nullptr;
-}
-
 bool StartsBehind(const Page* page, int number) {
     const Measure* first = FirstMeasure(page);
     return first && first->_number > number;
@@ -31,20 +25,31 @@ Measure* OnPage(const Page* page, int number) {
     return nullptr;
 }
 
+}  // namespace
+
+Measure* FirstMeasure(const Page* page) {
+    for (const System* system : pageSystems.Of(page))
+        if (Measure* measure = systemMeasures.First(system)) return measure;
+    return nullptr;
+}
+
 MeasureRange SelectedMeasures(WindowTarn& window) {
     SetSelectionAnchors(window);
-    MeasureRange range;
-    for (const MeasureStaff* crossing : SelectedMeasureStaffs()) {
-        Measure* measure = MeasurePar(crossing);
-        if (!range.first || measure->_number < range.first->_number) range.first = measure;
-        if (!range.last || measure->_number > range.last->_number) range.last = measure;
-    }
+    const MeasureRange range = SpanOf(SelectedMeasureStaffs());
     ClearSelectionAnchors();
+    return range;
+}
+
+MeasureRange MeasuresAtHand(WindowTarn& window) {
+    MeasureRange range = SelectedMeasures(window);
     if (!range.first) range.first = range.last = window.caret.measure;
     return range;
 }
 
-}  // namespace
+Measure* PlayStart(WindowTarn& window) {
+    if (Measure* selected = SelectedMeasures(window).first) return selected;
+    return window.caret.visible ? window.caret.measure : nullptr;
+}
 
 Measure* MeasureOfNumber(const WindowTarn& window, int number) {
     const Page* page = window.CurrentPage();
@@ -58,7 +63,7 @@ Measure* MeasureOfNumber(const WindowTarn& window, int number) {
 
 Measure* ReadMeasure(ArgumentReader& reader, WindowTarn& window, const char* name) {
     if (!reader.Has(name))
-        if (Measure* selected = SelectedMeasures(window).first) return selected;
+        if (Measure* here = MeasuresAtHand(window).first) return here;
     Measure* measure = MeasureOfNumber(window, reader.Number(name, 1, kMostMeasures));
     if (!measure) reader.Refuse("there is no measure " + reader.Text(name, "here"));
     return measure;
@@ -66,7 +71,7 @@ Measure* ReadMeasure(ArgumentReader& reader, WindowTarn& window, const char* nam
 
 MeasureRange ReadRange(ArgumentReader& reader, WindowTarn& window) {
     MeasureRange range;
-    if (!reader.Has("from") && !reader.Has("to")) range = SelectedMeasures(window);
+    if (!reader.Has("from") && !reader.Has("to")) range = MeasuresAtHand(window);
     if (!range.first) {
         range.first = ReadMeasure(reader, window, "from");
         if (reader.Has("to")) range.last = ReadMeasure(reader, window, "to");

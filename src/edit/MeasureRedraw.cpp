@@ -7,12 +7,16 @@ namespace corvane {
 
 MeasureRedraw::MeasureRedraw(WindowTarn& window, const MeasureStaff* measureStaff)
     : _window(window), _measureStaff(measureStaff) {
-    ForEachPatch(measureStaff, [&](const DrawPatch& patch, int) { _window.Sheet().RemoveObject(patch); });
+    const auto remove = [&](const DrawPatch& patch, int) { _window.Sheet().RemoveObject(patch); };
+    ForEachPatch(measureStaff, remove);
+    ForEachSpannerOver(measureStaff, remove);
 }
 
 MeasureRedraw::~MeasureRedraw() {
-    if (PagePar(MeasurePar(_measureStaff)) != _window.CurrentPage()) return;
-    ForEachPatch(_measureStaff, [&](const DrawPatch& patch, int voice) { _window.Sheet().AddObject(patch, voice); });
+    if (PagePar(MeasurePar(_measureStaff)) != _window.Sheet().CurrentPage()) return;
+    const auto add = [&](const DrawPatch& patch, int voice) { _window.Sheet().AddObject(patch, voice); };
+    ForEachPatch(_measureStaff, add);
+    ForEachSpannerOver(_measureStaff, add);
 }
 
 }  // namespace corvane

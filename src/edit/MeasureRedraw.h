@@ -1,6 +1,7 @@
-// While this lives, nothing of a staff's events in one measure is on the sheet; at its end everything is filed as it
-// stands then. So an edit may release and move records freely, and the sheet never holds a stale one. Cost: the events
-// of that staff in that measure.
+// While this lives, nothing of a staff's events in one measure is on the sheet, nor a spanner that runs over
+// them; at its end everything is filed as it stands then. So an edit may release and move records freely, and
+// the sheet never holds a stale one. Cost: the events of that staff in that measure, its spanners in the
+// system.
 #pragma once
 
 #include "edit/WindowTarn.h"

@@ -37,7 +37,7 @@ void AddEvents(GenericNote* note, bool joined) {
     else if (!joined) AddChordEvents(chord);
     else {
         AddNoteEvents(note);
-        RenewGraceEventsAround(chord);
+        RenewAroundGraceNotes(VoicePar(chord));
     }
 }
 

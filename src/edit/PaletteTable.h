@@ -13,9 +13,10 @@ struct PaletteItem {
     uint16_t item;
     const char* descriptor;  // "" where the item alone tells
     const char* name;        // for tooltips and the status line
+    // Null for a text, which is typed before it stands anywhere.
     void (*handler)(const InsertionPlace& place, const PaletteItem& item, const std::string& descriptor);
     // An accidental takes "(" and a note "_Grace_" behind its descriptor where the switch is on.
-    enum Suffix { Plain, GraceNote, Bracketed } suffix;
+    enum Suffix { Plain, GraceNote, Bracketed, OrnamentBracketed } suffix;
 };
 
 // Null for an item that enters nothing.

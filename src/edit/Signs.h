@@ -57,5 +57,8 @@ Status InsertCoda(WindowTarn& window, Measure* measure, std::string_view text);
 void DeleteCoda(WindowTarn& window, Coda* coda);
 
 void DeleteSimboliVari(WindowTarn& window, SimboliVari* sign);
+void DeleteDinamiche(WindowTarn& window, Dinamiche* mark);
+// The stem gets its usual length back.
+void DeleteTremolo(WindowTarn& window, Tremolo* tremolo);
 
 }  // namespace corvane

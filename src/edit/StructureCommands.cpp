@@ -1,9 +1,7 @@
 // Commands that add, remove and deal out pages, measures and staves.
-#include <utility>
-
 #include "edit/CommandTable.h"
+#include "edit/PageRange.h"
 #include "edit/Structure.h"
-#include "edit/TarnSelect.h"
 #include "layout/MeasureFlow.h"
 #include "model/Par.h"
 
@@ -12,76 +10,7 @@ namespace {
 
 constexpr int kMost = 32767;
 
-// ---- pages and staves by their numbers
-
-Page* PageOfNumber(const Document* document, int number) {
-    for (Page* page : documentPages.Of(document))
-        if (page->_pageNumber == number) return page;
-    return nullptr;
-}
-
-DocStaff* StaffOfNumber(const Document* document, int number) {
-    for (DocStaff* staff : documentDocStaffs.Of(document))
-        if (--number == 0) return staff;
-    return nullptr;
-}
-
-struct PageRange {
-    Page *first = nullptr, *last = nullptr;
-};
-struct StaffRange {
-    DocStaff *first = nullptr, *last = nullptr;
-};
-
-// `from` and `to`, in either order, `to` being `from` where it is missing.
-std::pair<int, int> ReadNumbers(ArgumentReader& reader, int most) {
-    int from = reader.Number("from", 1, most), to = reader.Number("to", 1, most, from);
-    if (from > to) std::swap(from, to);
-    return {from, to};
-}
-
-// Without numbers the current page.
-PageRange ReadPages(ArgumentReader& reader, const WindowTarn& window) {
-    const Document* document = window.GetDocument();
-    if (!reader.Has("from") && !reader.Has("to")) return {window.CurrentPage(), window.CurrentPage()};
-    const auto [from, to] = ReadNumbers(reader, document->_pageCount);
-    return {PageOfNumber(document, from), PageOfNumber(document, to)};
-}
-
-int NumberOf(const Document* document, const DocStaff* staff) {
-    int number = 1;
-    for (const DocStaff* each : documentDocStaffs.Of(document)) {
-        if (each == staff) return number;
-        ++number;
-    }
-    return 0;
-}
-
-StaffRange SelectedStaffs(WindowTarn& window) {
-    const Document* document = window.GetDocument();
-    StaffRange range;
-    SetSelectionAnchors(window);
-    for (const MeasureStaff* crossing : SelectedMeasureStaffs()) {
-        DocStaff* staff = DocStaffPar(crossing);
-        if (!range.first || NumberOf(document, staff) < NumberOf(document, range.first)) range.first = staff;
-        if (!range.last || NumberOf(document, staff) > NumberOf(document, range.last)) range.last = staff;
-    }
-    ClearSelectionAnchors();
-    return range;
-}
-
-// Without numbers the staves of the selection.
-StaffRange ReadStaffs(ArgumentReader& reader, WindowTarn& window) {
-    if (!reader.Has("from") && !reader.Has("to"))
-        if (const StaffRange selected = SelectedStaffs(window); selected.first) return selected;
-    const Document* document = window.GetDocument();
-    const auto [from, to] = ReadNumbers(reader, documentDocStaffs.Count(document));
-    return {StaffOfNumber(document, from), StaffOfNumber(document, to)};
-}
-
 int ReadCount(ArgumentReader& reader) { return reader.Number("count", -kMost, kMost, 1); }
-
-// ---- the commands
 
 Status AddPagesCommand(WindowTarn& window, const CommandArguments& arguments) {
     ArgumentReader reader(arguments);

@@ -2,6 +2,7 @@
 
 #include "edit/TarnSelect.h"
 #include "layout/Frames.h"
+#include "layout/PageFit.h"
 #include "model/Par.h"
 
 namespace corvane {
@@ -10,6 +11,7 @@ StructureStep::StructureStep(WindowTarn& window)
     : _window(window),
       _step(window),
       _page(window.CurrentPage()),
+      _firstSystem(FirstSystem(window.GetDocument())),
       _pageNumber(_page ? _page->_pageNumber.Get() : 0),
       _pageCount(window.GetDocument()->_pageCount) {
     const Caret& caret = window.caret;
@@ -21,6 +23,7 @@ StructureStep::StructureStep(WindowTarn& window)
 }
 
 StructureStep::~StructureStep() {
+    SettleIndent();
     PlaceCaret();
     if (_page != _window.CurrentPage() || _pageCount != _window.GetDocument()->_pageCount)
         _window.SetCurrentPage(_page);
@@ -41,6 +44,18 @@ void StructureStep::LookForPage() {
         if (!nearest || page->_pageNumber <= _pageNumber) nearest = page;
     }
     _page = nearest;
+}
+
+// The first system is indented and no other. One that was the first may be gone, so where another one is now it
+// is looked for among all.
+void StructureStep::SettleIndent() {
+    System* first = FirstSystem(_window.GetDocument());
+    if (!first) return;
+    FitWidth(first);
+    if (first == _firstSystem) return;
+    for (const Page* page : documentPages.Of(_window.GetDocument()))
+        for (System* system : pageSystems.Of(page))
+            if (system == _firstSystem) FitWidth(system);
 }
 
 // The caret keeps its place in its measure, as long as that is shown.

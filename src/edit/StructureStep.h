@@ -19,10 +19,12 @@ public:
 
 private:
     void PlaceCaret();
+    void SettleIndent();
 
     WindowTarn& _window;
     const EditStep _step;
     Page* _page;
+    const System* const _firstSystem;
     const int _pageNumber, _pageCount;
     int32_t _caretPlace = 0;  // per mille of its measure
 };

@@ -1,6 +1,7 @@
 // Commands that turn a way of editing on and off.
 #include "edit/CommandTable.h"
 #include "edit/ToolState.h"
+#include "store/NewMemoryPool.h"
 
 namespace corvane {
 namespace {
@@ -10,9 +11,19 @@ Status Toggle(WindowTarn&, const CommandArguments&) {
     Switches().*Switch = !(Switches().*Switch);
     return Status::Ok();
 }
+
+// No step of its own: a setting shall not take the place of the edit that can be undone.
+template <bool EditSwitches::*Switch>
+Status ToggleInScore(WindowTarn& window, const CommandArguments& arguments) {
+    (void)Toggle<Switch>(window, arguments);
+    if (KeepScoreSwitches(window.GetDocument())) window.Pool()->SetModified(true);
+    window.Shell().StateChanged(window);
+    return Status::Ok();
+}
+
 constexpr Command kSwitches[] = {
-    {32808, "Auto Beaming", Toggle<&EditSwitches::autoBeam>, NotPlaying},
-    {32809, "Auto Spacing", Toggle<&EditSwitches::autoSpace>, NotPlaying},
+    {32808, "Auto Beaming", ToggleInScore<&EditSwitches::autoBeam>, NotPlaying},
+    {32809, "Auto Spacing", ToggleInScore<&EditSwitches::autoSpace>, NotPlaying},
     {33130, "Playback notes", Toggle<&EditSwitches::playbackNotes>, NotPlaying},
     {33153, "Delete Notes To Rests", Toggle<&EditSwitches::deleteNotesToRests>, NotPlaying},
 };

@@ -1,10 +1,15 @@
 #include "edit/TarnClick.h"
 
+#include <algorithm>
+
 #include "edit/Deletion.h"
+#include "edit/Lyrics.h"
+#include "edit/MeasureRedraw.h"
 #include "edit/PaletteTable.h"
 #include "edit/SelectionPress.h"
 #include "edit/Signs.h"
 #include "edit/TarnSelect.h"
+#include "edit/Texts.h"
 #include "edit/ToolState.h"
 #include "layout/Frames.h"
 #include "layout/NoteGeometry.h"
@@ -35,6 +40,7 @@ void UsePencil(const Press& press) {
     const PaletteItem* item = FindPaletteItem(tools.paletteGroup, tools.items[tools.paletteGroup]);
     if (!item) return;
     press.window.caret.visible = false;
+    if (!item->handler) return BeginTextAt(press.window, press.system, press.point, item->item);
     EditStep step(press.window);
     item->handler({press.window, step, press.system, press.point, tools.OneVoice(), tools.AllVoices()}, *item,
                   DescriptorOf(*item));
@@ -56,6 +62,19 @@ bool EraseNote(const Press& press, const DrawPatch& patch) {
     if (note) DeleteNote(press.window, note, ErasersChoice());
     return chordSymbol != nullptr;
 }
+bool EraseNoteAttribute(const Press& press, const DrawPatch& patch) {
+    auto* attribute = patch.Record<NoteAttribute>();
+    if (!attribute || As<Accident>(attribute)) return attribute != nullptr;
+    if (auto* syllable = As<Liriche>(attribute)) return EraseSyllable(press.window, syllable), true;
+    const MeasureRedraw redraw(press.window, MeasureStaffPar(noteAttributes.ParentOf(attribute)));
+    DeleteNoteAttribute(press.window, attribute);
+    return true;
+}
+bool EraseTremolo(const Press& press, const DrawPatch& patch) {
+    auto* tremolo = patch.Record<Tremolo>();
+    if (tremolo) DeleteTremolo(press.window, tremolo);
+    return tremolo != nullptr;
+}
 template <class R, void (*Delete)(WindowTarn&, R*)>
 bool Erase(const Press& press, const DrawPatch& patch) {
     R* record = patch.Record<R>();
@@ -68,8 +87,18 @@ bool EraseEndings(const Press& press, const DrawPatch& patch) {
     return mark != nullptr;
 }
 constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
-    Erase<SimboliVari, DeleteSimboliVari>, EraseRest,    Erase<Coda, DeleteCoda>, EraseNote,
-    Erase<MovingClaf, DeleteClaf>,         EraseEndings, Erase<Time, DeleteTempo>,
+    Erase<Dinamiche, DeleteDinamiche>,
+    EraseNoteAttribute,
+    EraseTremolo,
+    Erase<SimboliVari, DeleteSimboliVari>,
+    EraseRest,
+    Erase<Coda, DeleteCoda>,
+    Erase<MeasureStaffText, DeleteMeasureStaffText>,
+    Erase<PageText, DeletePageText>,
+    EraseNote,
+    Erase<MovingClaf, DeleteClaf>,
+    EraseEndings,
+    Erase<Time, DeleteTempo>,
 };
 
 void UseEraser(const Press& press) {
@@ -90,6 +119,12 @@ void UseArrow(const Press& press) {
     PressWithArrow(press.window, press.point, press.modifiers);
 }
 
+// Beyond every page, and short of where sums of places overflow: a script may name any number.
+Point OnPlane(int32_t x, int32_t y) {
+    constexpr int32_t kFarthest = 1 << 18;
+    return {std::clamp(x, -kFarthest, kFarthest), std::clamp(y, -kFarthest, kFarthest)};
+}
+
 constexpr struct {
     int32_t mode;
     void (*use)(const Press&);
@@ -101,23 +136,29 @@ void MouseDown(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
     if (IsPlaying() || !window.CurrentPage()) return;
     window.Activate();
     window.interaction.reset();
-    System* system = FindSystem(window.CurrentPage(), y);
+    const Point point = OnPlane(x, y);
+    System* system = FindSystem(window.CurrentPage(), point.y);
     if (!system || systemStaffs.IsEmpty(system) || systemMeasures.IsEmpty(system)) return;
-    const Press press{window, system, {x, y}, modifiers};
+    const Press press{window, system, point, modifiers};
     MoveCaret(press);
     for (const auto& tool : kTools)
         if (tool.mode == Tools().toolMode) return tool.use(press);
 }
 
+void MouseDoubleClick(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
+    const bool arrow = Tools().toolMode == ModeArrow && !IsPlaying() && window.CurrentPage();
+    if (!arrow || !BeginTextUnder(window, {x, y})) MouseDown(window, x, y, modifiers);
+}
+
 void MouseMove(WindowTarn& window, int32_t x, int32_t y) {
-    if (window.interaction) window.interaction->Move({x, y});
+    if (window.interaction) window.interaction->Move(OnPlane(x, y));
 }
 
 void MouseUp(WindowTarn& window, int32_t x, int32_t y) {
     if (!window.interaction) return;
     window.Activate();
     const std::unique_ptr<Interaction> ended = std::move(window.interaction);
-    ended->Release({x, y});
+    ended->Release(OnPlane(x, y));
     window.Shell().Refresh(window);
 }
 

@@ -7,22 +7,9 @@
 namespace corvane {
 namespace {
 
-constexpr uint8_t kNoteGroup = 1;
 constexpr uint16_t kQuarterNote = 7;
 
-// Brings the note palette and the pencil to hand.
-void TakeNoteTool() {
-    if (Tools().toolMode != ModePencil) {
-        SetToolMode(ModePencil);
-        ApplyToolMode();
-    }
-    SetPaletteGroup(kNoteGroup);
-}
-
-void TakeNoteItem(WindowTarn&, int item) {
-    TakeNoteTool();
-    SetItem(static_cast<uint16_t>(item));
-}
+void TakeItem(WindowTarn&, int item) { TakeNoteItem(static_cast<uint16_t>(item)); }
 
 void TakeTool(WindowTarn&, int mode) {
     SetToolMode(mode);
@@ -54,26 +41,32 @@ constexpr struct {
     bool whilePlaying = false;
 } kKeys[] = {
     {' ', TogglePlay, 0, true},
-    {'1', TakeNoteItem, 3},
-    {'2', TakeNoteItem, 5},
-    {'3', TakeNoteItem, 7},
-    {'4', TakeNoteItem, 9},
-    {'5', TakeNoteItem, 11},
-    {'6', TakeNoteItem, 13},
-    {'7', TakeNoteItem, 15},
-    {'8', TakeNoteItem, 17},
+    {'1', TakeItem, 3},
+    {'2', TakeItem, 5},
+    {'3', TakeItem, 7},
+    {'4', TakeItem, 9},
+    {'5', TakeItem, 11},
+    {'6', TakeItem, 13},
+    {'7', TakeItem, 15},
+    {'8', TakeItem, 17},
     {'A', TakeTool, ModeArrow},
-    {'D', TakeNoteItem, 20},
+    {'D', TakeItem, 20},
     {'E', TakeTool, ModeEraser},
-    {'F', TakeNoteItem, 24},
+    {'F', TakeItem, 24},
     {'G', FlipGrace, 0},
-    {'N', TakeNoteItem, 26},
+    {'N', TakeItem, 26},
     {'P', TakeTool, ModePencil},
     {'R', FlipRest, 0},
-    {'S', TakeNoteItem, 23},
+    {'S', TakeItem, 23},
 };
 
 }  // namespace
+
+char KeyOfNoteItem(int item) {
+    for (const auto& key : kKeys)
+        if (key.act == TakeItem && key.argument == item) return key.key;
+    return 0;
+}
 
 void KeyChar(WindowTarn& window, char character) {
     if (character < 32 || character > 115) return;

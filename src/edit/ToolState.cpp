@@ -1,6 +1,7 @@
 #include "edit/ToolState.h"
 
 #include "edit/WindowTarn.h"
+#include "model/Preferences.h"
 
 namespace corvane {
 namespace {
@@ -26,6 +27,34 @@ EditSwitches& Switches() {
     return switches;
 }
 
+namespace {
+
+constexpr struct {
+    bool EditSwitches::*value;
+    Stored<uint8_t> PowerEditPref::*kept;
+} kScoreSwitches[] = {{&EditSwitches::autoSpace, &PowerEditPref::_autoSpace},
+                      {&EditSwitches::autoBeam, &PowerEditPref::_autoBeam}};
+
+}  // namespace
+
+void TakeScoreSwitches(const Document* document) {
+    const auto* preferences = document ? Preferences<PowerEditPref>(document) : nullptr;
+    for (const auto& each : kScoreSwitches)
+        if (preferences) Switches().*each.value = preferences->*each.kept != 0;
+}
+
+bool KeepScoreSwitches(Document* document) {
+    auto* preferences = Preferences<PowerEditPref>(document);
+    bool changed = false;
+    for (const auto& each : kScoreSwitches) {
+        const bool on = Switches().*each.value;
+        if (!preferences || (preferences->*each.kept != 0) == on) continue;
+        preferences->*each.kept = static_cast<uint8_t>(on);
+        changed = true;
+    }
+    return changed;
+}
+
 void SetToolMode(int32_t mode) {
     if (!IsPlaying()) Tools().toolMode = mode;
 }
@@ -46,6 +75,19 @@ void SetItem(uint16_t item) {
     if (IsPlaying()) return;
     Tools().items[Tools().paletteGroup] = item;
     TellShell();
+}
+
+void TakeNoteTool() {
+    if (Tools().toolMode != ModePencil) {
+        SetToolMode(ModePencil);
+        ApplyToolMode();
+    }
+    SetPaletteGroup(kNoteGroup);
+}
+
+void TakeNoteItem(uint16_t item) {
+    TakeNoteTool();
+    SetItem(item);
 }
 
 void SetCurrentVoice(uint16_t voice) {

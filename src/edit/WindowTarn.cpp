@@ -1,6 +1,12 @@
 #include "edit/WindowTarn.h"
 
+#include <utility>
+
 #include "base/Assert.h"
+#include "edit/Clipboard.h"
+#include "edit/ToolState.h"
+#include "layout/PageFit.h"
+#include "model/Preferences.h"
 #include "store/CommandObserver.h"
 #include "store/MemoryManager.h"
 
@@ -36,7 +42,11 @@ void WatchCommands() {
 }
 
 WindowTarn::WindowTarn(EditorShell& shell)
-    : ElemT{}, _shell(shell), _sheet(std::make_unique<NewWindowSheet>()), _port(UnitPort()), _selection(*_port) {
+    : ElemT{},
+      _shell(shell),
+      _sheet(std::make_unique<NewWindowSheet>()),
+      _port(UnitPort()),
+      _selection(*_port) {
     _pool = MemoryManager::Instance().NewPool();
     WindowKit::Add(&windowRing, this);
     ++wndCounter;
@@ -51,13 +61,17 @@ WindowTarn::~WindowTarn() {
     if (instance == this) {
         instance = nullptr;
         for (WindowTarn* other : All()) instance = other;
+        if (instance) TakeScoreSwitches(instance->_document);
     }
     _pool->DisableUndo();
+    ClipboardWindowCloses(*this);
     interaction.reset();
+    textEntry.reset();
     _port.reset();
     _sheet.reset();
     MemoryManager::Instance().DeletePool(_pool);
-    MemoryManager::Instance().SetCurrentPool(before == _pool ? (instance ? instance->_pool : nullptr) : before);
+    MemoryManager::Instance().SetCurrentPool(before == _pool ? (instance ? instance->_pool : nullptr)
+                                                             : before);
 }
 
 std::vector<WindowTarn*> WindowTarn::All() {
@@ -75,12 +89,14 @@ WindowTarn* WindowTarn::OfPool(const NewMemoryPool* pool) {
 }
 
 void WindowTarn::Activate() {
-    instance = this;
+    if (std::exchange(instance, this) != this) TakeScoreSwitches(_document);
     MemoryManager::Instance().SetCurrentPool(_pool);
+    TakePageSize(_document);
 }
 
 void WindowTarn::Bind(Document* document) {
     _document = document;
+    if (instance == this) TakeScoreSwitches(document);
     SetCurrentPage(documentPages.First(document));
     _pool->EnableUndo();
 }
@@ -88,6 +104,7 @@ void WindowTarn::Bind(Document* document) {
 void WindowTarn::SetCurrentPage(Page* page) {
     if (page != _page) {
         interaction.reset();
+        DropTextEntry();
         if (!_selection.IsWholeScore()) _selection.Clear();
     }
     _page = page;
@@ -117,7 +134,11 @@ void WindowTarn::SetIdentity(std::string title, std::string path, bool readOnly,
 
 // ---- undo
 
-void WindowTarn::CommandBegins() { _pageBeforeEdit = _page; }
+void WindowTarn::CommandBegins() {
+    DropTextEntry();
+    _pageBeforeEdit = _page;
+    cutPending = false;
+}
 
 void WindowTarn::CommandEnds() {
     _pageAfterEdit = _page;
@@ -133,23 +154,32 @@ void WindowTarn::Redo() {
     if (_canRedo) Exchange(true);
 }
 
+void WindowTarn::DropTextEntry() {
+    if (!textEntry) return;
+    textEntry.reset();
+    _shell.TextEntryChanged(*this);
+}
+
 void WindowTarn::Exchange(bool redo) {
+    DropTextEntry();
     const PoolScope scope(_pool);
+    if (!redo) ClipboardUndone(*this);
     _canUndo = redo;
     _canRedo = !redo;
     redo ? _pool->Redo() : _pool->Undo();
     caret.visible = false;
     caret.measure = nullptr;
-    for (ClassPreferences* preferences : documentPreferences.Of(_document)) {
-        const ClassInfo* info = InfoOfObject(preferences);
-        info->creator->Refresh(preferences);
-    }
+    RefreshPreferences(_document);
+    if (instance == this) KeepScoreSwitches(_document);
+    if (redo) ClipboardRedone(*this);
+    TakePageSize(_document);
     SetCurrentPage(redo ? _pageAfterEdit : _pageBeforeEdit);
     _shell.StateChanged(*this);
 }
 
 EditStep::EditStep(WindowTarn& window) : _window(window) {
     window.Activate();
+    ClipboardCommandBegins(window);
     MemoryManager::Instance().BeginCommand();
 }
 

@@ -8,6 +8,7 @@
 #include "edit/EditorShell.h"
 #include "edit/Interaction.h"
 #include "edit/Selection.h"
+#include "edit/TextEntry.h"
 #include "graphics/MemoryPort.h"
 #include "layout/Sheet.h"
 #include "model/TarnCoordinate.h"
@@ -79,6 +80,10 @@ public:
     void SelectionChanged();
     // What the pressed pointer does; null while it is up.
     std::unique_ptr<Interaction> interaction;
+    // What is being typed; null for nothing. It goes when anything else changes the score or the page.
+    std::unique_ptr<TextEntry> textEntry;
+
+    bool cutPending = false;  // the last thing done here was a cut
 
     // Told by the command bracket of this window's pool.
     void CommandBegins();
@@ -86,6 +91,7 @@ public:
 
 private:
     void Exchange(bool redo);
+    void DropTextEntry();
 
     EditorShell& _shell;
     NewMemoryPool* _pool = nullptr;

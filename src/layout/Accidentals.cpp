@@ -7,6 +7,7 @@
 #include "model/Par.h"
 #include "model/Preferences.h"
 #include "model/SymbolTable.h"
+#include "model/Ties.h"
 
 namespace corvane {
 namespace {
@@ -37,6 +38,8 @@ void ForEachOnLine(const GenericNote* note, Visit visit) {
 // A note shows its accidental where it differs from the one before on its line, or else from the key.
 void RenewAccident(GenericNote* note, const GenericNote* before) {
     RemoveAccidents(note);
+    if (IsTiedOver(note)) return;
+    while (before && IsTiedOver(before)) before = NoteBefore(before);
     const Alteration inForce =
         before && NoClafBetween(before, note) ? before->_alteration.Get() : KeyAlterationAt(note);
     if (note->_alteration != inForce) AttachAccident(note, note->_alteration);

@@ -67,11 +67,19 @@ double SlopeOf(const Heads& heads) {
     return heads.last < heads.first ? kSlope : -kSlope;
 }
 
-bool PointsUp(const Heads& heads) {
-    if (!heads.firstStem) return true;
+bool PointsUpByRule(const Heads& heads) {
     const Voice* voice = VoicePar(heads.high);
     if (voice && StemsAreForced(voice)) return ForcedStemsUp(voice);
     return IsGrace(heads.firstStem) || heads.Average() < kFirstDownAverage;
+}
+
+// One stem that a person has pointed turns its whole beam.
+bool PointsUp(const Beam* beam, const Heads& heads) {
+    const Stem* pointed = nullptr;
+    ForEachStem(beam, [&](const Stem* stem, const BeamMarker*) {
+        if (!pointed && IsPointed(stem)) pointed = stem;
+    });
+    return pointed ? IsUp(pointed->_direction) : PointsUpByRule(heads);
 }
 
 // The sizes of a beam's levels, hundredths of a line distance, and how near a head may come to them.
@@ -175,7 +183,7 @@ BeamLine ComputeBeam(const Beam* beam) {
 void RefitBeam(Beam* beam) {
     const Heads heads = HeadsOf(beam);
     if (!heads.count) return;
-    const bool up = PointsUp(heads);
+    const bool up = PointsUp(beam, heads);
     const uint8_t direction = up ? 'U' : 'D';
     if (beam->_direction != direction) beam->_direction = direction;
     ForEachStem(beam, [&](Stem* stem, const BeamMarker*) { PointStem(stem, up); });
@@ -186,6 +194,17 @@ void RefitBeam(Beam* beam) {
     for (const BeamMarker* marker : beamMarkers.Of(beam))
         if (auto* pause = As<Pause>(beamSymbolAttributes.ParentOf(marker)))
             SetRestHeight(pause, marker, line, clearance, up);
+}
+
+void PointBeam(Beam* beam, bool up) {
+    const Heads heads = HeadsOf(beam);
+    if (!heads.count) return;
+    const bool pointed = PointsUpByRule(heads) != up;
+    ForEachStem(beam, [&](Stem* stem, const BeamMarker*) {
+        stem->_pointed = pointed;
+        PointStem(stem, up);
+    });
+    RefitBeam(beam);
 }
 
 void SetMarkerStubs(Beam* beam) {

@@ -23,6 +23,8 @@ void SetAngledBeams(bool angled);
 void RefitBeam(Beam* beam);
 // The same for every beam over a voice's events, where their places have changed.
 void RefitBeamsOf(const Voice* voice);
+// What a person says of a beam and all its stems (PointChord); refits it.
+void PointBeam(Beam* beam, bool up);
 // The beam's primary line, absolute page units: from its first event to its last.
 struct BeamLine {
     Point start, end;

@@ -2,6 +2,8 @@
 // family; DrawPatch.cpp lists them in one table.
 #pragma once
 
+#include <vector>
+
 #include "graphics/GraphicPort.h"
 #include "layout/DrawPatch.h"
 
@@ -37,8 +39,19 @@ void Paint(GraphicPort& port, const Dot& dot, const DrawContext& context);
 Rect InkOf(const BeamMarker& marker);
 void Paint(GraphicPort& port, const BeamMarker& marker, const DrawContext& context);
 
-// What stands above a measure: DrawTempo.cpp, DrawEndings.cpp, DrawMeasureSigns.cpp; the last has symbols placed
-// at a staff and rests over several measures too.
+// Spanners, each by its marks: DrawTie.cpp. An outline is what a press is measured from.
+Rect InkOf(const MarkValue& mark);
+void Paint(GraphicPort& port, const MarkValue& mark, const DrawContext& context);
+std::vector<Point> OutlineOf(const MarkValue& mark);
+
+// DrawNoteSigns.cpp.
+Rect InkOf(const SymbolAttribute& sign);
+void Paint(GraphicPort& port, const SymbolAttribute& sign, const DrawContext& context);
+Rect InkOf(const Tremolo& tremolo);
+void Paint(GraphicPort& port, const Tremolo& tremolo, const DrawContext& context);
+
+// What stands above a measure: DrawTempo.cpp, DrawEndings.cpp, DrawMeasureSigns.cpp; the last has symbols
+// placed at a staff and rests over several measures too.
 Rect InkOf(const Time& mark);
 void Paint(GraphicPort& port, const Time& mark, const DrawContext& context);
 Rect InkOf(const MarkEndings& mark);
@@ -47,6 +60,8 @@ Rect InkOf(const Coda& coda);
 void Paint(GraphicPort& port, const Coda& coda, const DrawContext& context);
 Rect InkOf(const SimboliVari& sign);
 void Paint(GraphicPort& port, const SimboliVari& sign, const DrawContext& context);
+Rect InkOf(const Dinamiche& mark);
+void Paint(GraphicPort& port, const Dinamiche& mark, const DrawContext& context);
 Rect InkOf(const MultiPause& pause);
 void Paint(GraphicPort& port, const MultiPause& pause, const DrawContext& context);
 
@@ -55,12 +70,19 @@ Rect InkOf(const PageText& text);
 void Paint(GraphicPort& port, const PageText& text, const DrawContext& context);
 Rect InkOf(const MeasureStaffText& text);
 void Paint(GraphicPort& port, const MeasureStaffText& text, const DrawContext& context);
+bool Touches(const MeasureStaffText& text, Point p);  // a hit, where it stands at several staves
+// DrawLyrics.cpp.
+Rect InkOf(const Liriche& syllable);
+void Paint(GraphicPort& port, const Liriche& syllable, const DrawContext& context);
+bool Touches(const Liriche& syllable, Point p);
 
 // The voice of a record's own; 0 for what belongs to none.
 int VoiceNumberOf(const ChordSymbol& chordSymbol);
 int VoiceNumberOf(const Pause& pause);
-int VoiceNumberOf(const Accident& accident);
+int VoiceNumberOf(const NoteAttribute& sign);
+int VoiceNumberOf(const MarkValue& mark);
 int VoiceNumberOf(const Dot& dot);
+int VoiceNumberOf(const Tremolo& tremolo);
 int VoiceNumberOf(const BeamMarker& marker);
 
 // ---- Helpers of these files

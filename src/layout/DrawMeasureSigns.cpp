@@ -53,19 +53,29 @@ SymbolPlace PlaceOf(const Coda& coda) {
 
 // ---- Placed symbols
 
-// Centred on its place: per mille of the note area, thousandths of the line distance from the top line.
-SymbolPlace PlaceOf(const SimboliVari& sign) {
+// Per mille of the note area, thousandths of the line distance from the top line. A sign's ink is centred
+// there; a dynamic's letters stand on one line whatever they reach down to, so only their small ones are.
+constexpr int32_t kHalfLetter = 45;  // hundredths of a line distance
+
+enum class Level { Ink, Letters };
+
+template <class Sign>
+SymbolPlace PlaceOfPlaced(const Sign& sign, Level level) {
     const MeasureStaff* crossing = MeasureStaffPar(&sign);
     const Staff* staff = crossing ? crossing->_staff.Get() : nullptr;
     const FontSymbol* symbol = sign._symbol;
     if (!staff || !symbol) return {};
     const StaffFrame frame = FrameOf(staff);
     const Rect ink = InkOf(symbol, Point{}, frame.lineDistance, 100);
+    const int32_t down =
+        level == Level::Ink ? -(ink.top + ink.bottom) / 2 : kHalfLetter * frame.lineDistance / 100;
     return {symbol,
             {FrameOf(MeasurePar(crossing)).XOf(sign._x) - (ink.left + ink.right) / 2,
-             frame.top + sign._y * frame.lineDistance / 1000 - (ink.top + ink.bottom) / 2},
+             frame.top + sign._y * frame.lineDistance / 1000 + down},
             frame.lineDistance};
 }
+SymbolPlace PlaceOf(const SimboliVari& sign) { return PlaceOfPlaced(sign, Level::Ink); }
+SymbolPlace PlaceOf(const Dinamiche& mark) { return PlaceOfPlaced(mark, Level::Letters); }
 
 // ---- Rests over several measures
 
@@ -112,6 +122,8 @@ void Paint(GraphicPort& port, const Coda& coda, const DrawContext&) { PlaceOf(co
 
 Rect InkOf(const SimboliVari& sign) { return PlaceOf(sign).Ink(); }
 void Paint(GraphicPort& port, const SimboliVari& sign, const DrawContext&) { PlaceOf(sign).Paint(port); }
+Rect InkOf(const Dinamiche& mark) { return PlaceOf(mark).Ink(); }
+void Paint(GraphicPort& port, const Dinamiche& mark, const DrawContext&) { PlaceOf(mark).Paint(port); }
 
 Rect InkOf(const MultiPause& pause) {
     const MultiRest rest = RestOf(pause);

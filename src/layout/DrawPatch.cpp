@@ -1,16 +1,49 @@
 #include "layout/DrawPatch.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdlib>
+#include <vector>
 
 #include "layout/DrawFamilies.h"
 
 namespace corvane {
 namespace {
 
-enum class Hits { Rectangle, Never };
+// What is long and thin, and arches over other things, is hit near its line only.
+enum class Hits { Rectangle, Outline, Never };
 enum class When { InOrder, Late };
 
-// A class by its overloads of InkOf, Paint and, where it has one, VoiceNumberOf. `Base` is what they take.
+constexpr int32_t kReach = 40;  // of a press beside a line, page units
+
+double DistanceFrom(Point a, Point b, Point p) {
+    const double dx = b.x - a.x, dy = b.y - a.y, square = dx * dx + dy * dy;
+    const double along = square > 0 ? ((p.x - a.x) * dx + (p.y - a.y) * dy) / square : 0;
+    const double t = std::clamp(along, 0.0, 1.0);
+    return std::hypot(p.x - a.x - t * dx, p.y - a.y - t * dy);
+}
+
+bool IsNearLine(const std::vector<Point>& line, Point p) {
+    for (size_t i = 1; i < line.size(); ++i)
+        if (DistanceFrom(line[i - 1], line[i], p) < kReach) return true;
+    return false;
+}
+
+bool LineMeetsRegion(const GraphicPort& port, const std::vector<Point>& line, const WRegion& region) {
+    for (size_t i = 1; i < line.size(); ++i) {
+        const Point a = line[i - 1], b = line[i];
+        const int32_t steps = std::max(std::abs(b.x - a.x), std::abs(b.y - a.y)) / kReach + 1;
+        for (int32_t step = 0; step <= steps; ++step) {
+            const int32_t x = a.x + (b.x - a.x) * step / steps, y = a.y + (b.y - a.y) * step / steps;
+            if (port.RectMeetsRegion(region, {x, y, x + 1, y + 1})) return true;
+        }
+    }
+    return false;
+}
+
+// A class by its overloads of InkOf, Paint and, where it has them, OutlineOf, Touches and VoiceNumberOf.
+// `Base` is what they take.
 template <class R, class Base, Hits kHits, When kWhen>
 class RecordBehaviour : public PatchBehaviour {
 public:
@@ -19,10 +52,18 @@ public:
     }
     Rect Bounds(const void* object) const override { return InkOf(Of(object)); }
     bool Hit(const void* object, Point p) const override {
-        return kHits == Hits::Rectangle && PatchBehaviour::Hit(object, p);
+        if constexpr (requires(const R& r) { Touches(r, p); })
+            return Touches(Of(object), p);
+        else if constexpr (kHits == Hits::Outline)
+            return IsNearLine(OutlineOf(Of(object)), p);
+        else
+            return kHits == Hits::Rectangle && PatchBehaviour::Hit(object, p);
     }
     bool HitRegion(const GraphicPort& port, const void* object, const WRegion& region) const override {
-        return kHits == Hits::Rectangle && PatchBehaviour::HitRegion(port, object, region);
+        if constexpr (kHits == Hits::Outline)
+            return LineMeetsRegion(port, OutlineOf(Of(object)), region);
+        else
+            return kHits == Hits::Rectangle && PatchBehaviour::HitRegion(port, object, region);
     }
     bool IsLate() const override { return kWhen == When::Late; }
     int VoiceOf(const void* object) const override {
@@ -48,6 +89,11 @@ Row RowOf() {
     return {R::kClass, &behaviour};
 }
 
+template <class Sign>
+Row SignRow() {
+    return RowOf<Sign, Hits::Rectangle, When::InOrder, SymbolAttribute>();
+}
+
 constexpr size_t kClasses = 112;
 
 // The drawn classes. What spans whole staves is never hit: a press there is meant for what stands on them.
@@ -68,6 +114,7 @@ std::array<const PatchBehaviour*, kClasses> MakeTable() {
              RowOf<Accident, Hits::Rectangle, When::Late>(),
              RowOf<Dot>(),
              RowOf<BeamMarker>(),
+             RowOf<MarkValue, Hits::Outline>(),
              RowOf<Time>(),
              RowOf<MarkEndings>(),
              RowOf<Coda>(),
@@ -75,6 +122,26 @@ std::array<const PatchBehaviour*, kClasses> MakeTable() {
              RowOf<MultiPause>(),
              RowOf<PageText>(),
              RowOf<MeasureStaffText>(),
+             RowOf<Liriche>(),
+             RowOf<Dinamiche>(),
+             RowOf<Tremolo>(),
+             SignRow<Mordente>(),
+             SignRow<Gruppetto>(),
+             SignRow<ArcoGiu>(),
+             SignRow<ArcoSu>(),
+             SignRow<SuonoAperto>(),
+             SignRow<SuonoChiuso>(),
+             SignRow<Armonico>(),
+             SignRow<Circonflesso>(),
+             SignRow<Respiro>(),
+             SignRow<Tilde>(),
+             SignRow<Pizzicato>(),
+             SignRow<BartokSup>(),
+             SignRow<BartokInf>(),
+             SignRow<Articolazione>(),
+             SignRow<Diteggiatura>(),
+             SignRow<Corona>(),
+             SignRow<Ornamenti>(),
          })
         table[static_cast<size_t>(row.number)] = row.behaviour;
     return table;

@@ -14,8 +14,8 @@ void Paint(GraphicPort& port, const Accident& accident, const DrawContext&) {
     DrawSymbol(port, accident._symbol, place.x, place.y, FrameOf(StaffPar(note)).lineDistance, 100);
 }
 
-int VoiceNumberOf(const Accident& accident) {
-    const GenericNote* note = noteAttributes.ParentOf(&accident);
+int VoiceNumberOf(const NoteAttribute& sign) {
+    const GenericNote* note = noteAttributes.ParentOf(&sign);
     const Voice* voice = note ? VoicePar(note) : nullptr;
     return voice ? voice->_number.Get() : 0;
 }

@@ -1,61 +1,77 @@
-// Texts on a page and in a measure: one line in their font, starting at their place on the baseline.
-#include "graphics/MemoryPort.h"
+// Texts on a page and at a staff, a staff's text repeated at the staves that its marks name, and the title.
+#include <algorithm>
+#include <vector>
+
 #include "layout/DrawFamilies.h"
 #include "layout/Frames.h"
+#include "layout/PageLayout.h"
+#include "layout/TextInk.h"
+#include "layout/TextPlaces.h"
 #include "model/Par.h"
 
 namespace corvane {
 namespace {
 
-struct TextPlace {
-    const GenericText* text = nullptr;
-    Point at;
-};
-
-TextPlace PlaceOf(const PageText& text) {
-    const Page* page = pageTexts.ParentOf(&text);
-    return page ? TextPlace{text._text, {text._x, text._y}} : TextPlace{};
-}
-
-TextPlace PlaceOf(const MeasureStaffText& text) {
+// Every place of one staff text: at its own staff first.
+std::vector<TextPlace> PlacesOf(const MeasureStaffText& text) {
     const MeasureStaff* crossing = MeasureStaffPar(&text);
-    const Staff* staff = crossing ? crossing->_staff.Get() : nullptr;
-    if (!staff) return {};
-    const StaffFrame frame = FrameOf(staff);
+    const Staff* own = crossing ? crossing->_staff.Get() : nullptr;
+    if (!own) return {};
     const MeasureFrame measure = FrameOf(MeasurePar(crossing));
-    return {text._text,
-            {measure.XOf(0) + text._x * frame.lineDistance / 100,
-             frame.top + text._y * frame.lineDistance / 100}};
+    std::vector<TextPlace> places;
+    const auto add = [&](const Staff* staff) {
+        const StaffFrame frame = FrameOf(staff);
+        places.push_back({{measure.XOf(text._x), frame.top + text._y * frame.lineDistance / 1000}});
+    };
+    add(own);
+    if (textMarks.IsEmpty(&text)) return places;
+    for (const Staff* staff : StaffsFromTop(SystemPar(own)))
+        if (staff != own && IsShownAt(&text, staff)) add(staff);
+    return places;
 }
 
-void UseFont(GraphicPort& port, const GenericText* text) {
-    const TarnFont* font = text->_font;
-    if (!font) return;
-    port.SetFontName(TextOf(font->_name));
-    port.SetFontSize(font->_size);
-    port.SetFontStyle(font->_style);
+Rect InkAt(const GenericText* text, const TextPlace& place) {
+    return InkOfText(TextOf(text), LookOf(text), place);
 }
 
-Rect InkOf(const TextPlace& place) {
-    if (!place.text) return {};
-    MemoryPort port;
-    UseFont(port, place.text);
-    return port.StringRect(TextOf(place.text->_text)).MovedBy(place.at.x, place.at.y);
-}
-
-void Paint(GraphicPort& port, const TextPlace& place) {
-    if (!place.text) return;
-    UseFont(port, place.text);
-    port.DrawString(TextOf(place.text->_text), place.at.x, place.at.y);
-}
+TextPlace PlaceOf(const PageText& text) { return {{text._x, text._y}}; }
 
 }  // namespace
 
-Rect InkOf(const PageText& text) { return InkOf(PlaceOf(text)); }
-void Paint(GraphicPort& port, const PageText& text, const DrawContext&) { Paint(port, PlaceOf(text)); }
-Rect InkOf(const MeasureStaffText& text) { return InkOf(PlaceOf(text)); }
+Point BaselineOf(const MeasureStaffText* text) {
+    const std::vector<TextPlace> places = PlacesOf(*text);
+    return places.empty() ? Point{} : places.front().at;
+}
+
+bool IsShownAt(const MeasureStaffText* text, const Staff* staff) {
+    const auto* simple = As<SimpleStaff>(staff);
+    const auto* bot = As<StaffBot>(staff);
+    const MultiStaff* multi = simple;
+    if (bot) multi = customStaffs.ParentOf(bot);
+    const AllStaff* line = multi ? allStaffStaffs.ParentOf(multi) : nullptr;
+    for (const MarkText* mark : textMarks.Of(text))
+        if (line && allStaffTextMarks.ParentOf(mark) == line) return true;
+    return false;
+}
+
+Rect InkOf(const PageText& text) { return InkAt(text._text, PlaceOf(text)); }
+void Paint(GraphicPort& port, const PageText& text, const DrawContext&) {
+    PaintText(port, TextOf(text._text), LookOf(text._text), PlaceOf(text));
+}
+
+Rect InkOf(const MeasureStaffText& text) {
+    Rect ink;
+    for (const TextPlace& place : PlacesOf(text)) ink = Union(ink, InkAt(text._text, place));
+    return ink;
+}
+bool Touches(const MeasureStaffText& text, Point p) {
+    for (const TextPlace& place : PlacesOf(text))
+        if (InkAt(text._text, place).EnclosesStrictly(p)) return true;
+    return false;
+}
 void Paint(GraphicPort& port, const MeasureStaffText& text, const DrawContext&) {
-    Paint(port, PlaceOf(text));
+    for (const TextPlace& place : PlacesOf(text))
+        PaintText(port, TextOf(text._text), LookOf(text._text), place);
 }
 
 }  // namespace corvane

@@ -26,8 +26,16 @@ void SetDefaultStemLength(Stem* stem);
 int32_t LengthToMiddleLine(const GenericNote* note, bool up);
 // Stores the code, the heads' sides and the flags' symbols ("up" and "down" swapped).
 void ChangeStemDirection(Stem* stem, StemDirection direction);
+// Whether a person has pointed it against the rules; it then keeps its direction through later edits.
+inline bool IsPointed(const Stem* stem) { return stem->_pointed == 1; }
+// What a person says of a chord without a beam. Where the rules say the same it follows them again.
+void PointChord(Chords* chord, bool up);
 // The same up or down, hidden where the stem was hidden or the value has none.
 void PointStem(Stem* stem, bool up);
+
+// Gives a column that stands under no beam another value: heads that show their value, its flags, whether it
+// has a stem. Lengths and dots are the caller's.
+void ChangeValue(ChordSymbol* column, uint8_t value);
 
 // The flag of a value from 8 on, named for the stem's direction; grace flags for a grace chord. Null, and
 // nothing made, for longer values.

@@ -19,6 +19,8 @@ constexpr HeadShape kShapes[] = {
     {"", -2, -1, -1, false, 0},
 };
 
+constexpr int kLastOval = 3;
+
 }  // namespace
 
 const HeadShape& ShapeOf(const GenericNote* note) {
@@ -26,6 +28,13 @@ const HeadShape& ShapeOf(const GenericNote* note) {
     const HeadShape* shape = kShapes;
     while (*shape->name && !NameHolds(symbol, shape->name)) ++shape;
     return *shape;
+}
+
+bool ShowsValue(const GenericNote* note) { return &ShapeOf(note) <= &kShapes[kLastOval]; }
+
+std::string HeadNameOf(uint8_t value, bool grace) {
+    const int oval = value == kDoubleWhole ? 0 : value == 1 ? 1 : value == 2 ? 2 : kLastOval;
+    return std::string(grace ? "Grace" : "") + kShapes[oval].name;
 }
 
 }  // namespace corvane

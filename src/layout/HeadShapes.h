@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "model/NoteRecords.h"
 
@@ -18,5 +19,9 @@ struct HeadShape {
 };
 
 const HeadShape& ShapeOf(const GenericNote* note);
+// Whether the head is the one of its value, no cross, rhombus, slash or custom symbol.
+bool ShowsValue(const GenericNote* note);
+// The symbol's name of the head that shows a value.
+std::string HeadNameOf(uint8_t value, bool grace);
 
 }  // namespace corvane

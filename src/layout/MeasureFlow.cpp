@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "layout/MeasureHeads.h"
+#include "layout/PageFit.h"
 #include "layout/PageLayout.h"
 #include "layout/ScoreBuilder.h"
 #include "layout/SkeletonRemoval.h"
@@ -104,20 +105,12 @@ struct Holding {
 using SystemHolding = Holding<std::remove_cvref_t<decltype(systemMeasures)>>;
 using PageHolding = Holding<std::remove_cvref_t<decltype(pageSystems)>>;
 
-void FitWidth(System* system, const Page* page) {
-    const int32_t right = Document::pageWidth - page->_leftMargin - page->_rightMargin;
-    if (system->_right == right) return;
-    system->_right = right;
-    for (Staff* staff : StaffsFromTop(system)) staff->_right = right - system->_left;
-    FitMeasures(system);
-}
-
 void MoveSystem(System* system, Page* to, System* behind) {
     PagePar(system)->_systemCount -= 1;
     pageSystems.Remove(system);
     pageSystems.Insert(to, system, behind);
     to->_systemCount += 1;
-    FitWidth(system, to);
+    FitWidth(system);
 }
 
 // Systems without measures go; the others that changed share their width anew. True if any went.

@@ -16,6 +16,8 @@ std::vector<int32_t> HeadersOf(const System* system) {
     return headers;
 }
 
+int32_t WidthOf(const System* system) { return system->_right - system->_left - CourtesyWidth(system); }
+
 // But for what rounding makes of them.
 bool AreEqual(const std::vector<int32_t>& areas) {
     const auto [least, most] = std::minmax_element(areas.begin(), areas.end());
@@ -24,8 +26,7 @@ bool AreEqual(const std::vector<int32_t>& areas) {
 
 }  // namespace
 
-NoteAreas::NoteAreas(System* system)
-    : _system(system), _headers(HeadersOf(system)), _courtesy(CourtesyWidth(system)) {
+NoteAreas::NoteAreas(System* system) : _system(system), _headers(HeadersOf(system)), _width(WidthOf(system)) {
     size_t i = 0;
     for (const Measure* measure : systemMeasures.Of(system))
         _areas.push_back(std::max(measure->Width() - _headers[i++], 0));
@@ -33,10 +34,9 @@ NoteAreas::NoteAreas(System* system)
 
 void NoteAreas::Apply() const {
     const std::vector<int32_t> headers = HeadersOf(_system);
-    const int32_t courtesy = CourtesyWidth(_system);
-    if (headers == _headers && courtesy == _courtesy) return;
+    const int64_t width = WidthOf(_system);
+    if (headers == _headers && width == _width) return;
     const int64_t before = std::accumulate(_areas.begin(), _areas.end(), int64_t{0});
-    const int64_t width = _system->_right - _system->_left - courtesy;
     const int64_t now = width - std::accumulate(headers.begin(), headers.end(), int64_t{0});
     if (headers.size() != _areas.size() || AreEqual(_areas) || before <= 0 || now <= 0)
         return FitMeasures(_system);

@@ -10,6 +10,7 @@
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
+#include "model/Ties.h"
 
 namespace corvane {
 namespace {
@@ -55,9 +56,10 @@ public:
         if (clef != _clef) _inForce.clear();
         _clef = clef;
         for (auto note = from; note != to; ++note)
-            ShowAccidental(*note, (*note)->_alteration != InForce(*note));
+            ShowAccidental(*note, !IsTiedOver(*note) && (*note)->_alteration != InForce(*note));
         if (!_byLine) return;
-        for (auto note = from; note != to; ++note) _inForce[(*note)->_line] = (*note)->_alteration;
+        for (auto note = from; note != to; ++note)
+            if (!IsTiedOver(*note)) _inForce[(*note)->_line] = (*note)->_alteration;
     }
 
 private:

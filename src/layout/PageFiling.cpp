@@ -1,8 +1,10 @@
 #include "layout/PageFiling.h"
 
+#include "layout/Lyrics.h"
 #include "layout/PageLayout.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
+#include "model/Ties.h"
 
 namespace corvane {
 namespace {
@@ -45,6 +47,23 @@ void VisitSignsAndEvents(const MeasureStaff* crossing, Columns columns, const Pa
         for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) VisitEvent(symbol, columns, visit);
 }
 
+// The other ends of ties of a crossing's notes, on the same page.
+const Page* PageOf(const MarkValue* mark) { return PagePar(MeasurePar(noteAttributes.ParentOf(mark))); }
+
+void VisitTiesTo(const MeasureStaff* crossing, const PatchVisitor& visit) {
+    const Page* page = PagePar(MeasurePar(crossing));
+    for (const Voice* voice : measureStaffVoices.Of(crossing))
+        for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+            const auto* chord = As<Chords>(symbol);
+            if (!chord) continue;
+            for (const GenericNote* note : chordNotes.Of(chord))
+                for (const NoteAttribute* attribute : noteAttributes.Of(note))
+                    if (const auto* mark = As<MarkValue>(attribute))
+                        if (MarkValue* other = OtherMark(mark); other && PageOf(other) == page)
+                            Visit(other, voice->_number, visit);
+        }
+}
+
 // A crossing without a staff of its own is not drawn.
 void VisitCrossing(const MeasureStaff* crossing, const PatchVisitor& visit) {
     if (!crossing->_staff) return;
@@ -74,6 +93,12 @@ void ForEachPatch(const System* system, const PatchVisitor& visit) { VisitSystem
 
 void ForEachPatch(const MeasureStaff* measureStaff, const PatchVisitor& visit) {
     VisitSignsAndEvents(measureStaff, Columns::WithEachChord, visit);
+}
+
+void ForEachSpannerOver(const MeasureStaff* measureStaff, const PatchVisitor& visit) {
+    VisitTiesTo(measureStaff, visit);
+    for (Liriche* syllable : LyricsReaching(measureStaff))
+        Visit(syllable, VoicePar(noteAttributes.ParentOf(syllable))->_number, visit);
 }
 
 void ForEachPatch(const VoiceSymbol* symbol, const PatchVisitor& visit) {

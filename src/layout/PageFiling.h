@@ -21,6 +21,10 @@ void ForEachPatch(const System* system, const PatchVisitor& visit);
 // chords share is given with each of them.
 void ForEachPatch(const MeasureStaff* measureStaff, const PatchVisitor& visit);
 
+// What hangs elsewhere in the same system but is drawn by what stands in this crossing: spanners that run
+// over it, ties that reach it. Cost: the marks of that staff in the system.
+void ForEachSpannerOver(const MeasureStaff* measureStaff, const PatchVisitor& visit);
+
 // One event with all that hangs on it: of a chord its column, beam markers, signs and dots.
 void ForEachPatch(const VoiceSymbol* symbol, const PatchVisitor& visit);
 

@@ -6,7 +6,6 @@
 namespace corvane {
 namespace {
 
-constexpr int32_t kPageHeight = 15785, kPageWidth = 12197;
 constexpr int8_t kPageByte = 9;
 
 }  // namespace
@@ -15,8 +14,7 @@ Document* BuildNewScore(const PageLayout& layout, std::string_view staffs) {
     auto* document = Make<Document>();
     document->_word148 = 1;
     MakeDefaultPreferences(document);
-    Document::pageHeight = kPageHeight;
-    Document::pageWidth = kPageWidth;
+    RefreshPreferences(document);
     Document::pageByte = kPageByte;
 
     Page* page = MakePage(document, nullptr, nullptr);

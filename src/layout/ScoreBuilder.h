@@ -29,6 +29,8 @@ Document* BuildNewScore(const PageLayout& layout, std::string_view staffs);
 // staff, Cmn a custom staff of n groups of m lines (digits from 1). Other letters make none. Layout is left
 // to the caller.
 void BuildStaffs(Document* document, std::string_view staffs);
+// Staves that it makes; -1 where another letter, or digit out of place, stands in it.
+int StaffCountOf(std::string_view staffs);
 // Adds the staves of a request below `behind`, or on top where it is null, to every page, system and measure
 // of the document, with clefs and the keys and meters in force. A custom staff is not parted: what would come
 // between its line groups stands below it. The last staff made; null where a request makes none. Layout is

@@ -6,6 +6,7 @@
 
 #include "base/Rounding.h"
 #include "layout/Beaming.h"
+#include "layout/EventSymbols.h"
 #include "layout/Frames.h"
 #include "layout/MovingClefs.h"
 #include "layout/NoteGeometry.h"
@@ -25,21 +26,6 @@ double FractionOf(const VoiceSymbol* symbol) {
     const int dots = DotCount(symbol);
     const double dotted = dots > 0 ? 2.0 - std::ldexp(1.0, -dots) : 1.0;
     return SpacingFraction(ValueOf(symbol)) * (TupletRatio(symbol) / 1000.0) * dotted;
-}
-
-// Stores where something stands; a place that holds is not written.
-bool Put(Stored<int32_t>& field, int32_t x) {
-    if (field == x) return false;
-    field = x;
-    return true;
-}
-
-bool PutX(VoiceSymbol* symbol, int32_t x) {
-    if (auto* pause = As<Pause>(symbol)) return Put(pause->_x, x);
-    bool changed = false;
-    if (const ChordSymbol* column = ChordSymbolPar(As<Chords>(symbol)))
-        for (Stem* stem : chordSymbolStems.Of(column)) changed |= Put(stem->_x, x);
-    return changed;
 }
 
 struct Placed {
@@ -173,6 +159,20 @@ bool SpaceVoice(Voice* voice) {
     if (!changed) return false;
     clefs.Apply();
     RefitBeamsOf(voice);
+    return true;
+}
+
+bool SpaceMeasure(Measure* measure, const SpacingRoom& room) {
+    ListaEventi list(measure, room);
+    if (!list.CanBeSpaced()) return false;
+    list.LayOut(spacingTable);
+    std::vector<ClefPlaces> clefs;
+    for (const MeasureStaff* crossing : measureStaffs.Of(measure)) clefs.emplace_back(crossing);
+    if (!list.Put()) return false;
+    if (!room.clefs)
+        for (const ClefPlaces& each : clefs) each.Apply();
+    for (const MeasureStaff* crossing : measureStaffs.Of(measure))
+        for (const Voice* voice : measureStaffVoices.Of(crossing)) RefitBeamsOf(voice);
     return true;
 }
 

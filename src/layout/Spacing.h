@@ -1,7 +1,7 @@
 // Horizontal places of the events of a measure, in per mille of its note area.
 #pragma once
 
-#include "model/Relations.h"
+#include "layout/ListaEventi.h"
 
 namespace corvane {
 
@@ -12,6 +12,12 @@ int32_t NoteAreaLeft(const Measure* measure);
 // The mathematical rule for one voice: every event strictly in proportion to its duration. Clefs among the
 // events stay between the same ones; its beams are refitted. True if some x changed.
 bool SpaceVoice(Voice* voice);
+
+// The engraver's rule for a whole measure: all staves share their time points, each as wide as the table in
+// force tells or as what stands there needs, stretched or shrunk to fill the measure. Beams are refitted. A
+// measure without events, or with a clef that nothing follows where clefs make room, stays as it is. True if
+// some x changed.
+bool SpaceMeasure(Measure* measure, const SpacingRoom& room);
 
 // What a measure can hold and what a voice fills of it, in whole notes. Denominators that are no power of two
 // are rounded to the nearest one.

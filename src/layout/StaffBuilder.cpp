@@ -1,5 +1,6 @@
 // New staves: for each request the DocStaffs, in every system the staffs that draw them, in every measure
 // their crossings.
+#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -195,6 +196,21 @@ DocStaff* AddStaffs(Document* document, const StaffRequest& request, DocStaff* b
     for (Page* page : documentPages.Of(document))
         for (System* system : pageSystems.Of(page)) builder.Build(system);
     return builder.Last();
+}
+
+int StaffCountOf(std::string_view staffs) {
+    int count = 0, digits = 0;  // digits that may still follow a C
+    for (size_t i = 0; i < staffs.size(); ++i) {
+        const auto isThat = [&](const auto& row) { return row.letter == staffs[i]; };
+        const bool known = std::any_of(std::begin(kLetters), std::end(kLetters), isThat);
+        const bool digit = staffs[i] >= '0' && staffs[i] <= '9' && digits-- > 0;
+        if (!known && !digit) return -1;
+        if (!known) continue;
+        const StaffRequest request = RequestAt(staffs, i);
+        digits = request.kind == StaffKind::Custom ? 2 : 0;
+        count += request.staffCount;
+    }
+    return count;
 }
 
 void BuildStaffs(Document* document, std::string_view staffs) {

@@ -3,6 +3,7 @@
 
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
+#include "layout/HeadShapes.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
@@ -49,10 +50,13 @@ int32_t PreferredLength(const Stem* stem, const GenericNote* outer) {
     return std::max(length, LengthToMiddleLine(outer, IsUp(stem->_direction)));
 }
 
-bool PointsUp(const Chords* chord, int line) {
+// Where a chord's stem points without a word of the person.
+bool PointsUpByRule(const Chords* chord) {
     const Voice* voice = VoicePar(chord);
     if (StemsAreForced(voice)) return ForcedStemsUp(voice);
-    return IsGrace(chord) || line < kFirstDownLine;
+    const Stem* stem = StemOf(chord);
+    const int middle = (stemNotes.First(stem)->_line + stemNotes.Last(stem)->_line) / 2;
+    return IsGrace(chord) || middle < kFirstDownLine;
 }
 
 }  // namespace
@@ -87,9 +91,16 @@ void SetDefaultStemLength(Stem* stem) {
 
 void RestemChord(Chords* chord) {
     Stem* stem = StemOf(chord);
-    const GenericNote *high = stemNotes.First(stem), *low = stemNotes.Last(stem);
-    if (!high) return;
-    PointStem(stem, PointsUp(chord, (high->_line + low->_line) / 2));
+    if (stemNotes.IsEmpty(stem)) return;
+    PointStem(stem, IsPointed(stem) ? IsUp(stem->_direction) : PointsUpByRule(chord));
+    SetDefaultStemLength(stem);
+}
+
+void PointChord(Chords* chord, bool up) {
+    Stem* stem = StemOf(chord);
+    if (stemNotes.IsEmpty(stem)) return;
+    stem->_pointed = PointsUpByRule(chord) != up;
+    PointStem(stem, up);
     SetDefaultStemLength(stem);
 }
 
@@ -110,6 +121,20 @@ void ChangeStemDirection(Stem* stem, StemDirection direction) {
 void PointStem(Stem* stem, bool up) {
     if (IsVisible(stem->_direction)) return ChangeStemDirection(stem, Code(up, ValueOf(stem)));
     ChangeStemDirection(stem, up ? StemDirection::HiddenUp : StemDirection::HiddenDown);
+}
+
+void ChangeValue(ChordSymbol* column, uint8_t value) {
+    const bool hadStem = !IsStemless(column->_value);
+    Document* document = DocumentPar(column);
+    column->_value = value;
+    for (Stem* stem : chordSymbolStems.Of(column)) {
+        const bool grace = IsGrace(stem), shown = !hadStem || IsVisible(stem->_direction);
+        RemoveFlag(stem);
+        for (GenericNote* note : stemNotes.Of(stem))
+            if (ShowsValue(note)) ChangeSymbol(document, note->_symbol, HeadNameOf(value, grace));
+        ChangeStemDirection(stem, Code(IsUp(stem->_direction), shown ? value : kDoubleWhole));
+        AttachFlag(stem, value);
+    }
 }
 
 Flag* AttachFlag(Stem* stem, uint8_t value) {

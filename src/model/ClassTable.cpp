@@ -1,6 +1,6 @@
 #include "model/ClassTable.h"
 
-#include "store/ClassInfo.h"
+#include "model/Preferences.h"
 
 namespace corvane {
 namespace {
@@ -132,19 +132,12 @@ constexpr bool NumbersFollowTheirOrder() {
 }
 static_assert(NumbersFollowTheirOrder());
 
-std::vector<Administrator*>& Creators() {
-    static std::vector<Administrator*> creators(112, nullptr);
-    return creators;
-}
-
 }  // namespace
-
-void UseCreator(int16_t number, Administrator* creator) { Creators()[static_cast<size_t>(number)] = creator; }
 
 void RegisterClasses() {
     if (ClassTableExists()) return;
     CreateClassTable();
-    for (const ClassRow& row : kClasses) RegisterClass(row, Creators()[static_cast<size_t>(row.number)]);
+    for (const ClassRow& row : kClasses) RegisterClass(row, row.number == PagePref::kClass ? PageCreator() : nullptr);
 }
 
 }  // namespace corvane

@@ -16,6 +16,8 @@ struct ClefInfo {
     int16_t line;                 // staff step on which the clef's own line stands, 1 the bottom line
     int16_t offset;               // added to a staff step before it is turned into semitones
 };
+// Whose lines name instruments, no pitches.
+inline bool IsPercussion(int clefCode) { return clefCode >= 11 && clefCode <= 13; }
 // The row of a code; code 1's for any other.
 const ClefInfo& ClefOf(int code);
 

@@ -9,10 +9,6 @@
 namespace corvane {
 namespace {
 
-bool IsKnownValue(uint8_t value) {
-    return value == kDoubleWhole || (value && value <= 128 && (value & (value - 1)) == 0);
-}
-
 // The side across the stem.
 Side Opposite(Side side) { return side == Side::Left ? Side::Right : Side::Left; }
 
@@ -23,6 +19,10 @@ bool IsSecond(const GenericNote* a, const GenericNote* b) {
 
 }  // namespace
 
+bool IsNoteValue(uint8_t value) {
+    return value == kDoubleWhole || (value && value <= 128 && (value & (value - 1)) == 0);
+}
+
 uint8_t ValueOf(const VoiceSymbol* symbol) {
     if (const auto* pause = As<Pause>(symbol)) return pause->_value;
     const ChordSymbol* chordSymbol = ChordSymbolPar(As<Chords>(symbol));
@@ -31,12 +31,12 @@ uint8_t ValueOf(const VoiceSymbol* symbol) {
 }
 
 double BaseFraction(uint8_t value) {
-    CORVANE_ASSERT_AS(IsKnownValue(value), "0");
+    CORVANE_ASSERT_AS(IsNoteValue(value), "0");
     return value == kDoubleWhole ? 1.0 : 1.0 / value;
 }
 
 double SpacingFraction(uint8_t value) {
-    CORVANE_ASSERT_AS(IsKnownValue(value), "0");
+    CORVANE_ASSERT_AS(IsNoteValue(value), "0");
     return value == kDoubleWhole ? 2.0 : 1.0 / value;
 }
 

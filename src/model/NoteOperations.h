@@ -5,6 +5,8 @@
 
 namespace corvane {
 
+// 1, 2, 4 ... 128, and kDoubleWhole.
+bool IsNoteValue(uint8_t value);
 // Note value of an event: 1, 2, 4 ... 128, or 11.
 uint8_t ValueOf(const VoiceSymbol* symbol);
 // Fraction of a whole note that a value counts; 11 counts 1.0. An unknown value is an assertion.

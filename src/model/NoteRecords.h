@@ -103,7 +103,7 @@ struct Stem : BeamSymbol,
     static constexpr int16_t kClass = 22;
     static constexpr bool IsHeir(int16_t n) { return n == 22; }
     Stored<StemDirection> _direction;
-    Filler<1> _filler23;
+    Stored<uint8_t> _pointed;  // 1: a person has said up or down; else it points by the rules
     Stored<int32_t> _slant;   // kVerticalStem or a divisor
     Stored<int32_t> _x;       // per mille of the note area
     Stored<int32_t> _length;  // beyond the outer head, hundredths of a line distance
@@ -225,11 +225,16 @@ using Corona = SymbolAttributeOf<62, 2>;
 using Ornamenti = SymbolAttributeOf<63, 0>;
 
 struct GenericText;
-struct Liriche : NoteAttribute, Gap<8, 12> {
+enum class LyricJoint : uint8_t { WordEnd = 0, Hyphen = 1, Extender = 2 };
+// A syllable, or with an empty text a further note of the syllable before.
+struct Liriche : NoteAttribute {
     static constexpr int16_t kClass = 46;
     static constexpr bool IsHeir(int16_t n) { return n == 46; }
+    Stored<uint8_t> _verse;      // from 1; 0 stands for 1
+    Stored<LyricJoint> _joint;   // to the next syllable of the verse
+    Filler<6> _filler14;
     Ptr<GenericText> _text;
-    Stored<int32_t> _dx, _dy;
+    Stored<int32_t> _dx, _dy;    // off the middle of the head, below the staff: thousandths of a line distance
 };
 
 struct Tremolo : VoiceSymbolAttribute, Gap<8, 12> {

@@ -42,8 +42,9 @@ private:
 // Barlines and measure numbers. Percents are hundredths of a line distance.
 struct MeasurePreferences : PreferencesOf<13> {
     Ptr<TarnFont> _numberFont;
-    Stored<uint8_t> _byte28, _numberPlacement;  // 34, 35, 36: one staff, all, the top one of each connection
-    Stored<int16_t> _word30, _word32, _word34, _word36;
+    Stored<uint8_t> _showNumbers, _numberPlacement;  // 34, 35, 36: all staves, the top one, that of each connection
+    Stored<int16_t> _numbering, _numberStep;         // 1 every so many measures, 2 the first of each system
+    Stored<int16_t> _word34, _word36;
     Stored<int16_t> _thickBarline, _barlineGap;  // percent; the gap is that between the lines of a pair
     Stored<int16_t> _numberDx;                   // percent
     Stored<int32_t> _numberDy;                   // percent above the staff
@@ -230,7 +231,7 @@ struct PalettePref : PreferencesOf<103> {
 
 struct StaffPref : PreferencesOf<104> {
     Stored<int16_t> _nameWidth;  // room left of the first system for staff names, page units
-    Stored<int16_t> _word26;
+    Stored<int16_t> _shortNameWidth;  // the same left of all others
 };
 
 }  // namespace corvane

@@ -17,6 +17,12 @@ P* Preferences(const Document* document) {
     return static_cast<P*>(FindPreferences(document, InfoOf(P::kClass)->name));
 }
 
+// What the program keeps of a score's preferences beside them is read anew: its page size. After a load, an undo, a
+// redo, and for a new score.
+void RefreshPreferences(const Document* document);
+// The creator of PagePref, which does that.
+Administrator* PageCreator();
+
 // Allocates, fills and adds the default records of a new score, in their order. The document's standard fonts, "Times
 // New Roman", "Marcelane" and "Courier New" at size 189, come first; the document itself holds one use of each.
 void MakeDefaultPreferences(Document* document);

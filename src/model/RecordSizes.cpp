@@ -2,6 +2,7 @@
 #include "model/EventRecords.h"
 #include "model/PreferenceRecords.h"
 #include "model/SymbolRecords.h"
+#include "store/NamedClasses.h"
 
 namespace corvane {
 
@@ -104,5 +105,15 @@ CORVANE_SIZE(ExtractionPref, 36);
 CORVANE_SIZE(PalettePref, 64);
 CORVANE_SIZE(StaffPref, 28);
 #undef CORVANE_SIZE
+
+// What the store knows of the records.
+static_assert(named::kDocument == Document::kClass && named::kSimpleStaff == SimpleStaff::kClass &&
+              named::kStaffBot == StaffBot::kClass && named::kStringa == Stringa::kClass &&
+              named::kTarnFont == TarnFont::kClass && named::kDocStaff == DocStaff::kClass &&
+              named::kCompositeSymbol == CompositeSymbol::kClass && named::kSimpleFont == SimpleFont::kClass &&
+              named::kTime == Time::kClass && named::kGenericText == GenericText::kClass &&
+              named::kTempo == Tempo::kClass);
+static_assert(named::kVoiceRecordSize == sizeof(VoiceRecord) && named::kVoiceRecordCount == DocStaff::kVoices);
+static_assert(named::kClocksPerBeat == kClocksPerBeat);
 
 }  // namespace corvane

@@ -39,11 +39,11 @@ bool MayBeFree(int16_t number, uint16_t next) {
 
 }  // namespace
 
-ScoreProof::ScoreProof(const NewMemoryPool& pool, bool healing, size_t limit)
+ScoreProof::ScoreProof(const NewMemoryPool& pool, const ObjectIndexBitmap& index, bool healing, size_t limit)
     : document(static_cast<Document*>(pool.DocumentObject())),
       docStaffCount(documentDocStaffs.Count(document)),
       _pool(pool),
-      _index(pool),
+      _index(index),
       _healing(healing),
       _limit(limit) {}
 
@@ -72,33 +72,33 @@ void ScoreProof::CheckMembership(void* object, int16_t number) {
     }
 }
 
-template <class Visit>
-void ScoreProof::ForEachOfScore(Visit visit) const {
-    ForEachObject([&](void* object, int16_t number) {
-        if (_apart.empty() || !_apart.contains(object)) visit(object, number);
-    });
-}
-
 void ScoreProof::Run(std::span<const void* const> kept) {
     if (!kept.empty()) {
         std::vector<Finding> none;
-        for (const void* object : VerifierGraph(_pool, none, 0).Unreached({})) _apart.insert(object);
+        for (const void* object : VerifierGraph(_pool, _index, none, 0).Unreached({})) _apart.insert(object);
     }
+    UseCounts uses;
     // Rules follow parents: first every object must have its own.
-    ForEachOfScore([&](void* object, int16_t number) { CheckMembership(object, number); });
+    ForEachObject([&](void* object, int16_t number) {
+        if (IsOfScore(object)) CheckMembership(object, number);
+        uses.Take(object, number);
+    });
     if (!findings.empty()) return;
     const RuleTable& rules = Rules();
-    ForEachOfScore([&](void* object, int16_t number) {
-        for (const auto check : rules[static_cast<size_t>(number)]) check(*this, object);
+    ForEachObject([&](void* object, int16_t number) {
+        const auto& checks = rules[static_cast<size_t>(number)];
+        if (checks.empty() || !IsOfScore(object)) return;
+        for (const auto check : checks) check(*this, object);
     });
     CheckSkeleton(*this);
-    CheckUses(*this);
+    CheckUses(*this, uses);
 }
 
 std::vector<Finding> CheckScore(const NewMemoryPool& pool, std::span<const void* const> kept, size_t limit) {
     std::vector<Finding> findings = CheckPool(pool, kept, limit);
     if (!findings.empty()) return findings;
-    ScoreProof proof(pool, false, limit);
+    const ObjectIndexBitmap index(pool);
+    ScoreProof proof(pool, index, false, limit);
     proof.Run(kept);
     return std::move(proof.findings);
 }
@@ -107,9 +107,10 @@ Status ReadScore(NewMemoryPool& pool, std::span<const uint8_t> bytes, LoadReport
     constexpr size_t kLimit = 20;
     LoadReport unseen;
     LoadReport& told = report ? *report : unseen;
-    if (Status status = LoadScore(pool, bytes, &told); !status) return status;
+    std::unique_ptr<const ObjectIndexBitmap> index;
+    if (Status status = LoadScore(pool, bytes, &told, &index); !status) return status;
     const PoolScope scope(&pool);
-    ScoreProof proof(pool, true, kLimit);
+    ScoreProof proof(pool, *index, true, kLimit);
     proof.Run({});
     if (!proof.findings.empty()) {
         told.faults = std::move(proof.findings);

@@ -1,15 +1,12 @@
 // Chords, rests, stems, heads, beams and spanners.
 #include <limits>
 
+#include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/ScoreCheckRules.h"
 
 namespace corvane {
 namespace {
-
-bool IsNoteValue(uint8_t value) {
-    return value == kDoubleWhole || (value && value <= 128 && (value & (value - 1)) == 0);
-}
 
 void CheckChords(ScoreProof& proof, Chords* chord) {
     proof.Expect(!chordNotes.IsEmpty(chord), chord, "the chord has no note");
@@ -58,6 +55,16 @@ void CheckNote(ScoreProof& proof, GenericNote* note) {
     }
 }
 
+// Durations are worked out of these.
+void CheckDot(ScoreProof& proof, Dot* dot) {
+    constexpr int kMostDots = 8;
+    proof.Expect(dot->_count >= 0 && dot->_count <= kMostDots, dot, "no note has so many dots");
+}
+
+void CheckIrregular(ScoreProof& proof, Irregular* tuplet) {
+    proof.Expect(tuplet->_count >= 0 && tuplet->_inTimeOf >= 0, tuplet, "no tuplet has that figure");
+}
+
 void CheckTie(ScoreProof& proof, TieValue* tie) {
     proof.Expect(tieMarks.Count(tie) == 2, tie, "the tie has not two ends");
 }
@@ -87,6 +94,8 @@ constexpr ScoreRule kRules[] = {
     RuleFor<GenericNote, CheckNote>(Note::kClass),
     RuleFor<GenericNote, CheckNote>(Grace::kClass),
     RuleFor<TieValue, CheckTie>(),
+    RuleFor<Dot, CheckDot>(),
+    RuleFor<Irregular, CheckIrregular>(),
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <map>
 #include <span>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -21,7 +22,8 @@ enum class Weight {
 
 class ScoreProof {
 public:
-    ScoreProof(const NewMemoryPool& pool, bool healing, size_t limit);
+    // The index is the pool's, and outlives this.
+    ScoreProof(const NewMemoryPool& pool, const ObjectIndexBitmap& index, bool healing, size_t limit);
 
     void Run(std::span<const void* const> kept);
 
@@ -56,11 +58,10 @@ public:
 
 private:
     void CheckMembership(void* object, int16_t number);
-    template <class Visit>
-    void ForEachOfScore(Visit visit) const;
+    bool IsOfScore(const void* object) const { return _apart.empty() || !_apart.contains(object); }
 
     const NewMemoryPool& _pool;
-    const ObjectIndexBitmap _index;
+    const ObjectIndexBitmap& _index;
     const bool _healing;
     const size_t _limit;
     std::map<std::string, int> _healed;
@@ -80,8 +81,21 @@ std::span<const ScoreRule> SkeletonRules();
 std::span<const ScoreRule> MusicRules();
 std::span<const ScoreRule> TimeRules();
 
+// How often each symbol, font and text is pointed at as a whole, gathered object by object.
+class UseCounts {
+public:
+    void Take(void* object, int16_t number);
+    int32_t Of(const void* object) const;
+    const std::vector<void*>& TextsAndSymbols() const { return _textsAndSymbols; }
+
+private:
+    std::unordered_map<const void*, int32_t> _uses;
+    std::vector<void*> _textsAndSymbols;
+};
+
 // What is told of the score as a whole.
 void CheckSkeleton(ScoreProof& proof);  // numbers and counts from the Document down
-void CheckUses(ScoreProof& proof);      // names and use counts of symbols and fonts, preference records
+// Names and use counts of symbols and fonts, preference records.
+void CheckUses(ScoreProof& proof, const UseCounts& uses);
 
 }  // namespace corvane

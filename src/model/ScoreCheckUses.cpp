@@ -1,7 +1,6 @@
 // Symbols, fonts and preference records: names, and who uses them how often.
 #include <algorithm>
 #include <cstring>
-#include <unordered_map>
 #include <unordered_set>
 
 #include "model/ScoreCheckRules.h"
@@ -11,29 +10,21 @@ namespace {
 
 constexpr int16_t kMostUses = 32767;  // a count that has come to this stays there
 
-using Uses = std::unordered_map<const void*, int32_t>;
-
 bool IsCounted(Aim aim) {
     return aim == Aim::Symbol || aim == Aim::Font || aim == Aim::GenericText || aim == Aim::Any;
 }
 
-// How often each symbol, font and text is pointed at as a whole.
-Uses CountUses(const ScoreProof& proof) {
-    Uses uses;
-    proof.ForEachObject([&](const uint8_t* object, int16_t number) {
-        for (const LinkField& link : InfoOf(number)->links) {
-            if (link.role != LinkRole::Whole || !IsCounted(link.aim)) continue;
-            uint32_t distance;
-            std::memcpy(&distance, object + link.offset, sizeof distance);
-            if (distance) ++uses[StoredSpace::At<void>(distance)];
-        }
-    });
-    return uses;
-}
-
-int32_t UsesOf(const Uses& uses, const void* object) {
-    const auto found = uses.find(object);
-    return found == uses.end() ? 0 : found->second;
+// Of each class the fields that count as a use.
+const std::vector<std::vector<uint16_t>>& CountedFields() {
+    static const auto fields = [] {
+        std::vector<std::vector<uint16_t>> all(static_cast<size_t>(ClassCount()) + 1);
+        for (int16_t number = 1; number <= ClassCount(); ++number)
+            for (const LinkField& link : InfoOf(number)->links)
+                if (link.role == LinkRole::Whole && IsCounted(link.aim))
+                    all[static_cast<size_t>(number)].push_back(link.offset);
+        return all;
+    }();
+    return fields;
 }
 
 template <class Count>
@@ -42,30 +33,30 @@ void CheckCount(ScoreProof& proof, Stored<Count>& field, int32_t uses, const cha
         proof.ExpectNumber(field, std::min<int32_t>(uses, kMostUses), what);
 }
 
-void CheckSymbols(ScoreProof& proof, const Uses& uses) {
+void CheckSymbols(ScoreProof& proof, const UseCounts& uses) {
     std::unordered_set<std::string_view> names;
     for (FontSymbol* symbol : documentFontSymbols.Of(proof.document)) {
         proof.Expect(symbol->_name.Get() && names.insert(TextOf(symbol->_name)).second, symbol,
                      "a symbol without a name of its own");
-        CheckCount(proof, symbol->_useCount, UsesOf(uses, symbol), "use count of a symbol");
+        CheckCount(proof, symbol->_useCount, uses.Of(symbol), "use count of a symbol");
     }
     for (TarnFont* font : documentFonts.Of(proof.document)) {
         proof.Expect(font->_name.Get() != nullptr, font, "a font without a name");
         // The document itself may hold a font that nothing names.
-        if (const int32_t count = UsesOf(uses, font); font->_useCount < count)
+        if (const int32_t count = uses.Of(font); font->_useCount < count)
             proof.ExpectNumber(font->_useCount, count, "use count of a font");
     }
 }
 
-void CheckObjects(ScoreProof& proof, const Uses& uses) {
-    proof.ForEachObject([&](void* object, int16_t number) {
-        if (number == GenericText::kClass)
-            proof.Expect(UsesOf(uses, object) == 1, object, "the text has not one owner");
-        if (!FontSymbol::IsHeir(number)) return;
+void CheckObjects(ScoreProof& proof, const UseCounts& uses) {
+    for (void* object : uses.TextsAndSymbols()) {
+        if (ClassNumberOf(object) == GenericText::kClass) {
+            proof.Expect(uses.Of(object) == 1, object, "the text has not one owner");
+            continue;
+        }
         const bool listed = documentFontSymbols.IsLinked(static_cast<FontSymbol*>(object));
-        proof.Expect(listed || UsesOf(uses, object) == 0, object,
-                     "a symbol in use is not in the document's list");
-    });
+        proof.Expect(listed || uses.Of(object) == 0, object, "a symbol in use is not in the document's list");
+    }
 }
 
 void CheckPreferences(ScoreProof& proof) {
@@ -85,8 +76,21 @@ void CheckPreferences(ScoreProof& proof) {
 
 }  // namespace
 
-void CheckUses(ScoreProof& proof) {
-    const Uses uses = CountUses(proof);
+void UseCounts::Take(void* object, int16_t number) {
+    for (const uint16_t offset : CountedFields()[static_cast<size_t>(number)]) {
+        uint32_t distance;
+        std::memcpy(&distance, static_cast<const uint8_t*>(object) + offset, sizeof distance);
+        if (distance) ++_uses[StoredSpace::At<void>(distance)];
+    }
+    if (number == GenericText::kClass || FontSymbol::IsHeir(number)) _textsAndSymbols.push_back(object);
+}
+
+int32_t UseCounts::Of(const void* object) const {
+    const auto found = _uses.find(object);
+    return found == _uses.end() ? 0 : found->second;
+}
+
+void CheckUses(ScoreProof& proof, const UseCounts& uses) {
     CheckSymbols(proof, uses);
     CheckObjects(proof, uses);
     CheckPreferences(proof);

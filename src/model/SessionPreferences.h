@@ -30,6 +30,11 @@ enum class SessionWord : int {
     ClickPort = 63,
     MuteClickAfterCountOff = 64,
 
+    FollowRepetitionTexts = 67,
+    CursorStep = 68,              // of the play cursor: 0 a beat, 1 half a measure, 2 a measure
+    PageTurn = 69,                // the play cursor is shown and pages turn
+    ClickIsOn = 79,
+
     ShowHiddenRests = 71,         // on screen, in grey
     HideRestsInPrint = 72,
     ShowHiddenStems = 73,
@@ -56,8 +61,5 @@ inline bool IsOn(const SessionPreferences& preferences, SessionWord word) {
 inline void SetWord(SessionPreferences& preferences, SessionWord word, int value) {
     preferences.words[static_cast<size_t>(word)] = static_cast<int16_t>(value);
 }
-static_assert(static_cast<int>(SessionWord::PairDistance) == SessionPreferences::kPairDistance);
-static_assert(static_cast<int>(SessionWord::MeasuresPerSystem) == SessionPreferences::kMeasuresPerSystem);
-static_assert(static_cast<int>(SessionWord::SystemsPerPage) == SessionPreferences::kSystemsPerPage);
 
 }  // namespace corvane

@@ -19,13 +19,13 @@ std::string LineOf(const SentMessage& sent) {
 }  // namespace
 
 void DryPlay(const Document* document, const std::function<void(std::string_view)>& sink, const Measure* from,
-             const ClickSettings& click) {
+             const PlaySetup& setup) {
     RecordingPort port(SoundPort::kMaxDevices, [&](const SentMessage& sent) { sink(LineOf(sent)); });
     PlayFlags flags;
     TarnPlay play(flags);
     TarnClock dealer(play);
-    ManualClock clock(kNormalResolution, 1, &dealer);
-    play.Init(document, &port, kNormalResolution, click);
+    ManualClock clock(setup.resolution, 1, &dealer);
+    play.Init(document, &port, setup);
     flags.playing = true;
     clock.EnableOut();
     clock.Start();

@@ -13,7 +13,7 @@ namespace corvane {
 // one line, "TICK PORT STATUS DATA1 DATA2\n" in decimal, the preparation at tick 0. No other port and no
 // clock may exist.
 void DryPlay(const Document* document, const std::function<void(std::string_view)>& sink,
-             const Measure* from = nullptr, const ClickSettings& click = {});
+             const Measure* from = nullptr, const PlaySetup& setup = {});
 // The same as one text.
 std::string DryPlay(const Document* document, const Measure* from = nullptr);
 

@@ -43,6 +43,7 @@ struct InputFlags {
     std::atomic<bool> ignore{false};   // keep nothing
     std::atomic<bool> running{false};  // the take runs: keep messages with the clock's time
     std::atomic<InputMode> mode{InputMode::RealTime};
+    std::atomic<int32_t> countOffTicks{0};  // of the take, as the walker tells it when it starts
 };
 InputFlags& TheInputFlags();
 

@@ -89,8 +89,10 @@ Theft TheftOf(const Group& group) {
     Theft theft{group.Cut(), 0, 0, 0};
     if (!theft.from) return theft;
     group.ForEach([&](const GraceChord* g) { theft.total += WholeNotes(g); });
-    theft.stolen = std::min(group.first->_percentCut * WholeNotes(theft.from) * 0.01,
-                            group.first->_percentAssigned * theft.total * 0.01);
+    const double most = WholeNotes(theft.from);  // also where a file asks for more
+    theft.stolen = std::clamp(
+        std::min(group.first->_percentCut * most * 0.01, group.first->_percentAssigned * theft.total * 0.01),
+        0.0, most);
     theft.start = Onset(group.first) - (group.TakesFromBefore() ? theft.stolen : 0);
     return theft;
 }
@@ -164,16 +166,6 @@ void MakeGraceEvents(GraceChord* member) {
 }
 
 void RemoveGraceEvents(GraceChord* member) { RemoveEvents(Group(member)); }
-
-void RenewGraceEventsAround(Chords* chord) {
-    for (VoiceSymbol* beside : {voiceSymbols.Prev(chord), voiceSymbols.Next(chord)}) {
-        GraceChord* g = AsGrace(beside);
-        if (!g) continue;
-        const Group group(g);
-        RemoveEvents(group);
-        AddEvents(group);
-    }
-}
 
 void AddAllGraceEvents(Voice* voice) {
     const VoiceSymbol* before = nullptr;

@@ -13,9 +13,6 @@ void MakeGraceEvents(GraceChord* member);
 // away. What remains of the group is made again afterwards.
 void RemoveGraceEvents(GraceChord* member);
 
-// Makes the events of the groups directly before and behind a chord anew, with the settings that they keep:
-// after the chord was placed or changed.
-void RenewGraceEventsAround(Chords* chord);
 // Makes the events of all groups of a voice whose notes have none, with the settings that they keep.
 void AddAllGraceEvents(Voice* voice);
 

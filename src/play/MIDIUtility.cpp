@@ -1,5 +1,6 @@
 #include "play/MIDIUtility.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/Rounding.h"
@@ -14,14 +15,16 @@ namespace {
 
 enum class Ties : bool { Ignored, Heeded };
 
+constexpr int kMostBeats = 32767;
+
 // A duration as it counts in a measure.
 struct Span {
     int beats, clocks;
 };
 Span SpanOf(double duration, int denominator) {
     const double beats = denominator * duration * 0.001;
-    const int whole = Truncate(beats);
-    return {whole, Truncate((beats - whole) * kClocksPerBeat)};
+    const int whole = std::min(Truncate(beats), kMostBeats);
+    return {whole, std::min(Truncate((beats - whole) * kClocksPerBeat), kClocksPerBeat - 1)};
 }
 
 TimePlace Forward(TimePlace place, Span span) {
@@ -179,7 +182,8 @@ TimePlace NotePosition(const VoiceSymbol* symbol) {
         if (!IsGrace(before)) sum += Duration(before);
     }
     const int denominator = EffectiveDenominator(measure->_den);
-    return {Truncate(denominator * sum * 0.001) + 1, Truncate(denominator * sum * 32.0) % kClocksPerBeat};
+    return {std::min(Truncate(denominator * sum * 0.001), kMostBeats) + 1,
+            Truncate(denominator * sum * 32.0) % kClocksPerBeat};
 }
 
 NoteOn* NoteOnOf(const GenericNote* note) {
@@ -241,7 +245,7 @@ void AddChordEvents(Chords* chord) {
     CORVANE_ASSERT(chord);
     ShiftBehind(chord, Direction::Forward);
     PlaceChord(chord);
-    RenewGraceEventsAround(chord);
+    RenewAroundGraceNotes(VoicePar(chord));
 }
 
 void RemoveNoteEvents(GenericNote* note) {
@@ -263,10 +267,9 @@ void RemoveChordEvents(Chords* chord) {
 }
 
 void InsertVoiceSymbolEvents(VoiceSymbol* symbol) {
-    if (auto* chord = As<Chords>(symbol))
-        AddChordEvents(chord);
-    else
-        ShiftBehind(symbol, Direction::Forward);
+    if (auto* chord = As<Chords>(symbol)) return AddChordEvents(chord);
+    ShiftBehind(symbol, Direction::Forward);
+    RenewAroundGraceNotes(VoicePar(symbol));
 }
 
 void RemoveVoiceSymbolEvents(VoiceSymbol* symbol) {
@@ -291,6 +294,11 @@ void RebuildVoiceEvents(Voice* voice) {
         if (auto* chord = As<Chords>(symbol); chord && !IsGrace(chord)) PlaceChord(chord);
     AddAllGraceEvents(voice);
     Restore(velocities);
+}
+
+void RenewAroundGraceNotes(Voice* voice) {
+    for (const VoiceSymbol* symbol : voiceSymbols.Of(voice))
+        if (IsGrace(symbol)) return RebuildVoiceEvents(voice);
 }
 
 void UpdateNoteHeight(GenericNote* note) {

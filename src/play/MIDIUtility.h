@@ -34,7 +34,7 @@ void AddNoteEventsForced(GenericNote* note);
 // The same for the note that brings its chord's duration into the voice: later symbols move forward first.
 void AddChordEventsShifting(GenericNote* note);
 void AddChordEventsShiftingForced(GenericNote* note);
-// All notes of a chord: the first brings the duration. Grace groups beside it are made anew.
+// All notes of a chord: the first brings the duration.
 void AddChordEvents(Chords* chord);
 
 void RemoveNoteEvents(GenericNote* note);
@@ -44,12 +44,15 @@ void RemoveNoteEventsShifting(GenericNote* note);
 void RemoveChordEvents(Chords* chord);
 
 // An event of any kind that is no grace chord (MIDIGrace.h); a rest only shifts. Heights are those of the
-// notation.
+// notation. What grace notes take is worked out anew when a symbol came; its owner does so when it has gone.
 void InsertVoiceSymbolEvents(VoiceSymbol* symbol);
 void RemoveVoiceSymbolEvents(VoiceSymbol* symbol);
 
 // Removes all events of a voice and makes them from the notation, grace groups included; velocities are kept.
 void RebuildVoiceEvents(Voice* voice);
+// The same where the voice has grace notes: whom they take their time from may be another than before. After
+// symbols were taken away.
+void RenewAroundGraceNotes(Voice* voice);
 // Removes and makes the events of one chord without a shift, keeping velocities.
 void RenewChordEvents(Chords* chord);
 

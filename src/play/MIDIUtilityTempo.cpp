@@ -12,24 +12,25 @@ constexpr double kWeightWithoutTempo = 60.0;
 // Weight of a beat under a tempo; its dots and tuplet do not count.
 double WeightOf(const Tempo* tempo) {
     const TempoValues values = ValuesOf(tempo);
-    return values.bpm && values.figure ? 60.0 / (values.bpm * values.figure) : 1.0;
+    return values.bpm > 0 && values.figure ? 60.0 / (values.bpm * values.figure) : 1.0;
 }
 
 // Time of measures one after the other in score order, at the weight that holds in each.
 class MeasureTimes {
 public:
     double TimeOf(const Measure* measure) {
+        const auto [num, den] = PlayedMeterOf(measure);
         double weight = WeightBefore(measure);
         double time = 0;
         int from = 1;
         for (const TimeElement* element : measureTimeElements.Of(measure)) {
             const auto* tempo = As<Tempo>(element);
             if (!tempo) continue;
-            time += (tempo->_beat - from) * weight * 4 / measure->_den;
+            time += (tempo->_beat - from) * weight * 4 / den;
             weight = WeightOf(tempo);
             from = tempo->_beat;
         }
-        time += (measure->_num + 1 - from) * weight * 4 / measure->_den;
+        time += (num + 1 - from) * weight * 4 / den;
         _measure = measure;
         _weight = weight;
         return time;
@@ -112,7 +113,7 @@ void SetVelocities(const std::vector<GenericNote*>& notes, int start, int end) {
         }
         NoteOn* on = NoteOnOf(note);
         if (!on) continue;
-        const int offset = (TimePlaceOf(on).beat - 1) * 1000 / measure->_den;
+        const int offset = (TimePlaceOf(on).beat - 1) * 1000 / PlayedMeterOf(measure).den;
         const int velocity = Truncate(start + (offset * current * 0.001 + finished) * slope);
         on->_velocity = static_cast<int16_t>(velocity < 0 ? 0 : velocity > 127 ? 127 : velocity);
     }

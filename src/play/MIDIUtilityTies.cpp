@@ -4,19 +4,11 @@
 #include "model/Clefs.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
+#include "model/Ties.h"
 #include "play/MIDIUtility.h"
 
 namespace corvane {
 namespace {
-
-// The note at the other end of a mark's tie; null for a mark without a partner.
-GenericNote* PartnerOf(const MarkValue* markValue1) {
-    const TieValue* tie = tieMarks.ParentOf(markValue1);
-    if (!tie) return nullptr;
-    for (const MarkValue* markValue2 : tieMarks.Of(tie))
-        if (markValue2 != markValue1) return noteAttributes.ParentOf(markValue2);
-    return nullptr;
-}
 
 // Whether `a` is played before `b`.
 bool IsBefore(const GenericNote* a, const GenericNote* b) {
@@ -35,19 +27,11 @@ enum class End : bool { Before, After };
 GenericNote* Tied(const GenericNote* note, End end) {
     for (const NoteAttribute* attribute : noteAttributes.Of(note)) {
         const auto* mark = As<MarkValue>(attribute);
-        GenericNote* partner = mark ? PartnerOf(mark) : nullptr;
+        GenericNote* partner = mark ? TiePartnerOf(mark) : nullptr;
         if (partner && (end == End::Before ? IsBefore(partner, note) : IsBefore(note, partner)))
             return partner;
     }
     return nullptr;
-}
-
-// The notes of one pair in the order of play, told by measure, then by place on the line.
-bool StandsBehind(const GenericNote* a, const GenericNote* b) {
-    const Measure *measure1 = MeasurePar(a), *measure2 = MeasurePar(b);
-    CORVANE_ASSERT(measure1 && measure2);
-    if (measure1 != measure2) return measure1->_number > measure2->_number;
-    return XOf(ChordPar(a)) > XOf(ChordPar(b));
 }
 
 // Where a note ends that was parted from its tie: on a grid of 32 clocks.
@@ -74,7 +58,7 @@ void TieNotes(GenericNote* first, GenericNote* second) {
 
 void UntieNotes(GenericNote* note1, GenericNote* note2) {
     CORVANE_ASSERT_AS(note1 && note2, "firstNote && secondNote");
-    if (StandsBehind(note1, note2)) std::swap(note1, note2);
+    if (StandsBefore(note2, note1)) std::swap(note1, note2);
     if (NoteOffOf(note1) || NoteOnOf(note2)) return;
     MakeNoteOff(note1, CoarseEnd(note1));
     MakeNoteOn(note2, NotePosition(note2));

@@ -28,6 +28,10 @@ double TicksOfBeat(int den, int resolution, int32_t& carry) {
 
 }  // namespace
 
+PlayedMeter PlayedMeterOf(const Measure* measure) {
+    return {std::max<int>(1, measure->_num), std::max<int>(1, measure->_den)};
+}
+
 TempoValues ValuesOf(const Tempo* tempo) {
     TempoValues values;
     values.bpm = tempo->_metronome;
@@ -35,8 +39,7 @@ TempoValues ValuesOf(const Tempo* tempo) {
     if (!mark) return values;
     if (!values.bpm) values.bpm = mark->_bpm;
     const int figure = mark->_figure;
-    CORVANE_ASSERT(figure >= 0 && figure < std::ssize(kFigureValues));
-    const int value = kFigureValues[figure];
+    const int value = figure >= 0 && figure < std::ssize(kFigureValues) ? kFigureValues[figure] : 0;
     values.figure = value == kDoubleWhole ? 1 : value;  // timing knows no double whole
     values.dots = mark->_dots;
     values.tupletActual = mark->_tupletActual;
@@ -74,7 +77,7 @@ const Tempo* TempoInForce(const Measure* measure) {
 MeasureLength LengthOf(const Measure* measure, int resolution, int32_t carry, double factor) {
     MeasureLength length;
     length.carry = carry;
-    const int num = std::max<int>(1, measure->_num), den = std::max<int>(1, measure->_den);
+    const auto [num, den] = PlayedMeterOf(measure);
     const double t = TicksOfBeat(den, resolution, length.carry);
     length.ticks = Truncate(num * t);
     double f = factor, sum = 0;
@@ -90,7 +93,7 @@ MeasureLength LengthOf(const Measure* measure, int resolution, int32_t carry, do
         hasTempo = true;
     }
     const int32_t duration = Truncate(hasTempo ? ((num + 1 - b0) * f + sum) * t : num * factor * t);
-    length.duration = std::max(1, duration);
+    length.duration = std::clamp(duration, 1, kLongestMeasure);
     return length;
 }
 

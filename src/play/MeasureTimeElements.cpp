@@ -1,5 +1,7 @@
 #include "play/MeasureTimeElements.h"
 
+#include <algorithm>
+#include <limits>
 #include <tuple>
 
 #include "model/Relations.h"
@@ -16,6 +18,7 @@ R* GetOrMake(Measure* measure, int beat, int clock) {
     CORVANE_ASSERT(measure);
     CORVANE_ASSERT(beat);
     CORVANE_ASSERT(clock >= 0);
+    beat = std::min<int>(beat, std::numeric_limits<int16_t>::max());
     const auto key = std::tuple(static_cast<int16_t>(beat), static_cast<int16_t>(clock), RankOf(R::kClass));
     TimeElement* behind = nullptr;
     if (TimeElement* last = measureTimeElements.Last(measure); last && KeyOf(last) < key) {

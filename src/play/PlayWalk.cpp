@@ -22,21 +22,32 @@ bool IsFirstEnding(const Measure* measure) {
 const Measure* PlayOrder::Next(bool& jumped) {
     jumped = false;
     if (!_at) return nullptr;
-    if (_at->_endRepeat && _repeatStart) {
-        if (_repeatPass < 1) {
-            ++_repeatPass;
-            jumped = true;
-            return _at = _repeatStart;
-        }
-        Forget();
+    const bool repeats = _at->_endRepeat && _repeatStart && !_route.IsReturning();
+    if (repeats && _repeatPass < 1) {
+        ++_repeatPass;
+        jumped = true;
+        return _at = _repeatStart;
     }
+    const RepetitionRoute::Turn turn = _route.Behind(_at);
+    if (turn.way != RepetitionRoute::Way::On) {
+        Forget();
+        jumped = turn.way == RepetitionRoute::Way::Jump;
+        return _at = turn.to;
+    }
+    if (_route.IsReturning()) return _at = NextPastFirstEndings();
+    if (repeats) Forget();
     if (_repeatStart && _repeatPass == 1) return _at = NextInRepeat();
     return _at = NextMeasure(_at);
 }
 
-const Measure* PlayOrder::NextInRepeat() {
+const Measure* PlayOrder::NextPastFirstEndings() const {
     const Measure* next = NextMeasure(_at);
     while (next && IsFirstEnding(next)) next = NextMeasure(next);
+    return next;
+}
+
+const Measure* PlayOrder::NextInRepeat() {
+    const Measure* next = NextPastFirstEndings();
     if (next && next->_endRepeat) Forget();
     return next;
 }
@@ -60,9 +71,10 @@ void Lane::Begin(int32_t time) {
 
 void Lane::Enter(const Measure* next) {
     measure = next;
-    num = std::max<int>(1, next->_num);
-    den = std::max<int>(1, next->_den);
-    start += duration;
+    const PlayedMeter meter = PlayedMeterOf(next);
+    num = meter.num;
+    den = meter.den;
+    start = std::min(start + duration, kFarthestTick);
     const MeasureLength length = LengthOf(next, resolution, carry, factor);
     duration = length.duration;
     ticks = length.ticks;

@@ -6,28 +6,32 @@
 
 #include "play/MIDIUtility.h"
 #include "play/MeasureClock.h"
+#include "play/RepetitionRoute.h"
 
 namespace corvane {
 
 // Repeats are decided measure by measure: each end-repeat is taken once, and on the second pass measures
-// under an ending whose text holds the digit 1 are left out.
+// under an ending whose text holds the digit 1 are left out. Repetition texts turn the order where the route
+// knows of any.
 class PlayOrder {
 public:
-    void Begin(const Measure* start, const Measure* repeatStart) {
+    void Begin(const Measure* start, const Measure* repeatStart, const RepetitionRoute& route = {}) {
         _at = start;
         _repeatStart = repeatStart;
         _repeatPass = 0;
+        _route = route;
     }
     // To a measure without regard to repeats.
     void MoveTo(const Measure* measure) { _at = measure; }
 
-    // The measure to play behind the present one; null at the end. `jumped` tells of a jump back, when the
-    // tempo at the goal is to be applied.
+    // The measure to play behind the present one; null at the end. `jumped` tells of a jump, when the tempo
+    // at the goal is to be applied.
     const Measure* Next(bool& jumped);
     // A measure that begins a repeated section becomes the goal of the next end-repeat.
     void NoteStartRepeat(const Measure* measure);
 
 private:
+    const Measure* NextPastFirstEndings() const;
     const Measure* NextInRepeat();
     void Forget() {
         _repeatStart = nullptr;
@@ -37,6 +41,7 @@ private:
     const Measure* _at = nullptr;
     const Measure* _repeatStart = nullptr;
     int _repeatPass = 0;  // 1 on the repeat
+    RepetitionRoute _route;
 };
 
 // The nearest measure with a start-repeat, from this one backward; null if there is none.

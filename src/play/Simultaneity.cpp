@@ -1,6 +1,7 @@
 #include "play/Simultaneity.h"
 
 #include "play/MIDIUtility.h"
+#include "play/MeasureClock.h"
 
 namespace corvane {
 namespace {
@@ -15,13 +16,15 @@ bool Simultaneity::Holds(const Measure* m1, const TimeElement* e1, const Measure
     CORVANE_ASSERT_AS(p1.beat, "beat1");
     CORVANE_ASSERT_AS(p2.beat, "beat2");
     if (m1->_number == m2->_number) {
-        if (p2.beat > m2->_num && !As<TimeOff>(e2)) _overrun = true;
-        if (p2.beat > m2->_num && _overrun) return true;
+        const bool beyond = p2.beat > PlayedMeterOf(m2).num;
+        if (beyond && !As<TimeOff>(e2)) _overrun = true;
+        if (beyond && _overrun) return true;
         return p1 == p2;
     }
     _overrun = false;
     if (m2->_number != m1->_number + 1 || p2 != TimePlace{1, 0}) return false;
-    return p1.beat > m1->_num || (p1.beat == m1->_num && p1.clock == kEndClock);
+    const int num = PlayedMeterOf(m1).num;
+    return p1.beat > num || (p1.beat == num && p1.clock == kEndClock);
 }
 
 }  // namespace corvane

@@ -21,13 +21,13 @@ ManualClock::ManualClock(int resolution, int unit, ClockDealer* out, ClockDealer
     : SoundClock(resolution, unit, out, in) {}
 
 void ManualClock::Start() {
-    _time = static_cast<int32_t>(_milliseconds / 4);
+    _time = static_cast<int32_t>(_milliseconds / kUnitMilliseconds);
     _armed = true;
 }
 
 bool ManualClock::Fire() {
     if (!_armed) return false;
-    _time = static_cast<int32_t>(_milliseconds++ / 4);
+    _time = static_cast<int32_t>(_milliseconds++ / kUnitMilliseconds);
     _armed = _outOn;
     if (_outOn && OutDealer()) OutDealer()->Tick(_time, _time);
     if (_inOn && InDealer()) InDealer()->Tick(_time, _time);
@@ -35,7 +35,7 @@ bool ManualClock::Fire() {
 }
 
 bool ManualClock::Advance() {
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < kUnitMilliseconds; ++i)
         if (!Fire()) return false;
     return true;
 }

@@ -13,6 +13,8 @@ namespace corvane {
 // off, an in side alone gets a single callback, and the chain ends by itself.
 class SoundClock {
 public:
+    static constexpr int kUnitMilliseconds = 4;
+
     // The present clock, null when there is none. Any thread; the caller sees to it that the clock outlives
     // its use.
     static SoundClock* Instance();

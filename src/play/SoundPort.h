@@ -19,6 +19,7 @@ class SoundPort {
 public:
     static constexpr int16_t kBuiltIn = -1;
     static constexpr int16_t kNone = -10;       // no port, no channel
+    static constexpr int kFullVolume = 127;
     static constexpr int16_t kMaxDevices = 64;  // outputs beyond these are not offered
 
     using Factory = std::function<std::unique_ptr<SoundPort>()>;

@@ -11,7 +11,6 @@
 namespace corvane {
 namespace {
 
-constexpr int kFullVolume = 127;
 
 }  // namespace
 
@@ -26,18 +25,19 @@ PlayFlags& ThePlayFlags() {
 
 bool IsPlaying() { return ThePlayFlags().clockRunning; }
 
-void TarnPlay::Init(const Document* document, SoundPort* port, int resolution, const ClickSettings& click,
-                    PlayListener* listener) {
+void TarnPlay::Init(const Document* document, SoundPort* port, const PlaySetup& setup) {
     _doc = document;
     _port = port;
-    _settings = click;
-    _listener = listener;
+    _settings = setup.click;
+    _limits = setup.limits;
+    _followsTexts = setup.followsTexts;
+    _listener = setup.listener;
     _hasSolo = LoadShared(document->_hasSolo);
     _currentEvent = nullptr;
     _events = _click = Lane();
-    _events.resolution = _click.resolution = resolution;
+    _events.resolution = _click.resolution = setup.resolution;
     SendPrograms();
-    if (click.on && click.port == SoundPort::kNone)
+    if (_settings.on && _settings.port == SoundPort::kNone)
         Notify(Severity::Message,
                "Select a port for the click using the Record Setup dialog in the MIDI menu");
 }
@@ -48,7 +48,7 @@ void TarnPlay::SendPrograms() {
             const int program = voice._program, channel = voice._channel;
             if (program < 1 || program > 128 || channel < 1 || channel > 16) continue;
             _port->SetInstrument(voice._port, channel, program);
-            _port->SetVolume(voice._port, channel, kFullVolume);
+            _port->SetVolume(voice._port, channel, SoundPort::kFullVolume);
         }
 }
 
@@ -62,9 +62,10 @@ bool TarnPlay::Start(int32_t time, const Measure* from) {
 
     const Tempo* tempo = TempoInForce(from);
     const Measure* repeatStart = StartRepeatBefore(from);
+    const RepetitionRoute route = _followsTexts ? RepetitionRoute(_doc) : RepetitionRoute();
     for (Lane* lane : {&_events, &_click}) {
         lane->Begin(time + kLeadTicks);
-        lane->order.Begin(from, repeatStart ? repeatStart : first);
+        lane->order.Begin(from, repeatStart ? repeatStart : first, route);
     }
     _now = time;
     _eventTime = time + kLeadTicks;

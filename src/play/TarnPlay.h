@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include "play/MeasureClock.h"
+#include "play/PlaySetup.h"
 #include "play/PlayWalk.h"
 #include "play/Simultaneity.h"
 
@@ -16,8 +17,7 @@ namespace corvane {
 
 class SoundPort;
 
-inline constexpr int kNormalResolution = 240;  // ticks of a quarter at 60
-inline constexpr int kLeadTicks = 120;         // from the press of play to the first beat
+inline constexpr int kLeadTicks = 120;  // from the press of play to the first beat
 
 // Ticks of a quarter for the tempo slider's place, 0 (ten times slower) to 200 (ten times faster).
 int ResolutionOfSlider(int place);
@@ -33,36 +33,13 @@ PlayFlags& ThePlayFlags();
 // A score plays in this program: no edit may run.
 bool IsPlaying();
 
-struct ClickSettings {
-    bool on = false;
-    int16_t port = -10;  // -10 for none
-    int channel = 10;
-    int barPitch = 76, barVolume = 127, barDuration = 6;  // durations in sixtieths of a second
-    int beatPitch = 77, beatVolume = 100, beatDuration = 6;
-    int countOffMeasures = 0;
-    bool muteAfterCountOff = false;
-};
-
-// Told on the clock's thread: may set atomics, nothing else.
-class PlayListener {
-public:
-    virtual ~PlayListener() = default;
-    virtual void Counter(const Measure*, int /*beat, from 1*/) {}
-    virtual void Elapsed(int32_t /*ticks since the count-off*/) {}
-    virtual void TempoChanged(const Measure*, int /*figure*/, int /*bpm*/) {}
-    virtual void MoveCursor(const Measure*, int /*beat, from 0*/) {}
-    virtual void NewBar() {}
-    virtual void Click(const Measure*, int /*beat, from 0*/, bool /*on*/) {}
-};
-
 class TarnPlay {
 public:
     // Whoever plays beside the program's own play, such as an export, has flags of its own.
     explicit TarnPlay(PlayFlags& flags = ThePlayFlags()) : _flags(flags) {}
 
-    // Sends programs and volumes. `listener` may be null; both must outlive the walker.
-    void Init(const Document* document, SoundPort* port, int resolution, const ClickSettings& click = {},
-              PlayListener* listener = nullptr);
+    // Sends programs and volumes. The port must outlive the walker.
+    void Init(const Document* document, SoundPort* port, const PlaySetup& setup = {});
     // From a measure on, null for the first; `time` is the clock's. False, with the play flag cleared, where
     // no element is to come and nothing is recorded.
     bool Start(int32_t time, const Measure* from = nullptr);
@@ -104,6 +81,7 @@ private:
     void ClickAction();
     void SendClick();
     void TellClick();
+    void HoldToLimits();
     int32_t NextClickTime();
     void LeaveClickMeasure();
     bool CountOffIsOver() const { return _countOffBeats < 1; }
@@ -113,6 +91,8 @@ private:
     SoundPort* _port = nullptr;
     PlayListener* _listener = nullptr;
     ClickSettings _settings;
+    RecordingLimits _limits;
+    bool _followsTexts = false;
     bool _hasSolo = false;
 
     Lane _events, _click;

@@ -1,5 +1,8 @@
+#include <utility>
+
 #include "base/Rounding.h"
 #include "model/Par.h"
+#include "play/InputRing.h"
 #include "play/SoundPort.h"
 #include "play/TarnPlay.h"
 
@@ -42,17 +45,20 @@ void TarnPlay::SetUpClick(const Measure* from) {
 void TarnPlay::SetUpCountOff(const Measure* from) {
     _countOffMeasures = _settings.on ? _settings.countOffMeasures : 0;
     _countOffBeats = _countOffTicks = 0;
+    if (_flags.recording) TheInputFlags().countOffTicks = 0;
     if (_countOffMeasures < 1 || _settings.port == SoundPort::kNone) {
         _countOffMeasures = 0;
         return;
     }
     const double num = _click.num, den = _click.den;
-    const double ownNum = from->_num, ownDen = from->_den;
+    const PlayedMeter own = PlayedMeterOf(from);
+    const double ownNum = own.num, ownDen = own.den;
     _countOffBeats = Truncate(num * _countOffMeasures + num - ownNum * (den / ownDen));
     const double q = _click.TicksOfBeat();
     _pickup.beat = _pickup.has ? q : 0;
     _countOffTicks = Truncate(_countOffBeats * q);
     _clickNextTime -= _countOffTicks;
+    if (_flags.recording) TheInputFlags().countOffTicks = _countOffTicks;
     if (ownNum / ownDen < 1 / den) _pickup.offset = Truncate(q * (1 / den - ownNum / ownDen) / (1 / den));
 }
 
@@ -61,9 +67,25 @@ void TarnPlay::ClickAction() {
         SendClick();
     else
         _flags.recording = false;
+    if (_flags.recording) HoldToLimits();
     if (_listener) _listener->Click(_click.measure, _clickBeatIndex, _clickOnNext);
     TellClick();
     _clickNextTime = NextClickTime();
+}
+
+// The keyboard is heard between the limits; behind the last beat the take is over.
+void TarnPlay::HoldToLimits() {
+    if (!CountOffIsOver() || !_clickOnNext || !_click.measure || _click.measure == _pickup.measure) return;
+    const auto place = [](const Measure* measure, int beat) {
+        return std::pair<int, int>(measure->_number, beat);
+    };
+    const auto here = place(_click.measure, _clickBeatIndex + 1);
+    if (_limits.last && here > place(_limits.last, _limits.lastBeat)) {
+        TheInputFlags().running = false;
+        _flags.recording = false;
+    } else if (!_limits.first || here >= place(_limits.first, _limits.firstBeat)) {
+        TheInputFlags().running = true;
+    }
 }
 
 void TarnPlay::SendClick() {

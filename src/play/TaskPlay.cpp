@@ -13,7 +13,7 @@ bool TaskPlay::Init(const Document* document, const ClockFactory& makeClock, con
     _play = std::make_unique<TarnPlay>();
     _dealer = std::make_unique<TarnClock>(*_play);
     _clock = makeClock(setup.resolution, 1, _dealer.get());
-    _play->Init(document, _port, setup.resolution, setup.click, setup.listener);
+    _play->Init(document, _port, setup);
     return true;
 }
 

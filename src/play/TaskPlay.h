@@ -27,21 +27,14 @@ public:
     using ClockFactory =
         std::function<std::unique_ptr<SoundClock>(int resolution, int unit, ClockDealer* out)>;
 
-    struct Setup {
-        int resolution = kNormalResolution;
-        ClickSettings click;
-        PlayListener* listener = nullptr;  // outlives the play
-    };
+    using Setup = PlaySetup;
 
     TaskPlay() = default;
     ~TaskPlay();
     TaskPlay(const TaskPlay&) = delete;
 
     // Nothing where a play is prepared already. False where there is no port.
-    bool Init(const Document* document, const ClockFactory& makeClock, const Setup& setup);
-    bool Init(const Document* document, const ClockFactory& makeClock) {
-        return Init(document, makeClock, Setup());
-    }
+    bool Init(const Document* document, const ClockFactory& makeClock, const Setup& setup = {});
     // From a measure on, null for the first. False, and all is taken down, where nothing is to be played.
     bool Start(const Measure* from = nullptr);
     // No callback and no sound any more; the devices are free.

@@ -96,8 +96,9 @@ Status Backups::Keep(const std::string& path) {
     Status status = _files.Read(original, bytes);
     if (!status && !Stands(original)) return Status::Ok();
     if (status) {
-        const auto written = _written.find(original);
-        if (written != _written.end() && written->second == SumOf(bytes)) return status;
+        const auto known = _known.find(original);
+        if (known != _known.end() && known->second.written && known->second.sum == SumOf(bytes))
+            return status;
         status = Copy(original, bytes);
     }
     if (status) return status;
@@ -105,8 +106,14 @@ Status Backups::Keep(const std::string& path) {
             "The former version of " + NameOf(path) + " could not be kept as a backup: " + status.message()};
 }
 
-void Backups::Wrote(const std::string& path, std::span<const uint8_t> bytes) {
-    _written[Whole(path)] = SumOf(bytes);
+void Backups::Know(const std::string& path, std::span<const uint8_t> bytes, bool written) {
+    _known[Whole(path)] = {SumOf(bytes), written};
+}
+
+bool Backups::IsForeign(const std::string& path) {
+    const auto known = _known.find(Whole(path));
+    std::vector<uint8_t> bytes;
+    return known != _known.end() && _files.Read(path, bytes) && known->second.sum != SumOf(bytes);
 }
 
 Status Backups::Copy(const std::string& original, std::span<const uint8_t> bytes) {

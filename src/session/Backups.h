@@ -30,8 +30,11 @@ public:
     // backup is the same. The oldest beyond the last five go. The failure says what was not kept; the file
     // itself is never touched.
     Status Keep(const std::string& path);
-    // What this session has written to `path`.
-    void Wrote(const std::string& path, std::span<const uint8_t> bytes);
+    // What this session has read from `path`, or written to it.
+    void Read(const std::string& path, std::span<const uint8_t> bytes) { Know(path, bytes, false); }
+    void Wrote(const std::string& path, std::span<const uint8_t> bytes) { Know(path, bytes, true); }
+    // Whether another program has changed the file since.
+    bool IsForeign(const std::string& path);
 
     // Newest first: the versions of one file, or of all files.
     std::vector<Backup> Of(const std::string& path);
@@ -40,6 +43,11 @@ public:
     bool Holds(const std::string& path) const;
 
 private:
+    struct Known {
+        uint64_t sum;
+        bool written;
+    };
+    void Know(const std::string& path, std::span<const uint8_t> bytes, bool written);
     Status Copy(const std::string& original, std::span<const uint8_t> bytes);
     Status TellOriginal(const std::string& key, const std::string& original);
     void Prune(const std::string& original, const std::string& newest);
@@ -48,7 +56,7 @@ private:
 
     FileLayer& _files;
     std::string _folder;
-    std::map<std::string, uint64_t> _written;  // the sum of what stands there, by whole path
+    std::map<std::string, Known> _known;  // what stood there last, by whole path
 };
 
 }  // namespace corvane

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "layout/GeometryDump.h"
 #include "layout/LayoutDump.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -12,8 +13,6 @@
 
 namespace corvane {
 namespace {
-
-constexpr int kMostStaffs = 16, kMostMeasures = 15, kMostSystems = 15;
 
 void Line(std::string& out, int depth, const std::string& text) {
     out.append(static_cast<size_t>(2 * depth), ' ').append(text).append("\n");
@@ -87,6 +86,11 @@ Status DumpLayoutOf(WindowTarn& window, std::string& out) {
     return Status::Ok();
 }
 
+Status DumpGeometryOf(WindowTarn& window, std::string& out) {
+    out += GeometryDump(window.CurrentPage());
+    return Status::Ok();
+}
+
 Status DumpNotesOf(WindowTarn& window, std::string& out) {
     out += DumpNotes(window.GetDocument());
     return Status::Ok();
@@ -95,35 +99,18 @@ Status DumpNotesOf(WindowTarn& window, std::string& out) {
 constexpr struct {
     const char* name;
     Status (*dump)(WindowTarn&, std::string&);
-} kDumps[] = {{"layout", DumpLayoutOf}, {"tree", DumpTree}, {"notes", DumpNotesOf}, {"objects", DumpObjects}};
-
-int StaffCount(std::string_view staffs) {
-    int count = 0;
-    for (const char letter : staffs)
-        count += letter == 'D' ? 2 : letter == 'S' || letter == 'B' || letter == 'E' || letter == 'C';
-    return count;
-}
+} kDumps[] = {{"layout", DumpLayoutOf},
+              {"geometry", DumpGeometryOf},
+              {"tree", DumpTree},
+              {"notes", DumpNotesOf},
+              {"objects", DumpObjects}};
 
 }  // namespace
 
 Status DumpScore(WindowTarn& window, std::string_view what, std::string& out) {
     for (const auto& dump : kDumps)
         if (what == dump.name) return dump.dump(window, out);
-    return {Fault::Refused, "dump wants layout, tree, notes or objects"};
-}
-
-Status CheckNewScore(const PageLayout& layout, std::string_view staffs) {
-    if (layout.measuresPerSystem < 1)
-        return {Fault::Refused, "The number of measures must be higher than 0!"};
-    if (layout.systemsPerPage < 1) return {Fault::Refused, "The number of systems must be higher than 0!"};
-    if (layout.measuresPerSystem > kMostMeasures || layout.systemsPerPage > kMostSystems)
-        return {Fault::Refused, "A new score takes at most 15 measures to a system and 15 systems to a page"};
-    if (StaffCount(staffs) > kMostStaffs)
-        return {Fault::Refused, "It is impossible to insert more than 16 staves!"};
-    const bool known = std::all_of(staffs.begin(), staffs.end(), [](char letter) {
-        return std::string_view("SDCBE0123456789").find(letter) != std::string_view::npos;
-    });
-    return known ? Status::Ok() : Status{Fault::Refused, "Staves are the letters S, D, C, B and E"};
+    return {Fault::Refused, "dump wants layout, geometry, tree, notes or objects"};
 }
 
 }  // namespace corvane

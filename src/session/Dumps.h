@@ -6,14 +6,10 @@
 
 #include "base/Status.h"
 #include "edit/WindowTarn.h"
-#include "layout/ScoreBuilder.h"
 
 namespace corvane {
 
-// Appends the lines of `what`: layout (of the current page), tree, notes or objects.
+// Appends the lines of `what`: layout and geometry (of the current page), tree, notes or objects.
 Status DumpScore(WindowTarn& window, std::string_view what, std::string& out);
-
-// Whether a score of that layout can be made: Refused with the sentence otherwise.
-Status CheckNewScore(const PageLayout& layout, std::string_view staffs);
 
 }  // namespace corvane

@@ -9,6 +9,7 @@
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "session/Dumps.h"
+#include "session/NewScoreRules.h"
 #include "session/Session.h"
 
 namespace corvane {
@@ -86,8 +87,7 @@ struct ScriptSteps {
     WindowTarn* Window() const { return WindowTarn::instance; }
 
     Status New(const Words& words) {
-        PageLayout layout{session.Preferences().words[SessionPreferences::kMeasuresPerSystem],
-                          session.Preferences().words[SessionPreferences::kSystemsPerPage]};
+        PageLayout layout = session.UsualLayout();
         const std::string staffs = words.size() > 1 ? words[1] : session.Preferences().staffString;
         if (words.size() > 2)
             if (Status status = TakeNumbers(words, 2, {&layout.measuresPerSystem}); !status) return status;
@@ -112,7 +112,7 @@ struct ScriptSteps {
         if (words.size() < 2) return Refused("export wants a path");
         if (words.size() > 2)
             if (Status status = TakeNumbers(words, 2, {&page}); !status) return status;
-        return exporter(*Window(), words[1], page, 100);
+        return exporter(*Window(), words[1], page, GraphicPort::kTrueSizeZoom);
     }
     Status Tool(const Words& words) {
         constexpr struct {
@@ -161,6 +161,20 @@ struct ScriptSteps {
         MouseUp(*Window(), toX, toY);
         return Status::Ok();
     }
+    Status DoubleClick(const Words& words) {
+        int x = 0, y = 0;
+        if (Status status = TakeNumbers(words, 1, {&x, &y}); !status) return status;
+        MouseDoubleClick(*Window(), x, y, 0);
+        MouseUp(*Window(), x, y);
+        return Status::Ok();
+    }
+    // Types into what a press of a text item, or a double click, has begun.
+    Status Text(const Words& words) {
+        if (words.size() != 2) return Refused("text wants one text, in quotation marks where it has blanks");
+        std::string text = words[1];
+        for (size_t at; (at = text.find("\\n")) != std::string::npos;) text.replace(at, 2, "\n");
+        return TypeText(*Window(), text);
+    }
     Status Key(const Words& words) {
         if (words.size() != 2) return Refused("key wants characters");
         for (const char c : words[1]) KeyChar(*Window(), c);
@@ -205,12 +219,15 @@ constexpr struct {
     Status (ScriptSteps::*run)(const Words&);
     bool needsScore = true;
 } kSteps[] = {
-    {"new", &ScriptSteps::New, false},   {"open", &ScriptSteps::Open, false}, {"save", &ScriptSteps::Save},
-    {"export", &ScriptSteps::Export},    {"tool", &ScriptSteps::Tool, false}, {"item", &ScriptSteps::Item, false},
-    {"voice", &ScriptSteps::Voice, false}, {"press", &ScriptSteps::Press},    {"drag", &ScriptSteps::Drag},
-    {"key", &ScriptSteps::Key},
-    {"command", &ScriptSteps::Command},  {"undo", &ScriptSteps::Undo},        {"redo", &ScriptSteps::Redo},
-    {"page", &ScriptSteps::Page},        {"dump", &ScriptSteps::Dump},
+    {"new", &ScriptSteps::New, false},     {"open", &ScriptSteps::Open, false},
+    {"save", &ScriptSteps::Save},          {"export", &ScriptSteps::Export},
+    {"tool", &ScriptSteps::Tool, false},   {"item", &ScriptSteps::Item, false},
+    {"voice", &ScriptSteps::Voice, false}, {"press", &ScriptSteps::Press},
+    {"drag", &ScriptSteps::Drag},          {"doubleclick", &ScriptSteps::DoubleClick},
+    {"text", &ScriptSteps::Text},          {"key", &ScriptSteps::Key},
+    {"command", &ScriptSteps::Command},    {"undo", &ScriptSteps::Undo},
+    {"redo", &ScriptSteps::Redo},          {"page", &ScriptSteps::Page},
+    {"dump", &ScriptSteps::Dump},
 };
 
 }  // namespace

@@ -4,6 +4,8 @@
 
 #include "base/Notify.h"
 #include "interchange/ImportMidi.h"
+#include "layout/ListaEventi.h"
+#include "layout/PageFit.h"
 #include "layout/PageLayout.h"
 #include "model/ClassTable.h"
 #include "model/Preferences.h"
@@ -28,12 +30,9 @@ std::string FileName(const std::string& path) {
 
 std::string RecentName(int index) { return "File" + std::to_string(index + 1); }
 
-// What the file's page setup says becomes the process's.
-void TakePageSize(const Document* document) {
-    const auto* page = Preferences<PagePref>(document);
-    if (!page) return;
-    Document::pageHeight = page->_pageHeight;
-    Document::pageWidth = page->_pageWidth;
+std::string ForeignMessage(const std::string& path) {
+    return "Another program had changed " + FileName(path) +
+           " in the meantime. What it had written is kept as a backup.";
 }
 
 }  // namespace
@@ -56,7 +55,8 @@ Session::Session(const SessionParts& parts) : _parts(parts), _preferences(Defaul
     if (!_parts.settings) return;
     if (const Status status = ReadSessionPreferences(*_parts.settings, _preferences); !status)
         Notify(Severity::Message, status.message());
-    preferredPairDistance = _preferences.words[SessionPreferences::kPairDistance];
+    preferredPairDistance = GetWord(_preferences, SessionWord::PairDistance);
+    spacingTable.widths = _preferences.spacing;
 }
 
 Session::~Session() {
@@ -76,10 +76,11 @@ WindowTarn* Session::Join(std::unique_ptr<WindowTarn> window) {
     return _windows.back().get();
 }
 
-WindowTarn* Session::NewScore() {
-    const PageLayout layout{_preferences.words[SessionPreferences::kMeasuresPerSystem],
-                            _preferences.words[SessionPreferences::kSystemsPerPage]};
-    return NewScore(layout, _preferences.staffString);
+WindowTarn* Session::NewScore() { return NewScore(UsualLayout(), _preferences.staffString); }
+
+PageLayout Session::UsualLayout() const {
+    return {GetWord(_preferences, SessionWord::MeasuresPerSystem),
+            GetWord(_preferences, SessionWord::SystemsPerPage)};
 }
 
 WindowTarn* Session::NewScore(const PageLayout& layout, const std::string& staffs) {
@@ -108,7 +109,7 @@ WindowTarn* Session::OpenBy(const Load& load, Status& status, std::vector<std::s
         return nullptr;
     }
     auto* document = static_cast<Document*>(window->Pool()->DocumentObject());
-    TakePageSize(document);
+    RefreshPreferences(document);
     MeasureDirtySymbols(document);
     window->Bind(document);
     window->Pool()->SetModified(!report.healed.empty());
@@ -127,6 +128,7 @@ WindowTarn* Session::Open(const std::string& path, Status& status, std::vector<s
     if (!window) return nullptr;
     const bool readOnly = (_backups && _backups->Holds(path)) || !_parts.files->CheckWritable(path).ok();
     window->SetIdentity(FileName(path), path, readOnly, false);
+    if (_backups) _backups->Read(path, bytes);
     Remember(path);
     return window;
 }
@@ -152,6 +154,7 @@ Status Session::Save(WindowTarn& window, const std::string& path) {
     if (_backups && _backups->Holds(path)) return {Fault::ReadOnly, kFileReadOnly};
     std::vector<uint8_t> bytes;
     if (Status status = EncodeScore(*window.Pool(), bytes); !status) return status;
+    const bool foreign = _backups && path == window.Path() && _backups->IsForeign(path);
     const Status kept = _backups ? _backups->Keep(path) : Status::Ok();
     const Status saved = ReplaceFile(*_parts.files, path, bytes);
     if (!kept) Notify(Severity::Message, kept.message());
@@ -160,6 +163,7 @@ Status Session::Save(WindowTarn& window, const std::string& path) {
     window.Pool()->SetModified(false);
     window.SetIdentity(FileName(path), path, false, false);
     Remember(path);
+    if (foreign && kept) Notify(Severity::Message, ForeignMessage(path));
     return Status::Ok();
 }
 
@@ -219,6 +223,7 @@ WindowTarn* Session::OpenBackup(const Backup& backup, Status& status, std::vecto
 }
 
 Status Session::StorePreferences() {
+    _preferences.spacing = spacingTable.widths;
     return _parts.settings ? WriteSessionPreferences(*_parts.settings, _preferences) : Status::Ok();
 }
 

@@ -42,7 +42,8 @@ public:
 
     // A new score titled "Untitled" in a window of its own, which becomes active. Staffs: letters of a staff
     // string.
-    WindowTarn* NewScore();  // by the preferences
+    WindowTarn* NewScore();          // by the preferences
+    PageLayout UsualLayout() const;  // that of the preferences
     WindowTarn* NewScore(const PageLayout& layout, const std::string& staffs);
     // A window with the score of a file. Null with "File not found" or "Invalid file"; nothing else has
     // changed then. `healed` gets a line for each thing that was mended on the way in.

@@ -5,29 +5,37 @@
 #include <QMenuBar>
 
 #include "edit/CommandTable.h"
+#include "shell/FormDialog.h"
 #include "shell/MainFrame.h"
 #include "shell/MenuTable.h"
+#include "shell/Notices.h"
 
 namespace corvane {
 
 ActionSet::ActionSet(MainFrame& frame) : _frame(frame) {
-    const char* name = nullptr;
-    QMenu* menu = nullptr;
     for (const MenuRow& row : MenuRows()) {
-        if (row.menu != name) {
-            name = row.menu;
-            menu = frame.menuBar()->addMenu(name);
-        }
+        QMenu& menu = MenuOf(row.menu);
         if (row.id == 0)
-            menu->addSeparator();
+            menu.addSeparator();
         else if (row.fill)
-            AddSubmenu(*menu, row);
+            AddSubmenu(menu, row);
         else
-            Add(*menu, row);
+            Add(menu, row);
     }
 }
 
+QMenu& ActionSet::MenuOf(const QString& path) {
+    QMenu*& menu = _menus[path];
+    if (menu) return *menu;
+    const qsizetype slash = path.lastIndexOf('/');
+    menu =
+        slash < 0 ? _frame.menuBar()->addMenu(path) : MenuOf(path.left(slash)).addMenu(path.mid(slash + 1));
+    return *menu;
+}
+
 void ActionSet::Add(QMenu& menu, const MenuRow& row) {
+    if (const auto known = _actions.find(row.id); known != _actions.end())
+        return menu.addAction(known->second);  // an entry of two menus
     auto* action = new QAction(row.text, this);
     action->setShortcuts(QKeySequence::listFromString(row.keys));
     action->setCheckable(row.checked != nullptr);
@@ -50,11 +58,21 @@ void ActionSet::AddSubmenu(QMenu& menu, const MenuRow& row) {
 void ActionSet::Run(const MenuRow& row) {
     if (row.run) {
         row.run(_frame);
+    } else if (const CommandForm* form = FindForm(row.id)) {
+        Ask(*form);
     } else if (WindowTarn* window = _frame.CurrentScore()) {
         if (const Status status = RunCommand(*window, row.id); !status) _frame.Tell(status.message());
         if (row.checked) _frame.KeepSwitches();
     }
     _frame.RefreshActions();
+}
+
+void ActionSet::Ask(const CommandForm& form) {
+    WindowTarn* window = _frame.CurrentScore();
+    if (!window) return;
+    if (form.ofSelection && window->TheSelection().IsEmpty())
+        return ShowMessage(&_frame, "Select some notes first", "Drag a frame around them with the arrow.");
+    FormDialog(&_frame, *window, form).exec();
 }
 
 void ActionSet::Refresh() {

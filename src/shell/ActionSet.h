@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 #include <map>
 
 class QAction;
@@ -10,6 +11,7 @@ class QMenu;
 namespace corvane {
 
 class MainFrame;
+struct CommandForm;
 struct MenuRow;
 
 class ActionSet : public QObject {
@@ -21,11 +23,16 @@ public:
     void Refresh();
 
 private:
+    // The menu of a row, made on first use.
+    QMenu& MenuOf(const QString& path);
     void Add(QMenu& menu, const MenuRow& row);
     void AddSubmenu(QMenu& menu, const MenuRow& row);
     void Run(const MenuRow& row);
+    // Opens the dialog of a command.
+    void Ask(const CommandForm& form);
 
     MainFrame& _frame;
+    std::map<QString, QMenu*> _menus;  // by their paths
     std::map<int, QAction*> _actions;
 };
 

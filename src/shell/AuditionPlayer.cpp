@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-constexpr int kVelocity = 100, kFullVolume = 127;
+constexpr int kVelocity = 100;
 
 const VoiceRecord* VoiceRecordOf(const GenericNote* note) {
     const DocStaff* staff = DocStaffPar(note);
@@ -28,7 +28,7 @@ void Audition(const GenericNote* note, int milliseconds) {
     if (channel < 1 || channel > 16 || program > 128) return;
     if (program > 0) {
         port->SetInstrument(voice->_port, channel, program);
-        port->SetVolume(voice->_port, channel, kFullVolume);
+        port->SetVolume(voice->_port, channel, SoundPort::kFullVolume);
     }
     const int key = SoundingHeight(note) + voice->_transposition;
     port->SendNote(SoundPort::kBuiltIn, channel, key, kVelocity);

@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QDateTime>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QProgressDialog>
+#include <QUrl>
 #include <utility>
 
 #include "shell/ImportDialog.h"
@@ -20,31 +22,12 @@
 namespace corvane {
 namespace {
 
-constexpr const char* kOpenFilter = "Corvane Files (*.cvm *.cvn *.cvi *.sp3 *.trn);;All Files (*)";
-constexpr const char* kDefaultExtension = "cvm";
-constexpr const char* kKeptExtensions[] = {"cvn", "cvm", "cvi", "sp3"};
-
-struct ExportKind {
-    const char* filter;
-    const char* extension;
-    bool onePage;
-};
-constexpr ExportKind kExportKinds[] = {
-    {"PDF Document (*.pdf)", "pdf", false},
-    {"SVG Picture of this Page (*.svg)", "svg", true},
-    {"PNG Picture of this Page (*.png)", "png", true},
-    {"Sound (*.wav)", "wav", false},
-    {"MIDI File (*.mid)", "mid", false},
-};
-
 QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 
-// That of the path where it is kept under a new name, else the default.
-std::string SavedExtension(const std::string& path) {
-    const std::string extension = ExtensionOf(path);
-    for (const char* kept : kKeptExtensions)
-        if (extension == kept) return extension;
-    return kDefaultExtension;
+QString OpenFilter() {
+    QString patterns;
+    for (const char* extension : ScoreExtensions()) patterns += QString(" *.") + extension;
+    return "Corvane Files (" + patterns.trimmed() + " *.html *.htm);;All Files (*)";
 }
 
 QString WithExtension(const QString& path, const char* extension) {
@@ -92,12 +75,10 @@ QString FileActions::FolderOf(const WindowTarn* window) const {
 }
 
 void FileActions::New() {
-    const SessionPreferences& preferences = _frame.TheSession().Preferences();
-    const PageLayout usual{preferences.words[SessionPreferences::kMeasuresPerSystem],
-                           preferences.words[SessionPreferences::kSystemsPerPage]};
-    NewScoreDialog dialog(&_frame, usual, preferences.staffString);
+    Session& session = _frame.TheSession();
+    NewScoreDialog dialog(&_frame, session.UsualLayout(), session.Preferences().staffString);
     if (dialog.exec() != QDialog::Accepted) return;
-    _frame.ShowScore(*_frame.TheSession().NewScore(dialog.Layout(), dialog.Staffs()));
+    _frame.ShowScore(*session.NewScore(dialog.Layout(), dialog.Staffs()));
 }
 
 void FileActions::NewDefault() {
@@ -115,8 +96,14 @@ void FileActions::DropBlank() {
 
 void FileActions::Open() {
     const QStringList paths =
-        QFileDialog::getOpenFileNames(&_frame, "Open", FolderOf(_frame.Tabs().CurrentWindow()), kOpenFilter);
-    for (const QString& path : paths) OpenPath(path.toStdString());
+        QFileDialog::getOpenFileNames(&_frame, "Open", FolderOf(_frame.Tabs().CurrentWindow()), OpenFilter());
+    for (const QString& path : paths) {
+        const QString kind = QFileInfo(path).suffix().toLower();
+        if (kind == "html" || kind == "htm")
+            QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+        else
+            OpenPath(path.toStdString());
+    }
 }
 
 bool FileActions::OpenPath(const std::string& path) {
@@ -213,23 +200,24 @@ bool FileActions::SaveAs(WindowTarn& window) {
 
 void FileActions::Export(WindowTarn& window) {
     QStringList filters;
-    for (const ExportKind& kind : kExportKinds) filters.append(kind.filter);
+    const std::span<const ExportKind> kinds = ExportKinds();
+    for (const ExportKind& kind : kinds) filters.append(QString("%1 (*.%2)").arg(kind.name, kind.extension));
     QFileDialog dialog(&_frame, "Export", FolderOf(&window));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(filters);
-    dialog.setDefaultSuffix(kExportKinds[0].extension);
+    dialog.setDefaultSuffix(kinds[0].extension);
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
-        const ExportKind& kind = kExportKinds[std::max<qsizetype>(0, filters.indexOf(filter))];
+        const ExportKind& kind = kinds[static_cast<size_t>(std::max<qsizetype>(0, filters.indexOf(filter)))];
         dialog.setDefaultSuffix(kind.extension);
         const QString chosen = dialog.selectedFiles().value(0);
         if (!chosen.isEmpty() && !QFileInfo(chosen).isDir())
             dialog.selectFile(WithExtension(chosen, kind.extension));
     });
-    dialog.selectFile(WithExtension(ToQt(window.Title()), kExportKinds[0].extension));
+    dialog.selectFile(WithExtension(ToQt(window.Title()), kinds[0].extension));
     if (dialog.exec() != QDialog::Accepted) return;
     const std::string path = dialog.selectedFiles().value(0).toStdString();
     int page = 0;
-    for (const ExportKind& kind : kExportKinds)
+    for (const ExportKind& kind : kinds)
         if (kind.onePage && ExtensionOf(path) == kind.extension) page = window.CurrentPage()->_pageNumber;
     ExportTo(window, path, page);
 }
@@ -238,7 +226,7 @@ void FileActions::ExportTo(WindowTarn& window, const std::string& path, int page
     Status status;
     {
         const BusyCursor busy;
-        status = ExportScore(window, path, page, kTrueSizeZoom);
+        status = ExportScore(window, path, page, GraphicPort::kTrueSizeZoom);
     }
     if (!status)
         ShowMessage(&_frame, status.message());

@@ -10,11 +10,12 @@
 namespace corvane {
 namespace {
 
-constexpr int kWholeRest = 4, kHalfNote = 5, kHalfRest = 6, kDotItem = 20, kAccidentalItem = 23;
+constexpr int kWholeRest = 4, kHalfNote = 5, kHalfRest = 6, kTieItem = 19, kDotItem = 20,
+              kAccidentalItem = 23;
 constexpr int32_t kStemLength = 330, kShelfOverhang = 45, kDotDistance = 55;
 
-bool IsNote(const PaletteItem& item) { return item.item < kDotItem && item.item % 2 == 1; }
-bool IsRest(const PaletteItem& item) { return item.item < kDotItem && item.item % 2 == 0; }
+bool IsNote(const PaletteItem& item) { return item.item < kTieItem && item.item % 2 == 1; }
+bool IsRest(const PaletteItem& item) { return item.item < kTieItem && item.item % 2 == 0; }
 
 // 0 for longer ones.
 int FlagValue(const PaletteItem& item) { return item.item < 9 ? 0 : 8 << (item.item - 9) / 2; }

@@ -10,7 +10,9 @@
 #include "edit/WindowTarn.h"
 #include "shell/ActionSet.h"
 #include "shell/AuditionPlayer.h"
+#include "shell/MixerDock.h"
 #include "shell/PaletteDock.h"
+#include "shell/PlayDock.h"
 #include "shell/ScoreTabs.h"
 #include "shell/ScoreView.h"
 #include "shell/StatusLine.h"
@@ -47,7 +49,7 @@ MainFrame::MainFrame(SessionParts parts, SettingsStore& settings)
       _notices(*this, [this](std::string_view text) { Tell(text); }),
       _session(WithShell(std::move(parts), *this)),
       _files(*this),
-      _player([this] { RefreshActions(); }),
+      _player(*this),
       _tabs(new ScoreTabs) {
     TakeSwitches();
     setWindowIcon(ToolIcon(ToolPicture::Program));
@@ -62,6 +64,13 @@ MainFrame::MainFrame(SessionParts parts, SettingsStore& settings)
     addToolBar(_toolStrip);
     _status = new StatusLine;
     setStatusBar(_status);
+    _playPalette = new PlayDock(*this);
+    addDockWidget(Qt::BottomDockWidgetArea, _playPalette);
+    _mixer = new MixerDock(*this);
+    addDockWidget(Qt::BottomDockWidgetArea, _mixer);
+    splitDockWidget(_playPalette, _mixer, Qt::Vertical);
+    for (QDockWidget* dock : {static_cast<QDockWidget*>(_playPalette), static_cast<QDockWidget*>(_mixer)})
+        connect(dock, &QDockWidget::visibilityChanged, this, [this] { RefreshActions(); });
     connect(_palette, &QDockWidget::visibilityChanged, this, [this] { RefreshActions(); });
     connect(_toolStrip, &QToolBar::visibilityChanged, this, [this] { RefreshActions(); });
     BeginAuditions();
@@ -72,7 +81,7 @@ MainFrame::MainFrame(SessionParts parts, SettingsStore& settings)
 MainFrame::~MainFrame() {
     EndAuditions();
     _safety.stop();
-    for (QObject* part : std::initializer_list<QObject*>{_palette, _toolStrip, _tabs}) part->disconnect(this);
+    for (QObject* part : std::initializer_list<QObject*>{_palette, _playPalette, _mixer, _toolStrip, _tabs}) part->disconnect(this);
     delete _tabs;  // the views before the scores that they show
 }
 
@@ -190,6 +199,10 @@ void MainFrame::ToolChanged() {
     if (ScoreView* view = CurrentView()) view->ToolChanged();
 }
 
+void MainFrame::TextEntryChanged(WindowTarn& window) {
+    if (ScoreView* view = _tabs->ViewOf(window)) view->TextEntryChanged();
+}
+
 void MainFrame::StateChanged(WindowTarn& window) {
     _tabs->ShowTitle(window);
     if (&window == CurrentScore()) RefreshActions();
@@ -207,6 +220,8 @@ void MainFrame::RefreshActions() {
     _actions->Refresh();
     _toolStrip->Refresh();
     _palette->setEnabled(CurrentScore() && !IsPlaying());
+    _playPalette->Refresh();
+    _mixer->Refresh();
 }
 
 void MainFrame::ShowWindowTitle() {

@@ -16,7 +16,9 @@
 namespace corvane {
 
 class ActionSet;
+class MixerDock;
 class PaletteDock;
+class PlayDock;
 class ScoreTabs;
 class ScoreView;
 class StatusLine;
@@ -38,6 +40,8 @@ public:
     PlayControl& Player() { return _player; }
     ScoreTabs& Tabs() { return *_tabs; }
     PaletteDock& NotePalette() { return *_palette; }
+    PlayDock& PlayPalette() { return *_playPalette; }
+    MixerDock& Mixer() { return *_mixer; }
     ToolStrip& Toolbar() { return *_toolStrip; }
     ActionSet& Actions() { return *_actions; }
     WindowTarn* CurrentScore();  // null for none
@@ -60,6 +64,7 @@ public:
     void ScrollTo(WindowTarn& window, const Rect& units) override;
     void ToolChanged() override;
     void StateChanged(WindowTarn& window) override;
+    void TextEntryChanged(WindowTarn& window) override;
     void Tell(std::string_view text) override;
     void PlayToggled(WindowTarn& window) override;
 
@@ -90,6 +95,8 @@ private:
     std::unique_ptr<ActionSet> _actions;
     ToolStrip* _toolStrip = nullptr;
     StatusLine* _status = nullptr;
+    PlayDock* _playPalette = nullptr;
+    MixerDock* _mixer = nullptr;
 };
 
 }  // namespace corvane

@@ -10,7 +10,10 @@
 #include "edit/WindowTarn.h"
 #include "shell/AboutBox.h"
 #include "shell/MainFrame.h"
+#include "shell/MixerDock.h"
 #include "shell/PaletteDock.h"
+#include "shell/PlayDock.h"
+#include "shell/RecordSetup.h"
 #include "shell/ScoreView.h"
 #include "shell/ToolStrip.h"
 
@@ -105,7 +108,8 @@ bool IsSwitchOn(MainFrame&) {
 using S = EditSwitches;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
 constexpr int kOpenBackupId = 40001;
-constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kNotes = "&Notes",
+constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kScore = "&Score",
+                     *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove", *kNotes = "&Notes",
                      *kTools = "&Tools", *kMidi = "&MIDI", *kHelp = "&Help";
 
 // clang-format off
@@ -127,8 +131,18 @@ const MenuRow kRows[] = {
 
     {kEdit, kUndoId, "&Undo", "Ctrl+Z", {}, {}, {}, {}, ToolPicture::Undo},
     {kEdit, kRedoId, "&Redo", "Ctrl+Shift+Z", {}, {}, {}, {}, ToolPicture::Redo},
+    {kEdit, 0},
+    {kEdit, 57635, "Cu&t", "Ctrl+X"},
+    {kEdit, 57634, "&Copy", "Ctrl+C"},
+    {kEdit, 57637, "&Paste", "Ctrl+V"},
+    {kEdit, 32774, "C&lear", "Del"},
+    {kEdit, 0},
+    {kEdit, 57642, "Select &All", "Ctrl+Shift+A"},
+    {kEdit, 57641, "Select &Nothing", "Esc"},
 
     {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
+    {kView, 32859, "&Accompany", "", TogglePart<PlayDock, &MainFrame::PlayPalette>, {}, IsPartShown<PlayDock, &MainFrame::PlayPalette>},
+    {kView, 33050, "&Mixer", "", TogglePart<MixerDock, &MainFrame::Mixer>, HasScore, IsPartShown<MixerDock, &MainFrame::Mixer>},
     {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},
     {kView, 33129, "Voice &Coloring", "", ToggleColours, {}, IsColouring},
     {kView, 0},
@@ -145,15 +159,47 @@ const MenuRow kRows[] = {
     {kView, kZoomInId, "Zoom &in", "Ctrl++; Ctrl+=", [](MainFrame& f) { f.CurrentView()->StepZoom(1); }, HasScore, {}, {}, ToolPicture::ZoomIn},
     {kView, kZoomOutId, "Zoom o&ut", "Ctrl+-", [](MainFrame& f) { f.CurrentView()->StepZoom(-1); }, HasScore, {}, {}, ToolPicture::ZoomOut},
 
+    {kScoreAdd, 32790, "&Pages..."},
+    {kScoreAdd, 32791, "&Measures..."},
+    {kScoreAdd, 32792, "&Staves..."},
+    {kScoreRemove, 32793, "&Pages..."},
+    {kScoreRemove, 32794, "&Measures..."},
+    {kScoreRemove, 32795, "&Staves..."},
+    {kScore, 0},
+    {kScore, 32779, "&Time Signature..."},
+    {kScore, 32781, "&Key Signature..."},
+    {kScore, 32778, "T&empo..."},
+    {kScore, 32783, "&Barlines..."},
+    {kScore, 32796, "E&ndings..."},
+    {kScore, 32797, "&Coda Phrases..."},
+    {kScore, 0},
+    {kScore, 32780, "Set &Velocity..."},
+    {kScore, 0},
+    {kScore, 32788, "&Measures per System...", "Q"},
+    {kScore, 32789, "Systems per &Page...", "W"},
+    {kScore, 32800, "Autocenter &Systems"},
+    {kScore, 32801, "Aut&ocenter Staves"},
+
+    {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
+    {kNotes, 0},
+    {kNotes, 32819, "Trans&pose..."},
+    {kNotes, 32817, "Change &Durations..."},
+    {kNotes, 33036, "&Enharmonic", "Ctrl+E"},
+    {kNotes, 0},
+    {kNotes, 32815, "&Up", "Ctrl+U"},
+    {kNotes, 32816, "Do&wn", "Ctrl+D"},
+    {kNotes, 0},
     {kNotes, 32808, "Auto &Beaming", "", {}, {}, IsSwitchOn<&S::autoBeam>},
     {kNotes, 32809, "Auto &Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
-    {kNotes, 33153, "&Delete Notes To Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
+    {kNotes, 33153, "Delete Notes To &Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
 
     {kTools, 33044, "&Go to Page...", "Ctrl+Shift+G", AskPage, HasScore},
 
+    {kMidi, 33050, "&Mixer", "", TogglePart<MixerDock, &MainFrame::Mixer>, HasScore, IsPartShown<MixerDock, &MainFrame::Mixer>},
     {kMidi, kPlayId, "&Play\tSpace", "", Play, IsQuietWithScore, {}, {}, ToolPicture::Play},
     {kMidi, kStopId, "&Stop\tSpace", "", [](MainFrame& f) { f.Player().Stop(); }, Plays, {}, {}, ToolPicture::Stop},
     {kMidi, 33118, "P&anic", "Ctrl+F", [](MainFrame& f) { f.Player().Panic(); }},
+    {kMidi, 33053, "Accompany - &Record Setup", "", [](MainFrame& f) { RecordSetup(f).exec(); }, IsQuiet},
     {kMidi, 0},
     {kMidi, 33130, "Playback &notes", "", {}, {}, IsSwitchOn<&S::playbackNotes>},
 

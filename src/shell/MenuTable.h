@@ -13,7 +13,7 @@ namespace corvane {
 class MainFrame;
 
 struct MenuRow {
-    const char* menu;  // with its mnemonic; a row of another menu than the one before begins that menu
+    const char* menu;  // with its mnemonic; "&Score/&Add" is a menu within another
     int id;            // 0 for a separator
     const char* text = "";
     const char* keys = "";  // shortcuts, parted by "; "

@@ -10,15 +10,14 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
-#include <algorithm>
 
-#include "session/Dumps.h"
+#include "session/NewScoreRules.h"
 #include "shell/Notices.h"
 
 namespace corvane {
 namespace {
 
-constexpr int kUsualMost = 15, kMostAsked = 99;
+constexpr int kUsualMost = 15;  // a person who asks for more is asked again
 
 struct StaffChoice {
     const char* letters;
@@ -51,7 +50,7 @@ QStringList EntriesOf(const std::string& staffs) {
 
 QSpinBox* MakeNumber(int value) {
     auto* box = new QSpinBox;
-    box->setRange(0, kMostAsked);
+    box->setRange(0, kMostInNewScore);
     box->setValue(value);
     return box;
 }
@@ -139,8 +138,7 @@ void NewScoreDialog::accept() {
         return;
     if (_systems->value() > kUsualMost && !isSure("Are you sure you want to insert more than 15 systems?"))
         return;
-    const PageLayout usual{std::min(_measures->value(), kUsualMost), std::min(_systems->value(), kUsualMost)};
-    if (const Status status = CheckNewScore(usual, Staffs()); !status)
+    if (const Status status = CheckNewScore(Layout(), Staffs()); !status)
         return ShowMessage(this, status.message());
     QDialog::accept();
 }

@@ -52,7 +52,10 @@ void ShowMessage(QWidget* parent, std::string_view text, std::string_view about)
     QMessageBox box(QMessageBox::Warning, kTitle, ToQt(text), QMessageBox::Ok, parent);
     box.setInformativeText(ToQt(about));
     box.setStyleSheet("QLabel#qt_msgbox_informativelabel { min-width: 320px; }");
+    const bool busy = QApplication::overrideCursor();
+    if (busy) QApplication::setOverrideCursor(Qt::ArrowCursor);
     box.exec();
+    if (busy) QApplication::restoreOverrideCursor();
 }
 
 Notices::Notices(QWidget& frame, std::function<void(std::string_view)> tell) {

@@ -5,13 +5,12 @@
 #include <QToolButton>
 
 #include "edit/PaletteTable.h"
+#include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "shell/GlyphButton.h"
 
 namespace corvane {
 namespace {
-
-constexpr int kGroup = 1;
 
 // Rows of items: notes beside their rests, then dots, then accidentals.
 constexpr int kRows[][4] = {
@@ -19,27 +18,9 @@ constexpr int kRows[][4] = {
     {20, 21, 22, 0}, {23, 24, 26, 25}, {27, 29, 30, 31}, {32, 33, 34, 0},
 };
 
-// The keys that take an item to hand.
-constexpr struct {
-    int item;
-    const char* key;
-} kKeys[] = {{3, "1"},  {5, "2"},  {7, "3"},  {9, "4"},  {11, "5"}, {13, "6"},
-             {15, "7"}, {17, "8"}, {20, "D"}, {23, "S"}, {24, "F"}, {26, "N"}};
-
 QString TipOf(const PaletteItem& item) {
-    QString tip = item.name;
-    for (const auto& key : kKeys)
-        if (key.item == item.item) tip += QString(" (%1)").arg(key.key);
-    return tip;
-}
-
-void Choose(int item) {
-    if (Tools().toolMode != ModePencil) {
-        SetToolMode(ModePencil);
-        ApplyToolMode();
-    }
-    SetPaletteGroup(kGroup);
-    SetItem(static_cast<uint16_t>(item));
+    const char key = KeyOfNoteItem(item.item);
+    return key ? QString("%1 (%2)").arg(item.name, QChar(key)) : QString(item.name);
 }
 
 QToolButton* MakeSwitch(const char* name, const char* text, const char* tip, void (*toggle)()) {
@@ -76,13 +57,13 @@ QWidget* PaletteDock::MakeItems() {
     int row = 0;
     for (const auto& numbers : kRows) {
         for (int column = 0; column < 4; ++column) {
-            const PaletteItem* item = FindPaletteItem(kGroup, numbers[column]);
+            const PaletteItem* item = FindPaletteItem(kNoteGroup, numbers[column]);
             if (!item) continue;
             auto* button = new GlyphButton(WholePicture(*item));
-            button->setObjectName(QString("item %1 %2").arg(kGroup).arg(item->item));
+            button->setObjectName(QString("item %1 %2").arg(kNoteGroup).arg(item->item));
             button->setToolTip(TipOf(*item));
             button->setAccessibleName(item->name);
-            connect(button, &QToolButton::clicked, this, [number = numbers[column]] { Choose(number); });
+            connect(button, &QToolButton::clicked, this, [number = item->item] { TakeNoteItem(number); });
             grid->addWidget(button, row, column);
             _items[item->item] = button;
         }
@@ -105,7 +86,7 @@ QWidget* PaletteDock::MakeSwitches() {
 
 void PaletteDock::ToolChanged() {
     const ToolState& tools = Tools();
-    const bool atHand = tools.toolMode == ModePencil && tools.paletteGroup == kGroup;
+    const bool atHand = tools.toolMode == ModePencil && tools.paletteGroup == kNoteGroup;
     for (const auto& [item, button] : _items) button->setChecked(atHand && item == tools.NoteItem());
     _grace->setChecked(tools.graceMode);
     _brackets->setChecked(tools.accidentParenthesis);

@@ -9,13 +9,12 @@
 #include "platform/files/PosixFiles.h"
 #include "platform/fluidsynth/RenderToWav.h"
 #include "platform/qt/HeadlessQt.h"
+#include "play/SoundClock.h"
 #include "play/SynthPort.h"
 #include "play/TarnPlay.h"
 
 namespace corvane {
 namespace {
-
-constexpr int kScreenDpi = 96;
 
 Status ToPdf(WindowTarn& window, const std::string& path, int page, int) {
     return RenderPdf(path, PagesOf(window, page));
@@ -27,7 +26,7 @@ Status ToPng(WindowTarn& window, const std::string& path, int page, int zoom) {
     return RenderPng(path, PagesOf(window, page ? page : 1), kScreenDpi, static_cast<int16_t>(zoom));
 }
 
-// Plays the score into the file, four looks at the clock to each unit of 4 ms as live play has them.
+// Plays the score into the file, a look at the clock each millisecond as live play has them.
 Status ToWav(WindowTarn& window, const std::string& path, int, int) {
     std::unique_ptr<SynthPort> port;
     PlayFlags flags;
@@ -36,11 +35,12 @@ Status ToWav(WindowTarn& window, const std::string& path, int, int) {
     return RenderToWav(path, [&](int64_t tick, BuiltInSynth& synth) {
         if (!port) {
             port = std::make_unique<SynthPort>(synth);
-            play.Init(window.GetDocument(), port.get(), kNormalResolution);
+            play.Init(window.GetDocument(), port.get());
             flags.playing = true;
             started = play.Start(0);
         }
-        for (int look = 0; started && look < 4; ++look) play.Tick(static_cast<int32_t>(tick));
+        for (int look = 0; started && look < SoundClock::kUnitMilliseconds; ++look)
+            play.Tick(static_cast<int32_t>(tick));
         started = started && flags.playing;
         return started;
     });
@@ -51,10 +51,18 @@ Status ToMidi(WindowTarn& window, const std::string& path, int, int) {
     return ExportMidi(files, window.GetDocument(), path);
 }
 
-constexpr struct {
-    const char* extension;
-    Status (*write)(WindowTarn&, const std::string& path, int page, int zoom);
-} kFormats[] = {{"pdf", ToPdf}, {"svg", ToSvg}, {"png", ToPng}, {"wav", ToWav}, {"mid", ToMidi}};
+constexpr ExportKind kExportKinds[] = {
+    {"pdf", "PDF Document", false, ToPdf},
+    {"svg", "SVG Picture of this Page", true, ToSvg},
+    {"png", "PNG Picture of this Page", true, ToPng},
+    {"wav", "Sound", false, ToWav},
+    {"mid", "MIDI File", false, ToMidi},
+};
+
+// Files of the last kind are only read.
+constexpr const char* kScoreExtensions[] = {"cvm", "cvn", "cvi", "sp3", "trn"};
+constexpr size_t kSavedExtensions = 4;
+constexpr const char* kMidiExtensions[] = {"mid", "midi", "kar"};
 
 Status CheckPage(const WindowTarn& window, int page) {
     const int count = documentPages.Count(window.GetDocument());
@@ -91,25 +99,55 @@ std::string ExtensionOf(const std::string& path) {
     return extension;
 }
 
+std::span<const ExportKind> ExportKinds() { return kExportKinds; }
+std::span<const char* const> ScoreExtensions() { return kScoreExtensions; }
+
 bool IsScoreExtension(const std::string& extension) {
-    for (const char* known : {"cvn", "cvm", "cvi", "sp3", "trn"})
-        if (extension == known) return true;
-    return false;
+    return std::find(std::begin(kScoreExtensions), std::end(kScoreExtensions), extension) !=
+           std::end(kScoreExtensions);
+}
+
+std::string SavedExtension(const std::string& path) {
+    const std::string extension = ExtensionOf(path);
+    const auto saved = ScoreExtensions().first(kSavedExtensions);
+    return std::find(saved.begin(), saved.end(), extension) != saved.end() ? extension : saved.front();
+}
+
+std::vector<std::string> WrittenExtensions() {
+    std::vector<std::string> all{kScoreExtensions[0]};
+    for (const ExportKind& kind : kExportKinds) all.emplace_back(kind.extension);
+    return all;
+}
+
+std::string Listed(const std::vector<std::string>& words, const char* last) {
+    std::string list;
+    for (size_t i = 0; i < words.size(); ++i) {
+        if (i) list += i + 1 < words.size() ? ", " : std::string(" ") + last + " ";
+        list += words[i];
+    }
+    return list;
 }
 
 bool IsMidiExtension(const std::string& extension) {
-    return extension == "mid" || extension == "midi" || extension == "kar";
+    return std::find(std::begin(kMidiExtensions), std::end(kMidiExtensions), extension) !=
+           std::end(kMidiExtensions);
+}
+
+std::vector<std::string> ReadExtensions() {
+    std::vector<std::string> all(std::begin(kScoreExtensions), std::end(kScoreExtensions));
+    all.insert(all.end(), std::begin(kMidiExtensions), std::end(kMidiExtensions));
+    return all;
 }
 
 Status ExportScore(WindowTarn& window, const std::string& path, int page, int zoom) {
     const std::string extension = ExtensionOf(path);
-    for (const auto& format : kFormats) {
-        if (extension != format.extension) continue;
+    for (const ExportKind& kind : kExportKinds) {
+        if (extension != kind.extension) continue;
         if (Status status = CheckPage(window, page); !status) return status;
         StartHeadlessQt();
-        return format.write(window, path, page, zoom);
+        return kind.write(window, path, page, zoom);
     }
-    return {Fault::Unsupported, "\"" + path + "\": only cvm, pdf, svg, png, wav and mid can be written"};
+    return {Fault::Unsupported, "\"" + path + "\": only " + Listed(WrittenExtensions()) + " can be written"};
 }
 
 }  // namespace corvane

@@ -1,7 +1,10 @@
-// Scores as documents, pictures and sound, by the extension of the path.
+// Scores as documents, pictures and sound, and the kinds of files that scores are kept in, by the extension of
+// the path: lower case, without the dot.
 #pragma once
 
+#include <span>
 #include <string>
+#include <vector>
 
 #include "base/Status.h"
 #include "platform/qt/Render.h"
@@ -10,11 +13,17 @@ namespace corvane {
 
 class WindowTarn;
 
-inline constexpr int kTrueSizeZoom = 105;
+// What a score can be exported as. Without `page` the whole score, or the first page where `onePage`.
+struct ExportKind {
+    const char* extension;
+    const char* name;  // for a dialog
+    bool onePage;
+    Status (*write)(WindowTarn& window, const std::string& path, int page, int zoom);
+};
+std::span<const ExportKind> ExportKinds();
 
-// pdf (all pages or one), svg and png (one page), wav, mid. `page` from 1, 0 for all pages, or the first where a
-// format holds one; `zoom` in percent, for png. Unsupported for another extension; a failure leaves an old
-// file whole.
+// By the path's extension. `page` from 1, 0 for all; `zoom` in percent, for png. Unsupported for another
+// extension; a failure leaves an old file whole.
 Status ExportScore(WindowTarn& window, const std::string& path, int page, int zoom);
 
 // What of the score goes on paper: one page, from 1, or all for 0. Valid while the score's pages stay as they
@@ -23,9 +32,19 @@ PagesToRender PagesOf(WindowTarn& window, int page);
 
 // Lower case, without the dot; empty for none.
 std::string ExtensionOf(const std::string& path);
-// cvn, cvm, cvi, sp3, trn.
+// What scores are read from, the usual one first.
+std::span<const char* const> ScoreExtensions();
 bool IsScoreExtension(const std::string& extension);
 // mid, midi, kar.
 bool IsMidiExtension(const std::string& extension);
+// All that convert reads: scores and MIDI files.
+std::vector<std::string> ReadExtensions();
+// Under which a score of that path is saved: its own where files of that kind are still written, else the usual
+// one.
+std::string SavedExtension(const std::string& path);
+// Everything that a score can be written as.
+std::vector<std::string> WrittenExtensions();
+// "cvm, pdf and png".
+std::string Listed(const std::vector<std::string>& words, const char* last = "and");
 
 }  // namespace corvane

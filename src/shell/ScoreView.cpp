@@ -11,6 +11,7 @@
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
 #include "layout/Frames.h"
+#include "shell/TextEditor.h"
 #include "shell/ToolCursors.h"
 #include "shell/ViewOverlays.h"
 
@@ -188,6 +189,42 @@ void ScoreView::PageChanged() {
     viewport()->update();
 }
 
+Rect ScoreView::VisibleUnits() const {
+    const Point from = UnitsAt({0, 0});
+    const Point to = UnitsAt(QPointF(viewport()->width(), viewport()->height()));
+    return {from.x, from.y, to.x, to.y};
+}
+
+void ScoreView::UpdateAround(const CursorMark& mark) {
+    const Point corner = PageCorner();
+    const Rect units = mark.Bounds();
+    const double ratio = _scale.Ratio();
+    const QRectF pixels(corner.x + _scale.Pixels(units.left), corner.y + _scale.Pixels(units.top),
+                        _scale.Pixels(units.Width()), _scale.Pixels(units.Height()));
+    viewport()->update(
+        QRectF(pixels.topLeft() / ratio, pixels.size() / ratio).toAlignedRect().adjusted(-2, -2, 2, 2));
+}
+
+void ScoreView::ShowPlayMark(std::optional<CursorMark> mark) {
+    if (_playMark) UpdateAround(*_playMark);
+    _playMark = mark;
+    if (_playMark) UpdateAround(*_playMark);
+}
+
+// The old editor may be the one that is telling, so it goes later.
+void ScoreView::TextEntryChanged() {
+    if (_editor) _editor->deleteLater();
+    if (_editor) _editor->hide();
+    _editor = _window.textEntry ? new TextEditor(viewport(), _window) : nullptr;
+    if (!_editor) return setFocus();
+    const Point at = _window.textEntry->Place();
+    const int32_t size = _window.textEntry->Look().size;
+    ScrollTo({at.x, at.y - size, at.x + 4 * size, at.y + size});
+    _editor->PlaceAt(_scale, PageCorner());
+    _editor->show();
+    _editor->setFocus();
+}
+
 void ScoreView::ToolChanged() {
     viewport()->setCursor(ToolCursor(Tools().toolMode));
     viewport()->update();
@@ -217,6 +254,7 @@ void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
     PaintSelection(paint, _window);
     PaintCaret(paint, _window.caret);
     if (_hover) PaintGhost(paint, _window, *_hover);
+    if (_playMark) PaintPlayMark(paint, *_playMark);
 }
 
 void ScoreView::paintEvent(QPaintEvent* event) {
@@ -233,6 +271,7 @@ void ScoreView::paintEvent(QPaintEvent* event) {
                  exposed.translated(-corner.x, -corner.y));
     painter.translate(-corner.x, -corner.y);
     PaintOverlays(painter, corner);
+    if (_editor) _editor->PlaceAt(_scale, corner);
 }
 
 // ---- input
@@ -244,8 +283,13 @@ void ScoreView::mousePressEvent(QMouseEvent* event) {
     viewport()->update();
 }
 
-// Notes are often entered faster than a double click.
-void ScoreView::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+// Notes are often entered faster than a double click, so the tool decides what it means.
+void ScoreView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return event->ignore();
+    const Point p = UnitsAt(event->position());
+    MouseDoubleClick(_window, p.x, p.y, ModifiersOf(event->modifiers()));
+    viewport()->update();
+}
 
 void ScoreView::mouseMoveEvent(QMouseEvent* event) {
     const Point p = UnitsAt(event->position());

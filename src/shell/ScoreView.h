@@ -1,6 +1,6 @@
 // One score on the screen: its current page as paper on a desk, scrolled and zoomed. Presses and keys go to
-// the score in page units; what is selected, the rubber band, the caret and the ghost of what the pencil would
-// enter lie over the pictures of the page.
+// the score in page units; what is selected, the rubber band, the caret and the ghost of what the pencil
+// would enter lie over the pictures of the page.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -8,11 +8,13 @@
 #include <optional>
 
 #include "layout/DrawPatch.h"
+#include "play/PlayCursor.h"
 #include "shell/TileCache.h"
 #include "shell/ViewScale.h"
 
 namespace corvane {
 
+class TextEditor;
 class WindowTarn;
 
 // How large a page is shown.
@@ -44,8 +46,16 @@ public:
     void PageChanged();
     void ToolChanged();
     void ScrollTo(const Rect& units);
+    // Another text is being typed, or none any more.
+    void TextEntryChanged();
     // A typed character for the tools; false, and nothing done, for any other key.
     bool TakeKey(const QKeyEvent& event);
+
+    // What of the page is seen.
+    Rect VisibleUnits() const;
+    // The play cursor on the current page; none to take it away.
+    void ShowPlayMark(std::optional<CursorMark> mark);
+    const std::optional<CursorMark>& PlayMark() const { return _playMark; }
 
     // The page's corner on the screen, and how many pixels a page unit takes.
     QPoint PageCornerOnScreen() const;
@@ -72,6 +82,7 @@ private:
     void FitScrollBars();
     void ZoomAround(const QPointF& anchor, Zoom::Kind kind, int percent);
     int PercentThatFits(Zoom::Kind kind) const;
+    void UpdateAround(const CursorMark& mark);
     void PaintDesk(QPainter& painter, const QRect& paper) const;
     void PaintOverlays(QPainter& painter, Point corner);
 
@@ -81,7 +92,9 @@ private:
     Zoom _zoom;
     DrawContext _context;
     std::optional<Point> _hover;  // page units
+    std::optional<CursorMark> _playMark;
     std::function<void()> _zoomed;
+    TextEditor* _editor = nullptr;
 };
 
 }  // namespace corvane

@@ -38,13 +38,17 @@ QByteArray UiMap::Text() const {
     const auto line = [&text](const QString& words) { text += words.toUtf8() + "\n"; };
     if (_painted) line(QString("painted %1").arg(_painted));
     line("title " + _frame.windowTitle());
-    if (const ScoreView* view = _frame.CurrentView()) {
+    if (ScoreView* view = _frame.CurrentView()) {
         const QPoint corner = view->PageCornerOnScreen();
         line(QString("view %1 %2 %3")
                  .arg(corner.x())
                  .arg(corner.y())
                  .arg(view->Scale().PixelsPerUnit(), 0, 'g', 17));
+        if (const Page* page = view->Window().CurrentPage()) line(QString("page %1").arg(page->_pageNumber));
+        if (const auto& mark = view->PlayMark()) line(QString("cursor %1 %2").arg(mark->x).arg(mark->top));
     }
+    if (_frame.Player().IsOn())
+        line(QString("play %1 %2").arg(_frame.Player().Report().measure).arg(_frame.Player().Report().beat));
     for (const QWidget* widget : _frame.findChildren<QWidget*>()) {
         if (widget->objectName().isEmpty() || widget->objectName().startsWith("qt_") || !widget->isVisible())
             continue;

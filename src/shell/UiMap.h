@@ -13,6 +13,9 @@ class MainFrame;
 //     painted MILLISECONDS     when the first score had been painted, since 1970
 //     title TEXT               of the window
 //     view X Y SCALE           the page's corner on the screen in pixels, pixels to a page unit
+//     page NUMBER              that is shown
+//     play MEASURE BEAT        while a score plays: where it is
+//     cursor X Y               the play cursor, page units, while it is shown
 //     widget X Y W H NAME      each part of the window that has a name, in pixels
 class UiMap : public QObject {
 public:

@@ -8,6 +8,7 @@
 #include "layout/Frames.h"
 #include "model/Par.h"
 #include "platform/qt/QtPort.h"
+#include "play/PlayCursor.h"
 #include "shell/ItemPicture.h"
 #include "shell/ViewScale.h"
 
@@ -16,7 +17,7 @@ namespace {
 
 constexpr double kGhostOpacity = 0.55;
 constexpr int kSelectionFill = 70, kSelectionEdge = 150, kBandFill = 35, kBandEdge = 255;  // of 255
-constexpr uint8_t kNoteGroup = 1;
+const QColor kPlayColour(0xD0, 0x30, 0x20);
 
 const PaletteItem* ItemAtHand() {
     const ToolState& tools = Tools();
@@ -85,6 +86,26 @@ void PaintCaret(const OverlayPaint& paint, const Caret& caret) {
     const int bottom = paint.Y(origin.y + system->_bottom - system->_top + overhang);
     const int width = std::max(1, paint.scale.PixelsOf(1.5));
     paint.painter.fillRect(paint.X(caret.x) - width / 2, top, width, bottom - top, paint.accent);
+}
+
+void PaintPlayMark(const OverlayPaint& paint, const CursorMark& mark) {
+    const int32_t x = mark.x, reach = mark.triangle;
+    const auto triangle = [&](int32_t base, int32_t tip) {
+        const QPointF corners[] = {QPointF(paint.X(x - reach), paint.Y(base)),
+                                   QPointF(paint.X(x + reach), paint.Y(base)),
+                                   QPointF(paint.X(x), paint.Y(tip))};
+        paint.painter.drawPolygon(corners, 3);
+    };
+    const int width = std::max(1, paint.scale.PixelsOf(1.5));
+    paint.painter.save();
+    paint.painter.setRenderHint(QPainter::Antialiasing);
+    paint.painter.setPen(Qt::NoPen);
+    paint.painter.setBrush(kPlayColour);
+    paint.painter.drawRect(QRectF(paint.X(x) - width / 2.0, paint.Y(mark.top - reach), width,
+                                  paint.scale.Pixels(mark.bottom - mark.top + 2 * reach)));
+    triangle(mark.top - 2 * reach, mark.top - reach);
+    triangle(mark.bottom + 2 * reach, mark.bottom + reach);
+    paint.painter.restore();
 }
 
 bool HasGhost() { return ItemAtHand() != nullptr; }

@@ -1,5 +1,5 @@
-// What lies over a page on the screen and is no part of it: what is selected, the caret, the ghost of what the
-// pencil would enter.
+// What lies over a page on the screen and is no part of it: what is selected, the caret, the ghost of what
+// the pencil would enter.
 #pragma once
 
 #include <QColor>
@@ -13,6 +13,7 @@ namespace corvane {
 class ViewScale;
 class WindowTarn;
 struct Caret;
+struct CursorMark;
 
 struct OverlayPaint {
     QPainter& painter;  // in pixels
@@ -29,6 +30,9 @@ void PaintSelection(const OverlayPaint& paint, const WindowTarn& window);
 
 // An upright line over the staves of the caret's system.
 void PaintCaret(const OverlayPaint& paint, const Caret& caret);
+
+// Where play is: an upright line with a triangle above and below.
+void PaintPlayMark(const OverlayPaint& paint, const CursorMark& mark);
 
 // Whether the tool at hand has a ghost.
 bool HasGhost();

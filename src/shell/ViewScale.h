@@ -12,7 +12,8 @@ namespace corvane {
 // are points here.
 class ViewScale {
 public:
-    ViewScale() { Set(GraphicPort::kTrueSizeZoom, 96, 1); }
+    // At true size on a screen of 96 dots to the inch.
+    ViewScale() { _port.emplace(); }
 
     // Percent, pixels to the inch, pixels to the point. False if nothing has changed.
     bool Set(int16_t zoom, int32_t dpi, double ratio) {

@@ -7,6 +7,8 @@
 
 #include "base/Assert.h"
 #include "base/BigEndian.h"
+#include "store/NamedClasses.h"
+#include "store/ClassSpans.h"
 
 namespace corvane {
 namespace {
@@ -115,7 +117,7 @@ const LinkField* ClassInfo::EndOf(LinkRole role, uint16_t relation, char family)
 }
 
 void Administrator::Rebind(void* object, const ClassInfo& info) {
-    if (info.size < 4 || info.number == 11) return;  // Stringa has no behaviour word
+    if (info.size < 4 || info.number == named::kStringa) return;  // Stringa has no behaviour word
     const auto word = static_cast<uint32_t>(info.number);
     std::memcpy(object, &word, sizeof word);
     if (info.secondWord) std::memcpy(static_cast<uint8_t*>(object) + info.secondWord, &word, sizeof word);
@@ -127,8 +129,10 @@ void Administrator::SwapBytes(void* object, const ClassInfo& info) {
 }
 
 void CreateClassTable(int capacity) {
+    CORVANE_ASSERT_AS(capacity <= kClassCapacity, "next - 1 < size");
     _infoArray = std::make_unique<InfoArray>();
     _infoArray->capacity = capacity;
+    ClassSpans::_spans.fill(0);
 }
 
 bool ClassTableExists() { return _infoArray != nullptr; }
@@ -143,6 +147,7 @@ void RegisterClass(const ClassRow& row, Administrator* creator) {
     auto info = std::make_unique<ClassInfo>(
         ClassInfo{row.number, row.name, row.size, ParsePointers(row.pointers), ParsePlan(row.plan),
                   ParseLinks(row.links), row.secondWord, creator ? creator : &plain});
+    ClassSpans::_spans[static_cast<size_t>(row.number)] = static_cast<uint16_t>(TypedSpan(row.size));
     _infoArray->numbers.emplace(row.name, row.number);
     _infoArray->classes.push_back(std::move(info));
 }

@@ -1,18 +1,19 @@
 #include "store/FileForm.h"
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <numeric>
 
 #include "base/Assert.h"
 #include "store/ClassInfo.h"
+#include "store/NamedClasses.h"
 #include "store/ObjectHeader.h"
 
 namespace corvane {
 namespace {
 
 constexpr uint16_t kBehaviour = 4;  // bytes of a behaviour word
-constexpr int16_t kStringa = 11, kTempo = 99;
 
 // After the first behaviour word is taken out, these runs of the rest stand elsewhere: copies from the
 // shifted bytes as they were. DO NOT CHANGE: files rest on it.
@@ -42,7 +43,7 @@ Labels Swapped(const ClassInfo& info) {
     Labels labels(info.size);
     for (uint16_t i = 0; i < info.size; ++i) labels[i] = static_cast<uint16_t>(high[i] << 8 | low[i]);
     // Three numbers of a Tempo that its plan leaves out are big-endian all the same.
-    if (info.number == kTempo)
+    if (info.number == named::kTempo)
         for (const uint16_t at : {16, 18, 20}) std::swap(labels[at], labels[at + 1]);
     return labels;
 }
@@ -51,7 +52,7 @@ Labels Swapped(const ClassInfo& info) {
 Labels Moved(const ClassInfo& info) {
     Labels file(info.size);
     std::iota(file.begin(), file.end(), uint16_t{0});
-    if (info.number == kStringa) return file;
+    if (info.number == named::kStringa) return file;
     std::rotate(file.begin(), file.begin() + kBehaviour, file.end());
     const Labels shifted = file;
     for (const Move& m : kMoves)
@@ -70,7 +71,7 @@ Labels Back(const ClassInfo& info, const Labels& file) {
     Labels from(info.size);
     std::iota(from.begin(), from.end(), uint16_t{0});
     const Labels plain = from;
-    if (info.number != kStringa) {
+    if (info.number != named::kStringa) {
         for (const Move& m : kMoves)
             if (m.classNumber == info.number)
                 std::copy_n(plain.begin() + m.to, m.length, from.begin() + m.from);
@@ -89,12 +90,46 @@ FileForm::FileForm(int16_t classNumber) {
     _places = Back(info, moved);
     const uint32_t dim = ObjDim(info.size);
     CORVANE_ASSERT(dim <= kLargestRecord);
-    _toFile.assign(dim, info.size);  // the zero byte behind the record
-    _toMemory.assign(dim, kNone);
+    Labels toFile(dim, kNone), toMemory(dim, kNone);
     for (uint16_t i = 0; i < info.size; ++i) {
-        if (moved[i] != kNone) _toFile[i] = swapped[moved[i]];
-        if (_places[i] != kNone) _toMemory[swapped[i]] = _places[i];
+        if (moved[i] != kNone) toFile[i] = swapped[moved[i]];
+        if (_places[i] != kNone) toMemory[swapped[i]] = _places[i];
     }
+    _toFile = Moves(toFile);
+    _toMemory = Moves(toMemory);
+}
+
+FileForm::Moves::Moves(const Labels& from) : _size(static_cast<uint32_t>(from.size())) {
+    // Whether the bytes from i on are `width` neighbours, last to first.
+    const auto turned = [&](size_t i, uint16_t width) {
+        if (i + width > from.size() || from[i] == kNone || from[i] + 1 < width) return false;
+        for (uint16_t k = 1; k < width; ++k)
+            if (from[i + k] != from[i] - k) return false;
+        return true;
+    };
+    for (uint16_t i = 0; i < _size;) {
+        const uint16_t width = turned(i, 4) ? 4 : turned(i, 2) ? 2 : 1;
+        auto& moves = width == 4 ? _fours : width == 2 ? _twos : _bytes;
+        if (from[i] != kNone) moves.push_back({i, static_cast<uint16_t>(from[i] - (width - 1))});
+        i = static_cast<uint16_t>(i + width);
+    }
+}
+
+void FileForm::Moves::Run(const uint8_t* from, uint8_t* to) const {
+    std::memset(to, 0, _size);
+    for (const Move& m : _fours) {
+        uint32_t field;
+        std::memcpy(&field, from + m.from, sizeof field);
+        field = __builtin_bswap32(field);
+        std::memcpy(to + m.to, &field, sizeof field);
+    }
+    for (const Move& m : _twos) {
+        uint16_t field;
+        std::memcpy(&field, from + m.from, sizeof field);
+        field = __builtin_bswap16(field);
+        std::memcpy(to + m.to, &field, sizeof field);
+    }
+    for (const Move& m : _bytes) to[m.to] = from[m.from];
 }
 
 const FileForm& FileForm::Of(int16_t classNumber) {

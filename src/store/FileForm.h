@@ -19,26 +19,37 @@ public:
     // Of a registered class that has objects; read-only once the class table is complete.
     static const FileForm& Of(int16_t classNumber);
 
-    uint32_t Dim() const { return static_cast<uint32_t>(_toFile.size()); }  // objDim: bytes in the file
+    uint32_t Dim() const { return _toFile.Size(); }  // objDim: bytes in the file
 
-    // `memory` holds the record followed by a zero byte; `file` gets Dim() bytes, filler and behaviour words
-    // zero.
-    void Encode(const uint8_t* memory, uint8_t* file) const {
-        for (size_t i = 0, n = _toFile.size(); i < n; ++i) file[i] = memory[_toFile[i]];
-    }
+    // `file` gets Dim() bytes, filler and behaviour words zero.
+    void Encode(const uint8_t* memory, uint8_t* file) const { _toFile.Run(memory, file); }
     // `memory` gets Dim() bytes; what no byte of the file tells is zero, behaviour words too.
-    void Decode(const uint8_t* file, uint8_t* memory) const {
-        for (size_t i = 0, n = _toMemory.size(); i < n; ++i)
-            memory[i] = _toMemory[i] == kNone ? uint8_t{0} : file[_toMemory[i]];
-    }
+    void Decode(const uint8_t* file, uint8_t* memory) const { _toMemory.Run(file, memory); }
     // Where the field at a place of the memory form stands in the file form; kNone where the file does not
     // carry it.
     uint16_t PlaceInFile(uint16_t place) const { return _places[place]; }
 
 private:
+    // A map of bytes in as few moves as it takes: fields that are turned around, other bytes one by one.
+    class Moves {
+    public:
+        Moves() = default;
+        // For each byte of the result the one it comes from, or kNone for a zero.
+        explicit Moves(const std::vector<uint16_t>& from);
+        void Run(const uint8_t* from, uint8_t* to) const;
+        uint32_t Size() const { return _size; }
+
+    private:
+        struct Move {
+            uint16_t to, from;
+        };
+        std::vector<Move> _fours, _twos, _bytes;
+        uint32_t _size = 0;
+    };
     explicit FileForm(int16_t classNumber);
 
-    std::vector<uint16_t> _toFile, _toMemory, _places;
+    Moves _toFile, _toMemory;
+    std::vector<uint16_t> _places;
 };
 
 }  // namespace corvane

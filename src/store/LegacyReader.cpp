@@ -12,9 +12,8 @@ void LegacyDecoder::ToMemory(const ScoreStream::Record& record, uint8_t* object)
     // Through the file form and back: bytes that hold nothing, such as a foreign program's addresses, come
     // out zero.
     const uint16_t size = InfoOf(record.word)->size;
-    uint8_t memory[kLargestRecord + 1], file[kLargestRecord];
+    uint8_t memory[kLargestRecord], file[kLargestRecord];
     std::memcpy(memory, record.data, size);
-    memory[size] = 0;
     const FileForm& form = FileForm::Of(record.word);
     form.Encode(memory, file);
     form.Decode(file, object);

@@ -5,6 +5,7 @@
 #include "base/Assert.h"
 #include "store/ClassInfo.h"
 #include "store/CommandObserver.h"
+#include "store/NamedClasses.h"
 #include "store/Stored.h"
 
 namespace corvane {
@@ -43,7 +44,7 @@ void* MemoryManager::Allocate(int16_t classNumber) {
     void* object = Current().Allocate(classNumber, info->size);
     if (!object) return nullptr;
     info->creator->Rebind(object, *info);
-    if (classNumber == 1) Current().SetDocumentObject(object);
+    if (classNumber == named::kDocument) Current().SetDocumentObject(object);
     return object;
 }
 

@@ -4,7 +4,7 @@
 
 #include "base/Assert.h"
 #include "base/StoredSpace.h"
-#include "store/ClassInfo.h"
+#include "store/ClassSpans.h"
 
 namespace corvane {
 namespace {
@@ -31,11 +31,6 @@ void ForEachHole(BlockTrailer& trailer, Visit visit) {
         else
             CORVANE_ASSERT(link->Get() == behind);
     }
-}
-
-uint32_t SpanOfWord(int16_t word) {
-    if (word < 0) return RawSpanOfWord(word);
-    return TypedSpan(InfoOf(word)->size);
 }
 
 }  // namespace
@@ -184,7 +179,7 @@ void NewMemoryPool::Release(void* object) {
             std::memcpy(&pointer, place + kWordSize + offset, sizeof pointer);
             CORVANE_ASSERT_AS(pointer.Get() == 0, "Invalid_deallocation");
         }
-    uint32_t span = SpanOfWord(word);
+    uint32_t span = ClassSpans::OfWord(word);
     PutWord(place, 0);  // a second release of it is found out, also once it is part of a larger hole
     _free += span;
     if (object == _document) _document = nullptr;
@@ -216,7 +211,7 @@ void NewMemoryPool::Release(void* object) {
 // ---- the walk
 
 uint32_t NewMemoryPool::SizeOf(const void* object) {
-    return SpanOfWord(WordAt(static_cast<const uint8_t*>(object) - kWordSize)) - kWordSize;
+    return ClassSpans::OfWord(WordAt(static_cast<const uint8_t*>(object) - kWordSize)) - kWordSize;
 }
 
 void* NewMemoryPool::FirstObject() const {
@@ -232,7 +227,9 @@ void* NewMemoryPool::NextObject(const void* object) const {
     } else {
         block = Find(place);
         CORVANE_ASSERT_AS(block, "block");
-        place += SpanOfWord(WordAt(place));
+        const uint32_t span = ClassSpans::OfWord(WordAt(place));
+        CORVANE_ASSERT_AS(span, "!((objDim+2)%10)");
+        place += span;
     }
     for (;;) {
         while (block->Trailer().released || place >= block->End()) {
@@ -248,6 +245,25 @@ void* NewMemoryPool::NextObject(const void* object) const {
         else
             return place + kWordSize;
     }
+}
+
+std::unordered_set<const void*> NewMemoryPool::Living(std::span<const void* const> addresses) const {
+    std::unordered_set<const void*> wanted(addresses.begin(), addresses.end()), living;
+    std::unordered_set<const PoolBlock*> walked;
+    for (const void* address : addresses) {
+        const PoolBlock* block = BlockOf(address);
+        if (!block || block->Trailer().released || !walked.insert(block).second) continue;
+        for (const uint8_t* place = block->start; place < block->End();) {
+            const int16_t word = WordAt(place);
+            if (word == kHoleWord) {
+                place += reinterpret_cast<const Hole*>(place)->size.Get();
+                continue;
+            }
+            if (word != 0 && wanted.contains(place + kWordSize)) living.insert(place + kWordSize);
+            place += word == 0 ? kGranule : ClassSpans::OfWord(word);
+        }
+    }
+    return living;
 }
 
 // ---- filling by a load

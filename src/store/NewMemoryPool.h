@@ -7,6 +7,8 @@
 
 #include <array>
 #include <memory>
+#include <span>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -75,6 +77,8 @@ public:
     // Walks all objects and raw blocks in address order, released blocks left out; null after the last.
     void* FirstObject() const;
     void* NextObject(const void* object) const;
+    // Those of some addresses at which an object stands now. Cost: the blocks that they point into.
+    std::unordered_set<const void*> Living(std::span<const void* const> addresses) const;
 
     // For loads: appends at ascending addresses without searching holes. The pool must be empty at first;
     // FinishFilling turns what is left of the last block into a hole. False, and nothing done, when there is

@@ -7,6 +7,7 @@
 #include "base/StoredSpace.h"
 #include "store/ClassInfo.h"
 #include "store/LegacyReader.h"
+#include "store/NamedClasses.h"
 #include "store/NewMemoryPool.h"
 #include "store/ObjectFileLoader.h"
 #include "store/VerifierEnds.h"
@@ -16,12 +17,12 @@ namespace corvane {
 namespace {
 
 constexpr size_t kMostFindings = 20;
-constexpr int16_t kStringa = 11;
 
 class ScoreLoad {
 public:
     ScoreLoad(NewMemoryPool& pool, LoadReport& report) : _pool(pool), _report(report) {}
     Status Run(std::span<const uint8_t> bytes, const ScoreHeader& header);
+    std::unique_ptr<const ObjectIndexBitmap> TakeIndex() { return std::move(_index); }
 
 private:
     Status Fill(std::span<const uint8_t> bytes, const ScoreHeader& header);
@@ -30,10 +31,12 @@ private:
     Status Prove();
     void Drop(const std::vector<void*>& objects);
     Status Refuse(Finding fault);
+    void Number();
 
     NewMemoryPool& _pool;
     LoadReport& _report;
     FilledObjects _objects;
+    std::unique_ptr<const ObjectIndexBitmap> _index;
 };
 
 uint32_t PointerAt(const void* object, uint16_t offset) {
@@ -55,7 +58,7 @@ Status ScoreLoad::Fill(std::span<const uint8_t> bytes, const ScoreHeader& header
     if (!_pool.StartFilling()) return {Fault::NoSpace, kNoMemoryToOpen};
     Finding fault;
     const uint32_t margin = header.legacy ? LegacyDecoder::kMargin : FileFormDecoder::kMargin;
-    Status status = FillWords(_pool, bytes, header, margin, _objects, fault);
+    Status status = TakePlaces(_pool, bytes, header, margin, _objects, fault);
     if (status && header.legacy) {
         LegacyDecoder decoder(_objects);
         status = FillObjects(bytes, header, _objects, decoder, fault);
@@ -69,7 +72,7 @@ Status ScoreLoad::Fill(std::span<const uint8_t> bytes, const ScoreHeader& header
 }
 
 Status ScoreLoad::CheckDocument() {
-    if (_objects.Count() == 0 || _objects.classes[1] != 1)
+    if (_objects.Count() == 0 || _objects.classes[1] != named::kDocument)
         return Refuse({0, 0, -1, "the Document is not first"});
     _pool.SetDocumentObject(StoredSpace::At<void>(_objects.distances[1]));
     return Status::Ok();
@@ -77,7 +80,8 @@ Status ScoreLoad::CheckDocument() {
 
 // A text that a record of its own holds moves into the field that names the record.
 Status ScoreLoad::EmbedTexts() {
-    if (std::find(_objects.classes.begin(), _objects.classes.end(), kStringa) == _objects.classes.end())
+    if (std::find(_objects.classes.begin(), _objects.classes.end(), named::kStringa) ==
+        _objects.classes.end())
         return Status::Ok();
     std::set<void*> emptied;
     for (uint32_t number = 1; number <= _objects.Count(); ++number) {
@@ -86,7 +90,7 @@ Status ScoreLoad::EmbedTexts() {
         for (const LinkField& link : InfoOfObject(object)->links) {
             if (link.role != LinkRole::Whole || link.aim != Aim::Text) continue;
             auto* stringa = StoredSpace::At<void>(PointerAt(object, link.offset));
-            if (!stringa || ClassNumberOf(stringa) != kStringa) continue;
+            if (!stringa || ClassNumberOf(stringa) != named::kStringa) continue;
             if (!emptied.insert(stringa).second)
                 return Refuse(
                     {number, ClassNumberOf(object), link.offset, "the text belongs to another field too"});
@@ -95,6 +99,7 @@ Status ScoreLoad::EmbedTexts() {
         }
     }
     for (void* stringa : emptied) _pool.Release(stringa);
+    _objects.Forget({emptied.begin(), emptied.end()});
     return Status::Ok();
 }
 
@@ -113,16 +118,24 @@ void ScoreLoad::Drop(const std::vector<void*>& objects) {
         if (ClassNumberOf(object) > 0)
             for (const uint16_t offset : InfoOfObject(object)->pointers) PutPointer(object, offset, 0);
     for (void* object : objects) _pool.Release(object);
+    _objects.Forget(objects);
     _report.healed.push_back(std::to_string(objects.size()) + " objects that nothing led to were left out");
 }
 
+void ScoreLoad::Number() {
+    _index = std::make_unique<ObjectIndexBitmap>(_pool, std::span(_objects.distances).subspan(1));
+}
+
 Status ScoreLoad::Prove() {
-    VerifierGraph graph(_pool, _report.faults, kMostFindings);
+    Number();
+    VerifierGraph graph(_pool, *_index, _report.faults, kMostFindings);
     graph.CheckObjects(true);
     if (_report.faults.empty()) graph.CheckRings();
     if (!_report.faults.empty()) return {Fault::Damaged, kInvalidFile};
     const std::vector<void*> unreached = graph.Unreached({});
-    if (!unreached.empty()) Drop(unreached);
+    if (unreached.empty()) return Status::Ok();
+    Drop(unreached);
+    Number();
     return Status::Ok();
 }
 
@@ -136,8 +149,9 @@ Status ScoreLoad::Run(std::span<const uint8_t> bytes, const ScoreHeader& header)
         return status;
     }
     _pool.SetFileMagic(header.magic);
-    for (void* object = _pool.FirstObject(); object; object = _pool.NextObject(object))
-        if (ClassNumberOf(object) > 0) InfoOfObject(object)->creator->AfterLoad(object);
+    for (uint32_t number = 1; number <= _objects.Count(); ++number)
+        if (const int16_t kind = _objects.classes[number]; kind != kRawClass)
+            InfoOf(kind)->creator->AfterLoad(StoredSpace::At<void>(_objects.distances[number]));
     return status;
 }
 
@@ -147,13 +161,19 @@ void EmptyPool(NewMemoryPool& pool) {
     if (pool.StartFilling()) pool.FinishFilling();
 }
 
-Status LoadScore(NewMemoryPool& pool, std::span<const uint8_t> bytes, LoadReport* report) {
+Status LoadScore(NewMemoryPool& pool, std::span<const uint8_t> bytes, LoadReport* report,
+                 std::unique_ptr<const ObjectIndexBitmap>* index) {
     LoadReport unseen;
     LoadReport& told = report ? *report : unseen;
     told = {};
     ScoreHeader header;
     std::string fault;
-    if (ReadHeader(bytes, header, fault)) return ScoreLoad(pool, told).Run(bytes, header);
+    if (ReadHeader(bytes, header, fault)) {
+        ScoreLoad load(pool, told);
+        const Status status = load.Run(bytes, header);
+        if (status && index) *index = load.TakeIndex();
+        return status;
+    }
     told.faults.push_back({0, 0, -1, fault});
     return {Fault::Damaged, kInvalidFile};
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -12,6 +13,7 @@
 namespace corvane {
 
 class NewMemoryPool;
+class ObjectIndexBitmap;
 
 inline constexpr const char* kInvalidFile = "Invalid file";
 inline constexpr const char* kNoMemoryToOpen =
@@ -26,8 +28,10 @@ struct LoadReport {
 // Reads a score into an empty pool and proves the graph: ids, sizes, every pointer on a place that its
 // relation allows, every ring closed and mirrored, one Document first. What can be healed without guessing is
 // healed; for anything else the answer is Damaged ("Invalid file") and the pool is empty again, as it came.
-// NoSpace where the address space is used up. Undo is not armed. Linear in the bytes.
-Status LoadScore(NewMemoryPool& pool, std::span<const uint8_t> bytes, LoadReport* report = nullptr);
+// NoSpace where the address space is used up. Undo is not armed. Linear in the bytes. `index` gets the
+// numbers of the objects, for who has more to prove.
+Status LoadScore(NewMemoryPool& pool, std::span<const uint8_t> bytes, LoadReport* report = nullptr,
+                 std::unique_ptr<const ObjectIndexBitmap>* index = nullptr);
 
 // Gives back all that a pool holds: as new, one block and nothing in it.
 void EmptyPool(NewMemoryPool& pool);

@@ -1,17 +1,17 @@
 #include "store/ObjectFileLoader.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "base/BigEndian.h"
 #include "base/StoredSpace.h"
 #include "store/FileForm.h"
+#include "store/NamedClasses.h"
 #include "store/NewMemoryPool.h"
 #include "store/ObjectFile.h"
 
 namespace corvane {
 namespace {
-
-constexpr int16_t kTempo = 99;
 
 Status Refuse(Finding& fault, Finding found) {
     fault = std::move(found);
@@ -31,7 +31,7 @@ void MendTempo(uint8_t* tempo) {
     constexpr uint16_t kBeat = 16, kClock = 18, kCount = 20, kEnd = 22;
     struct Reading {
         int16_t beat, clock, count;
-        bool MakesSense() const { return beat >= 1 && beat <= 4095 && clock >= 0 && clock < 32000; }
+        bool MakesSense() const { return beat >= 1 && beat <= 4095 && clock >= 0 && clock < named::kClocksPerBeat; }
     };
     const auto read = [&] {
         return Reading{WordAt(tempo + kBeat), WordAt(tempo + kClock), WordAt(tempo + kCount)};
@@ -48,8 +48,20 @@ void MendTempo(uint8_t* tempo) {
 
 }  // namespace
 
-Status FillWords(NewMemoryPool& pool, std::span<const uint8_t> bytes, const ScoreHeader& header,
-                 uint32_t margin, FilledObjects& objects, Finding& fault) {
+void FilledObjects::Forget(std::vector<void*> gone) {
+    std::sort(gone.begin(), gone.end());
+    uint32_t kept = 1;
+    for (uint32_t number = 1; number <= Count(); ++number) {
+        if (std::binary_search(gone.begin(), gone.end(), StoredSpace::At<void>(distances[number]))) continue;
+        distances[kept] = distances[number];
+        classes[kept++] = classes[number];
+    }
+    distances.resize(kept);
+    classes.resize(kept);
+}
+
+Status TakePlaces(NewMemoryPool& pool, std::span<const uint8_t> bytes, const ScoreHeader& header,
+                  uint32_t margin, FilledObjects& objects, Finding& fault) {
     ScoreStream stream(bytes, header);
     ScoreStream::Record record;
     while (stream.Next(record)) {
@@ -58,7 +70,6 @@ Status FillWords(NewMemoryPool& pool, std::span<const uint8_t> bytes, const Scor
         const uint32_t span = record.word < 0 ? RawSpanOfWord(record.word) : kWordSize + record.length;
         if (pool.FillOffset() + span > pool.NewPoolSize() - kTrailerSize)
             return {Fault::NoSpace, kNoMemoryToOpen};
-        PutWord(pool.FillPlace(), record.word);
         objects.distances.push_back(StoredSpace::DistanceOf(pool.FillPlace() + kWordSize));
         objects.classes.push_back(static_cast<uint8_t>(TargetClass(record.word)));
         if (header.legacy) objects.positions.push_back(static_cast<uint32_t>(record.at));
@@ -70,7 +81,7 @@ Status FillWords(NewMemoryPool& pool, std::span<const uint8_t> bytes, const Scor
 
 void FileFormDecoder::ToMemory(const ScoreStream::Record& record, uint8_t* object) {
     FileForm::Of(record.word).Decode(record.data, object);
-    if (record.word == kTempo) MendTempo(object);
+    if (record.word == named::kTempo) MendTempo(object);
 }
 
 bool FileFormDecoder::Decode(const ObjectFilePlaces::Field& field, uint32_t value, PointerTarget& target) {
@@ -103,6 +114,7 @@ Status FillObjects(std::span<const uint8_t> bytes, const ScoreHeader& header, co
     ScoreStream::Record record;
     for (uint32_t number = 1; stream.Next(record); ++number) {
         auto* object = StoredSpace::At<uint8_t>(objects.distances[number]);
+        PutWord(object - kWordSize, record.word);
         if (record.word < 0) {
             std::memcpy(object, record.data, record.length);
             continue;

@@ -17,9 +17,11 @@ class NewMemoryPool;
 // Where the objects of a file come to lie, by number; entry 0 is unused.
 struct FilledObjects {
     std::vector<uint32_t> distances = {0};
-    std::vector<uint8_t> classes = {0xFF};
+    std::vector<uint8_t> classes = {0xFF};  // kRawClass for a raw block
     std::vector<uint32_t> positions = {0};  // of the words in a legacy file's stream
     uint32_t Count() const { return static_cast<uint32_t>(classes.size()) - 1; }
+    // Takes out objects that were given back, once the positions are of no more use.
+    void Forget(std::vector<void*> gone);
 };
 
 // What differs between the forms of a file.
@@ -44,12 +46,12 @@ private:
     const FilledObjects& _objects;
 };
 
-// Gives each record of the stream its place in the pool, at ascending addresses, and puts its word there.
-// Damaged with a finding, or NoSpace.
-Status FillWords(NewMemoryPool& pool, std::span<const uint8_t> bytes, const ScoreHeader& header,
-                 uint32_t margin, FilledObjects& objects, Finding& fault);
+// Gives each record of the stream its place in the pool, at ascending addresses. Damaged with a finding, or
+// NoSpace.
+Status TakePlaces(NewMemoryPool& pool, std::span<const uint8_t> bytes, const ScoreHeader& header,
+                  uint32_t margin, FilledObjects& objects, Finding& fault);
 
-// The bytes of each object behind its word, its behaviour words set. Damaged with a finding.
+// The word and the bytes of each object, its behaviour words set. Damaged with a finding.
 Status FillObjects(std::span<const uint8_t> bytes, const ScoreHeader& header, const FilledObjects& objects,
                    ObjectDecoder& decoder, Finding& fault);
 

@@ -1,6 +1,7 @@
 #include "store/ObjectFilePlaces.h"
 
 #include "store/FileForm.h"
+#include "store/NamedClasses.h"
 #include "store/RepairTable.h"
 
 namespace corvane {
@@ -9,11 +10,10 @@ namespace {
 constexpr uint32_t kBehaviourUnits = 2;  // of the word that the file form drops
 constexpr uint32_t kStartOfNext =
     254;  // half offset of a plain class's start, counted from the object before it
-constexpr int16_t kDocStaff = 16;
-constexpr uint32_t kVoiceRecords = 24, kVoiceRecordSize = 36, kVoiceRecordsEnd = 312;
 
 bool IsVoiceRecord(uint32_t place) {
-    return place >= kVoiceRecords && place < kVoiceRecordsEnd &&
+    using namespace named;
+    return place >= kVoiceRecords && place < kVoiceRecords + kVoiceRecordCount * kVoiceRecordSize &&
            (place - kVoiceRecords) % kVoiceRecordSize == 0;
 }
 
@@ -52,7 +52,7 @@ ObjectFilePlaces::ObjectFilePlaces() : _fields(static_cast<size_t>(ClassCount())
 }
 
 bool AimFits(Aim aim, int16_t target, uint32_t place) {
-    if (aim == Aim::Record) return target == kDocStaff && IsVoiceRecord(place);
+    if (aim == Aim::Record) return target == named::kDocStaff && IsVoiceRecord(place);
     if (place != 0) return false;
     switch (aim) {
         case Aim::Any:
@@ -60,19 +60,19 @@ bool AimFits(Aim aim, int16_t target, uint32_t place) {
         case Aim::Raw:
             return target == kRawClass;
         case Aim::Text:
-            return target == kRawClass || target == 11;
+            return target == kRawClass || target == named::kStringa;
         case Aim::Symbol:
-            return target == 23 || target == 24;
+            return target == named::kCompositeSymbol || target == named::kSimpleFont;
         case Aim::Font:
-            return target == 12;
+            return target == named::kTarnFont;
         case Aim::DocStaff:
-            return target == kDocStaff;
+            return target == named::kDocStaff;
         case Aim::Time:
-            return target == 32;
+            return target == named::kTime;
         case Aim::Staff:
-            return target == 5 || target == 8;
+            return target == named::kSimpleStaff || target == named::kStaffBot;
         case Aim::GenericText:
-            return target == 92;
+            return target == named::kGenericText;
         case Aim::Record:
             break;
     }

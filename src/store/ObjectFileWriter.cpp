@@ -4,6 +4,7 @@
 
 #include "base/BigEndian.h"
 #include "base/StoredSpace.h"
+#include "store/ClassSpans.h"
 #include "store/FileForm.h"
 #include "store/NewMemoryPool.h"
 #include "store/ObjectFile.h"
@@ -37,7 +38,7 @@ private:
 void ObjectFileWriter::NameClasses() {
     _index.ForEach([&](ObjectIndexBitmap::Object object) {
         const int16_t word = WordAt(object.start - kWordSize);
-        _streamSize += kWordSize + NewMemoryPool::SizeOf(object.start);
+        _streamSize += ClassSpans::OfWord(word);
         if (word < 0 || _ids[static_cast<size_t>(word)]) return;
         _classes.push_back(word);
         _ids[static_cast<size_t>(word)] = static_cast<uint16_t>(_classes.size());
@@ -58,10 +59,9 @@ bool ObjectFileWriter::EncodeField(const ObjectFilePlaces::Field& field, uint8_t
 }
 
 bool ObjectFileWriter::EncodeTyped(const uint8_t* object, int16_t number, uint8_t* file) {
-    uint8_t memory[kLargestRecord + 1];
+    uint8_t memory[kLargestRecord];
     const uint16_t size = InfoOf(number)->size;
     std::memcpy(memory, object, size);
-    memory[size] = 0;
     for (const ObjectFilePlaces::Field& field : ObjectFilePlaces::Instance().FieldsOf(number))
         if (!EncodeField(field, memory)) return false;
     FileForm::Of(number).Encode(memory, file);
@@ -70,7 +70,7 @@ bool ObjectFileWriter::EncodeTyped(const uint8_t* object, int16_t number, uint8_
 
 Status ObjectFileWriter::Write() {
     if (_index.Count() > kMostObjects)
-        return {Fault::Refused, "Can't save, the score has more than 16777215 objects"};
+        return {Fault::Refused, "Can't save, the score has more than " + std::to_string(kMostObjects) + " objects"};
     NameClasses();
     WriteHeader(_classes, _out);
     uint32_t number = 0, damaged = 0;
@@ -80,7 +80,7 @@ Status ObjectFileWriter::Write() {
         ++number;
         const int16_t word = WordAt(object.start - kWordSize);
         uint8_t* record = _out.data() + at;
-        at += kWordSize + NewMemoryPool::SizeOf(object.start);
+        at += ClassSpans::OfWord(word);
         WriteBig16(record, word < 0 ? static_cast<uint16_t>(word) : _ids[static_cast<size_t>(word)]);
         if (word < 0)
             std::memcpy(record + kWordSize, object.start, static_cast<size_t>(-word));

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "store/ClassInfo.h"
+#include "base/Assert.h"
+#include "store/ClassSpans.h"
 #include "store/NewMemoryPool.h"
 
 namespace corvane {
@@ -10,8 +11,23 @@ namespace corvane {
 ObjectIndexBitmap::ObjectIndexBitmap(const NewMemoryPool& pool)
     : _usable(pool.NewPoolSize() - kTrailerSize), _recordsPerBlock(_usable / kGranule / 64 + 1) {
     OrderBlocks(pool);
-    _records.resize(_order.size() * _recordsPerBlock);
     for (size_t i = 0; i < _order.size(); ++i) Mark(*_order[i], &_records[i * _recordsPerBlock]);
+    Number();
+}
+
+ObjectIndexBitmap::ObjectIndexBitmap(const NewMemoryPool& pool, std::span<const uint32_t> starts)
+    : _usable(pool.NewPoolSize() - kTrailerSize), _recordsPerBlock(_usable / kGranule / 64 + 1) {
+    OrderBlocks(pool);
+    for (const uint32_t start : starts) {
+        const auto* place = StoredSpace::At<const uint8_t>(start) - kWordSize;
+        const uint32_t order = _blockOfPage[static_cast<size_t>(place - _firstPage) / StoredSpace::kPage];
+        const auto granule = static_cast<uint32_t>(place - _order[order]->start) / kGranule;
+        _records[size_t{order} * _recordsPerBlock + granule / 64].bits |= uint64_t{1} << granule % 64;
+    }
+    Number();
+}
+
+void ObjectIndexBitmap::Number() {
     for (Record& record : _records) {
         record.before = _count;
         _count += static_cast<uint32_t>(std::popcount(record.bits));
@@ -34,6 +50,7 @@ void ObjectIndexBitmap::OrderBlocks(const NewMemoryPool& pool) {
                     static_cast<uint32_t>(_order.size()));
         _order.push_back(&block);
     }
+    _records.resize(_order.size() * _recordsPerBlock);
 }
 
 void ObjectIndexBitmap::Mark(const PoolBlock& block, Record* records) {
@@ -41,12 +58,16 @@ void ObjectIndexBitmap::Mark(const PoolBlock& block, Record* records) {
         const uint8_t* place = block.start + at;
         const int16_t word = WordAt(place);
         if (word == kHoleWord) {
-            at += reinterpret_cast<const Hole*>(place)->size.Get();
+            const uint32_t objDim = reinterpret_cast<const Hole*>(place)->size.Get();
+            CORVANE_ASSERT_AS(objDim && !(objDim % kGranule), "!(objDim%10)");
+            at += objDim;
         } else if (word == 0) {
             at += kGranule;
         } else {
+            const uint32_t span = ClassSpans::OfWord(word);
+            CORVANE_ASSERT_AS(span && !(span % kGranule), "!((objDim+2)%10)");
             records[at / kGranule / 64].bits |= uint64_t{1} << at / kGranule % 64;
-            at += word < 0 ? RawSpanOfWord(word) : TypedSpan(InfoOf(word)->size);
+            at += span;
         }
     }
 }

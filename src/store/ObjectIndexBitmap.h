@@ -5,6 +5,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "base/StoredSpace.h"
@@ -16,6 +17,10 @@ class ObjectIndexBitmap {
 public:
     // The pool's words must be sound.
     explicit ObjectIndexBitmap(const NewMemoryPool& pool);
+    // The same without a look at the pool's bytes, for who knows where all its objects stand: `starts` are
+    // their distances in the stored space.
+    ObjectIndexBitmap(const NewMemoryPool& pool, std::span<const uint32_t> starts);
+    ObjectIndexBitmap(const ObjectIndexBitmap&) = delete;
 
     struct Object {
         uint8_t* start = nullptr;  // behind its word; null where no object holds the address
@@ -37,13 +42,11 @@ public:
     // Calls visit(object) for each in the order of the numbers.
     template <class Visit>
     void ForEach(Visit visit) const {
-        for (size_t i = 0; i < _records.size(); ++i) {
-            const PoolBlock& block = *_order[i / _recordsPerBlock];
-            for (uint64_t bits = _records[i].bits; bits; bits &= bits - 1) {
-                const auto bit =
-                    static_cast<uint32_t>(i * 64) + static_cast<uint32_t>(std::countr_zero(bits));
-                visit(ObjectAt(block, bit));
-            }
+        for (uint32_t order = 0; order < _order.size(); ++order) {
+            const size_t first = size_t{order} * _recordsPerBlock;
+            for (size_t i = first; i < first + _recordsPerBlock; ++i)
+                for (uint64_t bits = _records[i].bits; bits; bits &= bits - 1)
+                    visit(ObjectAt(order, i * 64 + static_cast<size_t>(std::countr_zero(bits))));
         }
     }
 
@@ -56,6 +59,7 @@ private:
 
     void OrderBlocks(const NewMemoryPool& pool);
     void Mark(const PoolBlock& block, Record* records);
+    void Number();
     // The object at the granule or the nearest one before it.
     Object FindInBlock(uint32_t order, uint32_t granule) const {
         const size_t first = size_t{order} * _recordsPerBlock;
@@ -65,11 +69,11 @@ private:
             if (i == first) return {};
             bits = _records[--i].bits;
         }
-        return ObjectAt(*_order[order],
-                        static_cast<uint32_t>(i * 64) + 63 - static_cast<uint32_t>(std::countl_zero(bits)));
+        return ObjectAt(order, i * 64 + 63 - static_cast<size_t>(std::countl_zero(bits)));
     }
-    Object ObjectAt(const PoolBlock& block, uint32_t bit) const {
-        return {block.start + bit % (_recordsPerBlock * 64) * kGranule + kWordSize, bit};
+    Object ObjectAt(uint32_t order, size_t bit) const {
+        const size_t granule = bit - size_t{order} * _recordsPerBlock * 64;
+        return {_order[order]->start + granule * kGranule + kWordSize, static_cast<uint32_t>(bit)};
     }
 
     std::vector<const PoolBlock*> _order;  // from the Document's block along the ring; released ones left out

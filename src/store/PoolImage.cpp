@@ -88,7 +88,8 @@ bool Restoration::Prove() const {
     std::vector<Finding> faults;
     CheckBlocks(_pool, faults);
     if (!faults.empty()) return false;
-    VerifierGraph graph(_pool, faults, 1);
+    const ObjectIndexBitmap index(_pool);
+    VerifierGraph graph(_pool, index, faults, 1);
     graph.CheckObjects();
     if (faults.empty()) graph.CheckRings();
     return faults.empty();

@@ -4,7 +4,8 @@
 #include <cstring>
 
 #include "base/BigEndian.h"
-#include "store/ClassInfo.h"
+#include "store/ClassSpans.h"
+#include "store/NamedClasses.h"
 #include "store/ObjectHeader.h"
 
 namespace corvane {
@@ -14,16 +15,15 @@ const uint8_t kFileMagic[12] = {0x49, 0x46, 0x46, 0x19, 0x05, 0x08, 0x07, 0x08, 
 namespace {
 
 constexpr size_t kMagicAt = 2, kCountAt = 22, kNamesAt = 24, kLongestName = 39;
-constexpr int16_t kAbstractStaff = 9;
 constexpr uint32_t kRawSlack = 10;  // zero bytes behind a raw block in the file
 
 // Byte magics count with their 12 bytes, text magics as whole zero-ended texts.
 constexpr struct {
-    const char* magic;
+    const void* magic;
     size_t compared;
     bool legacy;
 } kMagics[] = {
-    {"\x49\x46\x46\x19\x05\x08\x07\x08\x09\x03\x0B\x0C", 12, false},
+    {kFileMagic, sizeof kFileMagic, false},
     {"\x01\x0C\x03\x19\x05\x08\x07\x08\x09\x03\x0B\x0C", 12, true},
     {"TARN_ICC_1.0", 13, false},
     {"TARN_WIN_1.0", 13, true},
@@ -109,8 +109,8 @@ bool ScoreStream::Next(Record& record) {
     } else {
         if (static_cast<size_t>(id) > _header.classes.size()) return Fail("an id beyond the table of names");
         record.word = _header.classes[static_cast<size_t>(id) - 1];
-        if (record.word == kAbstractStaff) return Fail("an object of the abstract class Staff");
-        record.length = ObjDim(InfoOf(record.word)->size);
+        if (record.word == named::kStaff) return Fail("an object of the abstract class Staff");
+        record.length = ClassSpans::OfWord(record.word) - kWordSize;
     }
     if (_bytes.size() - _at < kWordSize + record.length + slack) return Fail("an object that is cut short");
     record.at = _at - _header.stream;

@@ -23,7 +23,7 @@ constexpr std::array<int16_t, SessionPreferences::kWordCount> kDefaultWords = {
     100,  100,  0,    0,    1,    1,    0,    1,    0,   1,   0,   1,   617, 100, 0,   0,   0,  // 65
     60,   5,    3,                                                                              // 82
     1,    1,    0,    1,    1,    1,    1,    1,    1,   1,   1};                               // 85
-static_assert(kDefaultWords[SessionPreferences::kMeasuresPerSystem] == 5 && kDefaultWords[82] == 60);
+static_assert(kDefaultWords[83] == 5 && kDefaultWords[82] == 60);
 static_assert(kDefaultWords[37] == 6001 && kDefaultWords[45] == 1 && kDefaultWords[77] == 617);
 
 constexpr std::array<float, 8> kDefaultSpacing = {11.5f, 9.0f, 6.6f, 4.0f, 2.81f, 1.41f, 1.41f, 1.41f};

@@ -14,7 +14,7 @@ namespace corvane {
 class SettingsStore;
 
 struct SessionPreferences {
-    static constexpr int kWordCount = 96, kMeasuresPerSystem = 83, kSystemsPerPage = 84, kPairDistance = 2;
+    static constexpr int kWordCount = 96;
 
     std::array<int16_t, kWordCount> words;  // "Preferenze"; DefaultSessionPreferences tells each default
     std::array<float, 8> spacing;           // "Spaziature": whole to 1/128

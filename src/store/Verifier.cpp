@@ -22,15 +22,16 @@ std::vector<Finding> CheckPool(const NewMemoryPool& pool, std::span<const void* 
     std::vector<Finding> findings;
     CheckBlocks(pool, findings);
     if (!findings.empty()) return findings;
-    VerifierGraph graph(pool, findings, limit);
+    const ObjectIndexBitmap index(pool);
+    VerifierGraph graph(pool, index, findings, limit);
     graph.CheckObjects();
     if (!findings.empty()) return findings;
     graph.CheckRings();
     if (!findings.empty()) return findings;
     for (const void* object : graph.Unreached(kept)) {
         if (findings.size() == limit) break;
-        findings.push_back({graph.Index().NumberOf(graph.Index().Find(object)), ClassNumberOf(object), -1,
-                            "nothing leads to the object"});
+        findings.push_back(
+            {index.NumberOf(index.Find(object)), ClassNumberOf(object), -1, "nothing leads to the object"});
     }
     return findings;
 }

@@ -2,6 +2,7 @@
 
 #include "base/StoredSpace.h"
 #include "store/ClassInfo.h"
+#include "store/NamedClasses.h"
 #include "store/NewMemoryPool.h"
 #include "store/Verifier.h"
 
@@ -14,7 +15,7 @@ struct Holes {
 };
 
 bool IsObjectWord(int16_t word) {
-    return word > 0 && word <= ClassCount() && InfoOf(word)->size && word != 9;
+    return word > 0 && word <= ClassCount() && InfoOf(word)->size && word != named::kStaff;
 }
 
 // The holes met on the way through a block; false where the way breaks off.

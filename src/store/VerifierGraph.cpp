@@ -1,9 +1,12 @@
 #include "store/VerifierGraph.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
+#include <utility>
 
 #include "base/StoredSpace.h"
+#include "store/NamedClasses.h"
 #include "store/NewMemoryPool.h"
 #include "store/VerifierEnds.h"
 
@@ -19,12 +22,25 @@ uint32_t PointerAt(const uint8_t* place) {
 }
 const uint8_t* Follow(uint32_t distance) { return StoredSpace::At<const uint8_t>(distance); }
 
+// Hands each item out some turns after it came in: until then what it leads to is on its way from memory.
+template <class T>
+class Delay {
+public:
+    static constexpr size_t kTurns = 8;
+    T Turn(const T& in) { return std::exchange(_items[_turn++ % kTurns], in); }
+
+private:
+    std::array<T, kTurns> _items{};
+    size_t _turn = 0;
+};
+
 bool IsHolderOfRaw(Aim aim) { return aim == Aim::Text || aim == Aim::Raw || aim == Aim::Any; }
 
 }  // namespace
 
-VerifierGraph::VerifierGraph(const NewMemoryPool& pool, std::vector<Finding>& findings, size_t limit)
-    : _pool(pool), _index(pool), _findings(findings), _limit(limit), _held(_index.BitCount()) {}
+VerifierGraph::VerifierGraph(const NewMemoryPool& pool, const ObjectIndexBitmap& index,
+                             std::vector<Finding>& findings, size_t limit)
+    : _pool(pool), _index(index), _findings(findings), _limit(limit), _held(_index.BitCount()) {}
 
 void VerifierGraph::Add(Object object, int32_t offset, const char* text) {
     if (_findings.size() < _limit)
@@ -39,7 +55,7 @@ void VerifierGraph::CheckObjects(bool pointersProven) {
         ++number;
         const int16_t word = WordOf(object);
         if (word < 0) return;
-        if (word == 1 && (++documents > 1 || number > 1 || object.start != _pool.DocumentObject()))
+        if (word == named::kDocument && (++documents > 1 || number > 1 || object.start != _pool.DocumentObject()))
             Add(object, -1, "a Document that is not the one first object");
         CheckObject(object, word, pointersProven);
     });
@@ -91,11 +107,25 @@ void VerifierGraph::CheckChildEnds(Object object, int16_t number) {
 // ---- rings
 
 void VerifierGraph::CheckRings() {
+    struct Ring {
+        Object parent;
+        const TopOfRing* top = nullptr;
+    };
+    Delay<Ring> coming;
+    const auto walk = [&](const Ring& ring) {
+        if (ring.top) WalkRing(ring.parent, *ring.top, nullptr);
+    };
     _index.ForEach([&](Object object) {
         const int16_t word = WordOf(object);
         if (word < 0) return;
-        for (const TopOfRing& top : EndsOf(word).tops) WalkRing(object, top, nullptr);
+        for (const TopOfRing& top : EndsOf(word).tops) {
+            const uint32_t last = PointerAt(object.start + top.last);
+            if (!last) continue;
+            __builtin_prefetch(Follow(last));
+            walk(coming.Turn({object, &top}));
+        }
     });
+    for (size_t i = 0; i < coming.kTurns; ++i) walk(coming.Turn({}));
     std::sort(_withoutSource.begin(), _withoutSource.end());
     const auto twice = std::adjacent_find(_withoutSource.begin(), _withoutSource.end());
     if (twice != _withoutSource.end()) Add(_index.Find(Follow(*twice)), -1, "two parents share a ring");
@@ -151,17 +181,40 @@ std::vector<void*> VerifierGraph::Unreached(std::span<const void* const> kept) c
         if (!object.start || reached[object.bit]) return;
         reached[object.bit] = true;
         ++count;
-        if (WordOf(object) > 0) open.push_back(object);
+        open.push_back(object);
     };
+    // The links that a class can be left by, each with what it led to the last time: brothers have one
+    // parent, and many heads one symbol. A prev leads nowhere that the next of its ring does not.
+    struct Way {
+        uint16_t offset;
+        uint32_t last;
+    };
+    std::vector<std::vector<Way>> ways(static_cast<size_t>(ClassCount()) + 1);
+    for (size_t number = 1; number < ways.size(); ++number)
+        for (const ObjectFilePlaces::Field& field : _places.FieldsOf(static_cast<int16_t>(number)))
+            if (field.link.role != LinkRole::Prev) ways[number].push_back({field.link.offset, 0});
     reach(_pool.DocumentObject());
     for (const void* place : kept) reach(place);
-    while (!open.empty()) {
-        const Object object = open.back();
-        open.pop_back();
-        // A prev leads nowhere that the next of its ring does not.
-        for (const ObjectFilePlaces::Field& field : _places.FieldsOf(WordOf(object)))
-            if (field.link.role != LinkRole::Prev)
-                if (const uint32_t value = PointerAt(object.start + field.link.offset)) reach(Follow(value));
+    const auto leave = [&](const Object& object) {
+        if (WordOf(object) < 0) return;
+        for (Way& way : ways[static_cast<size_t>(WordOf(object))]) {
+            const uint32_t value = PointerAt(object.start + way.offset);
+            if (!value || value == way.last) continue;
+            way.last = value;
+            reach(Follow(value));
+        }
+    };
+    Delay<Object> coming;
+    for (size_t idle = 0; idle < coming.kTurns;) {
+        Object next;
+        if (!open.empty()) {
+            next = open.back();
+            open.pop_back();
+            __builtin_prefetch(next.start);
+        }
+        const Object object = coming.Turn(next);
+        idle = object.start || next.start ? 0 : idle + 1;
+        if (object.start) leave(object);
     }
     std::vector<void*> left;
     if (count < _index.Count())

@@ -15,7 +15,9 @@ struct TopOfRing;
 
 class VerifierGraph {
 public:
-    VerifierGraph(const NewMemoryPool& pool, std::vector<Finding>& findings, size_t limit);
+    // The index is the pool's, and outlives this.
+    VerifierGraph(const NewMemoryPool& pool, const ObjectIndexBitmap& index, std::vector<Finding>& findings,
+                  size_t limit);
 
     // Every pointer on a place that its field may lead to, texts ended and held once, child ends linked
     // wholly or not at all, one Document, first. What follows may only be asked when this finds nothing.
@@ -26,7 +28,6 @@ public:
     void CheckRings();
     // Objects to which no way leads from the Document or from `kept`, in the order of their numbers.
     std::vector<void*> Unreached(std::span<const void* const> kept) const;
-    const ObjectIndexBitmap& Index() const { return _index; }
 
 private:
     using Object = ObjectIndexBitmap::Object;
@@ -41,7 +42,7 @@ private:
 
     const NewMemoryPool& _pool;
     const ObjectFilePlaces& _places = ObjectFilePlaces::Instance();
-    const ObjectIndexBitmap _index;
+    const ObjectIndexBitmap& _index;
     std::vector<Finding>& _findings;
     const size_t _limit;
     std::vector<bool> _held;               // raw blocks that a field holds, by bit of the index

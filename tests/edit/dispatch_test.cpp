@@ -1,6 +1,10 @@
 // Tools, keys, places under a point, deletion, undo.
+#include <limits>
+
+#include "edit/CommandTable.h"
 #include "edit_fixture.h"
 #include "layout/NoteGeometry.h"
+#include "model/Preferences.h"
 
 namespace corvane {
 namespace {
@@ -132,6 +136,44 @@ TEST_F(Dispatch, WindowsKeepTheirScoresApart) {
     window.reset();
     EXPECT_EQ(WindowTarn::instance, nullptr);
     EXPECT_EQ(WindowTarn::wndCounter, 0);
+}
+
+TEST_F(Dispatch, APressBeyondAllPagesIsTakenAsFarAway) {
+    constexpr int32_t kLeast = std::numeric_limits<int32_t>::min(), kMost = std::numeric_limits<int32_t>::max();
+    Item(kQuarter);
+    MouseDown(*window, kMost, kMost, 0);
+    MouseDown(*window, kLeast, kLeast, 0);
+    SetToolMode(ModeArrow);
+    MouseDown(*window, kLeast, kMost, 0);
+    MouseMove(*window, kMost, kLeast);
+    MouseUp(*window, kMost, kLeast);
+    EXPECT_FALSE(window->interaction);
+    ASSERT_EQ(Events(1, 1).size(), 1u);
+    EXPECT_GT(chordNotes.First(As<Chords>(Events(1, 1)[0]))->_line, 1000);
+    ASSERT_EQ(Events(6, 2).size(), 1u);
+    EXPECT_LT(chordNotes.First(As<Chords>(Events(6, 2)[0]))->_line, -1000);
+    ExpectSound();
+}
+
+TEST_F(Dispatch, SpacingAndBeamingAreTheScoresOwnAndNoUndoTakesThemBack) {
+    Enter(kQuarter, 1, 1, 0, 5);
+    ASSERT_TRUE(RunCommand(*window, 32808));
+    ASSERT_FALSE(Switches().autoBeam);
+    EXPECT_TRUE(window->CanUndo()) << "the note";
+    window->Undo();
+    EXPECT_TRUE(Events(1, 1).empty());
+    EXPECT_FALSE(Switches().autoBeam);
+    EXPECT_EQ(Preferences<PowerEditPref>(Score())->_autoBeam, 0);
+
+    {
+        const auto other = Open("S", 2, 1);
+        EXPECT_TRUE(Switches().autoBeam) << "a new score has it on";
+        window->Activate();
+        EXPECT_FALSE(Switches().autoBeam);
+        other->Activate();
+    }
+    EXPECT_FALSE(Switches().autoBeam) << "the window that is left is the active one";
+    ExpectSound();
 }
 
 }  // namespace

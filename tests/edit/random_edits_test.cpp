@@ -2,7 +2,11 @@
 #include <cstdlib>
 #include <random>
 
+#include "base/Notify.h"
+#include "edit/Clipboard.h"
+#include "edit/CommandTable.h"
 #include "edit_fixture.h"
+#include "play/MIDIUtility.h"
 #include "state_keeper.h"
 
 namespace corvane {
@@ -35,16 +39,39 @@ protected:
 
     void RandomStep() {
         switch (Pick(0, 11)) {
-            case 0: return window->Undo();
-            case 1: return window->Redo();
-            case 2: return SetCurrentVoice(static_cast<uint16_t>(Pick(0, 3)));
-            case 3: return KeyChar(*window, "adefgnprs12345678"[Pick(0, 16)]);
-            default: return RandomPress();
+            case 0:
+                return window->Undo();
+            case 1:
+                return window->Redo();
+            case 2:
+                return SetCurrentVoice(static_cast<uint16_t>(Pick(0, 3)));
+            case 3:
+                return KeyChar(*window, "adefgnprs12345678"[Pick(0, 16)]);
+            default:
+                return RandomPress();
         }
     }
 
     std::mt19937 _random{Seed()};
 };
+
+// The events that the edits have kept are those that the notation gives.
+TEST_F(RandomEdits, KeepTheEventsThatTheNotationTells) {
+    int edits = 0;
+    for (int step = 0; step < StepCount(); ++step) {
+        SCOPED_TRACE("step " + std::to_string(step));
+        RandomStep();
+        if (step % 10) continue;
+        const std::string kept = Notes();
+        const EditStep rebuilding(*window);
+        for (const DocStaff* staff : documentDocStaffs.Of(Score()))
+            for (const MeasureStaff* crossing : docStaffMeasureStaffs.Of(staff))
+                for (Voice* voice : measureStaffVoices.Of(crossing)) RebuildVoiceEvents(voice);
+        ASSERT_EQ(kept, Notes());
+        edits += !kept.empty();
+    }
+    EXPECT_GT(edits, StepCount() / 20);
+}
 
 TEST_F(RandomEdits, StaySoundAndUndoEveryByte) {
     StateKeeper keeper(*window);
@@ -68,6 +95,72 @@ TEST_F(RandomEdits, StaySoundAndUndoEveryByte) {
         if (HasFailure()) break;
     }
     EXPECT_TRUE(HasFailure() || keeper.commands > StepCount() / 3) << "the steps must really edit";
+}
+
+// The same with selections, clipboard and two scores.
+class RandomClipboard : public RandomEdits {
+protected:
+    void SetUp() override {
+        RandomEdits::SetUp();
+        other = Open("SD", 2, 3);
+        window->Activate();
+        SetNotifySink([](Severity, std::string_view) { ++refusals; });
+    }
+    void TearDown() override { SetNotifySink(nullptr); }
+
+    void RandomSelection() {
+        const int measure = Pick(1, 6);
+        const Point a = At(measure, Pick(1, 2), Pick(-100, 900), Pick(5, 30));
+        const Point b = At(Pick(measure, 6), 2, Pick(0, 1100), Pick(-20, 0));
+        if (Pick(0, 3)) window->TheSelection().Clear();
+        window->TheSelection().Add(Rect{a.x, a.y, b.x, b.y}.Normalised());
+        if (Pick(0, 20) == 0) window->TheSelection().SelectAll();
+    }
+    void RandomCaret() {
+        const int measure = Pick(1, 6), staff = Pick(1, 2);
+        window->caret = {MeasureNumber(measure), StaffNumber(staff), At(measure, staff, Pick(-50, 1050), 5).x,
+                         true};
+    }
+    void RandomClipboardStep() {
+        static constexpr int kCommands[] = {57635, 57634, 57637, 57637, 57637, 32774};
+        RandomSelection();
+        RandomCaret();
+        (void)RunCommand(*window, kCommands[Pick(0, 5)]);
+    }
+    void ExpectAllSound() {
+        for (WindowTarn* of : {window.get(), other.get()})
+            for (const Finding& finding : CheckScore(*of->Pool(), ClipboardRoots(*of->Pool())))
+                ADD_FAILURE() << TextOf(finding);
+    }
+
+    std::unique_ptr<WindowTarn> other;
+    static inline int refusals = 0;
+};
+
+TEST_F(RandomClipboard, StaysSoundAndUndoesEveryByte) {
+    for (int step = 0; step < StepCount(); ++step) {
+        SCOPED_TRACE("step " + std::to_string(step));
+        if (Pick(0, 30) == 0) std::swap(window, other);
+        window->Activate();
+        StateKeeper keeper(*window);
+        refusals = 0;
+        if (Pick(0, 2) == 0)
+            RandomClipboardStep();
+        else
+            RandomStep();
+        ExpectAllSound();
+        // Behind a refused paste nothing can be undone.
+        if (keeper.commands && !refusals && window->CanUndo()) {
+            const PoolState after = PoolState::Of(*window->Pool());
+            window->Undo();
+            EXPECT_EQ(PoolState::Of(*window->Pool()), keeper.before);
+            ExpectAllSound();
+            window->Redo();
+            EXPECT_EQ(PoolState::Of(*window->Pool()), after);
+            ExpectAllSound();
+        }
+        if (HasFailure()) break;
+    }
 }
 
 }  // namespace

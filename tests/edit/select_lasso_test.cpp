@@ -1,5 +1,6 @@
 // Rubber band, clicks, and what lies in a selection.
 #include "edit/CommandTable.h"
+#include "edit/MeasureRange.h"
 #include "edit/TarnSelect.h"
 #include "edit_fixture.h"
 #include "layout/NoteGeometry.h"
@@ -54,6 +55,21 @@ TEST_F(Select, EveryCornerMayBeTheFirst) {
         ASSERT_EQ(rects.size(), 1u);
         EXPECT_EQ(rects[0], (Rect{a.x, a.y, b.x, b.y}));
     }
+}
+
+TEST_F(Select, APlayStartsAtTheSelectionElseAtTheCaretElseAtTheFirstMeasure) {
+    EXPECT_EQ(PlayStart(*window), nullptr);
+    Click(Paper());
+    EXPECT_EQ(PlayStart(*window), MeasureNumber(3)) << "the caret";
+    DragMeasure(2, 1, -20, 1000);
+    Click(Paper(), kShift);
+    EXPECT_EQ(PlayStart(*window), MeasureNumber(2)) << "the selection, before the caret";
+    SetToolMode(ModePencil);
+    ApplyToolMode();
+    window->TheSelection().Clear();
+    EXPECT_EQ(PlayStart(*window), nullptr) << "a caret that is not shown";
+    window->TheSelection().SelectAll();
+    EXPECT_EQ(PlayStart(*window), MeasureNumber(1));
 }
 
 TEST_F(Select, TheBandIsShownFromPressToReleaseAndThenSelects) {

@@ -74,20 +74,21 @@ protected:
         EXPECT_EQ(window->Sheet().CurrentPage(), window->CurrentPage());
     }
 
-    // Each system is as wide as its page, its staves too, and its measures use that up but for what is told
-    // of the next system at its end.
+    // Each system is as wide as its page but for its indent, its staves too, and its measures use that up but
+    // for what is told of the next system at its end.
     void ExpectFitted() {
         for (const Page* page : documentPages.Of(Score()))
             for (const System* system : pageSystems.Of(page)) {
                 const int32_t width = Document::pageWidth - page->_leftMargin - page->_rightMargin;
-                ASSERT_EQ(system->_right - system->_left, width);
-                for (const Staff* staff : StaffsFromTop(system)) ASSERT_EQ(staff->_right, width);
+                ASSERT_EQ(system->_right, width);
+                for (const Staff* staff : StaffsFromTop(system))
+                    ASSERT_EQ(staff->_right, width - system->_left);
                 int32_t right = 0;
                 for (const Measure* measure : systemMeasures.Of(system)) {
                     ASSERT_EQ(measure->_left, right);
                     right = measure->_right;
                 }
-                ASSERT_EQ(right, width - CourtesyWidth(system))
+                ASSERT_EQ(right, width - system->_left - CourtesyWidth(system))
                     << "measure " << systemMeasures.Last(system)->_number;
             }
     }

@@ -10,7 +10,7 @@
 namespace corvane::house {
 namespace {
 
-constexpr int kMostLines = 600;
+constexpr int kMostLines = 400;
 
 constexpr std::string_view kOrder[] = {"base", "store",       "graphics", "model",    "layout", "play",
                                        "edit", "interchange", "session",  "platform", "shell",  "cli"};

@@ -51,13 +51,13 @@ class Desk:
 
     def __enter__(self):
         read, write = os.pipe()
-        self._spawn(["Xvfb", "-displayfd", str(write), "-screen", "0", "1400x1000x24", "-nolisten", "tcp"],
+        self.spawn(["Xvfb", "-displayfd", str(write), "-screen", "0", "1400x1000x24", "-nolisten", "tcp"],
                     pass_fds=[write])
         os.close(write)
         with os.fdopen(read) as pipe:
             self.env["DISPLAY"] = ":" + pipe.readline().strip()
         ready = self.path("ready")  # a window that comes before it may be left without the keyboard
-        self._spawn(["openbox", "--startup", f"touch {ready}"])
+        self.spawn(["openbox", "--startup", f"touch {ready}"])
         wait_for(lambda: os.path.exists(ready), "the window manager")
         return self
 
@@ -71,13 +71,14 @@ class Desk:
                 process.wait()
         shutil.rmtree(self.home, ignore_errors=True)
 
-    def _spawn(self, command, **more):
-        process = subprocess.Popen(command, env=self.env, cwd=self.home, stdin=subprocess.DEVNULL,
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **more)
+    def spawn(self, command, into=os.devnull, **more):
+        with open(into, "wb") as out:
+            process = subprocess.Popen(command, env=self.env, cwd=self.home, stdin=subprocess.DEVNULL, stdout=out,
+                                       stderr=subprocess.DEVNULL, **more)
         self.running.append(process)
         return process
 
-    def _run(self, *command):
+    def run(self, *command):
         return subprocess.run(command, env=self.env, capture_output=True, text=True, check=False).stdout
 
     def path(self, name):
@@ -90,17 +91,17 @@ class Desk:
         if os.path.exists(self.map_path):
             os.remove(self.map_path)
         begin = time.time() * 1000
-        process = self._spawn([program, *arguments])
+        process = self.spawn([program, *arguments])
         painted = wait_for(lambda: self.words("painted"), "the first paint")
         self.focus()
         return process, int(painted[0][0]) - begin
 
     def focus(self):
         """Waits until the program's window has the keyboard."""
-        wait_for(lambda: "Corvane" in self._run("xdotool", "getactivewindow", "getwindowname"), "the window")
+        wait_for(lambda: "Corvane" in self.run("xdotool", "getactivewindow", "getwindowname"), "the window")
 
     def active_window(self):
-        return self._run("xdotool", "getactivewindow", "getwindowname").strip()
+        return self.run("xdotool", "getactivewindow", "getwindowname").strip()
 
     # ---- the map of the window
 
@@ -115,12 +116,17 @@ class Desk:
     def title(self):
         return " ".join(self.words("title")[0])
 
+    def area(self, name):
+        """x, y, width and height of a named part of the window."""
+        for *numbers, found in ((*line[:4], " ".join(line[4:])) for line in self.words("widget")):
+            if found == name:
+                return tuple(int(n) for n in numbers)
+        raise Failure(f'the window has no "{name}"')
+
     def widget(self, name):
         """The middle of a named part of the window."""
-        for x, y, width, height, *words in self.words("widget"):
-            if " ".join(words) == name:
-                return int(x) + int(width) // 2, int(y) + int(height) // 2
-        raise Failure(f'the window has no "{name}"')
+        x, y, width, height = self.area(name)
+        return x + width // 2, y + height // 2
 
     def settled(self):
         """Lets the program come to rest, so that the map tells where things are now."""
@@ -132,7 +138,7 @@ class Desk:
     # ---- hands
 
     def press(self, x, y):
-        self._run("xdotool", "mousemove", str(x), str(y), "click", "1")
+        self.run("xdotool", "mousemove", str(x), str(y), "click", "1")
         time.sleep(0.03)
 
     def press_page(self, x, y):
@@ -145,15 +151,15 @@ class Desk:
 
     def point_page(self, x, y):
         left, top, scale = (float(word) for word in self.words("view")[0])
-        self._run("xdotool", "mousemove", str(round(left + x * scale)), str(round(top + y * scale)))
+        self.run("xdotool", "mousemove", str(round(left + x * scale)), str(round(top + y * scale)))
 
     def key(self, *names):
         """Keys by their names, such as ctrl+s or Return."""
-        self._run("xdotool", "key", "--delay", "30", *names)
+        self.run("xdotool", "key", "--delay", "30", *names)
         time.sleep(0.05)
 
     def type(self, text):
-        self._run("xdotool", "type", "--delay", "8", text)
+        self.run("xdotool", "type", "--delay", "8", text)
         time.sleep(0.05)
 
     def dialog(self, title):

@@ -8,9 +8,9 @@
 #include <fstream>
 
 #include "base/BigEndian.h"
+#include "model/SessionPreferences.h"
 #include "platform/files/FileSettings.h"
 #include "platform/files/PosixFiles.h"
-#include "store/SettingsStorePreferences.h"
 
 namespace corvane {
 namespace {
@@ -191,7 +191,7 @@ TEST_F(Files, TheFirstRunWritesAllPreferencesAndTheSecondReadsThem) {
     FileSettings settings(files, folder);
     ASSERT_TRUE(ReadSessionPreferences(settings, preferences));
     EXPECT_EQ(preferences.staffString, "D");
-    EXPECT_EQ(preferences.words[SessionPreferences::kMeasuresPerSystem], 5);
+    EXPECT_EQ(GetWord(preferences, SessionWord::MeasuresPerSystem), 5);
     EXPECT_EQ(preferences.words[49], -10);
     EXPECT_EQ(preferences.spacing[4], 2.81f);
     EXPECT_EQ(preferences.soundNames[2][127], "128");

@@ -19,6 +19,11 @@ class SmallScore : public ::testing::Test {
 protected:
     SmallScore() {
         RegisterClasses();
+        NewScore();
+    }
+    // An empty one in place of what there is.
+    void NewScore() {
+        if (_pool) MemoryManager::Instance().DeletePool(_pool);
         _pool = MemoryManager::Instance().NewPool();
         document = Make<Document>();
         Page* page = Make<Page>();

@@ -29,8 +29,7 @@ protected:
     // Note-ons on the click's port as "TICK:PITCH", those of the notes as "TICK:note".
     std::string Starts(const ClickSettings& click, int velocities = 0) {
         std::string sent;
-        DryPlay(
-            document, [&](std::string_view line) { sent += line; }, nullptr, click);
+        DryPlay(document, [&](std::string_view line) { sent += line; }, nullptr, {.click = click});
         std::istringstream lines(sent);
         std::string text;
         for (int tick, port, status, key, velocity; lines >> tick >> port >> status >> key >> velocity;) {
@@ -47,8 +46,7 @@ TEST_F(Click, MarksBarsAndBeatsAndStopsEachClick) {
     ClickSettings click = LoudClick(0);
     EXPECT_EQ(Starts(click), "120:note 120:80 360:70 600:70 ");
     std::string sent;
-    DryPlay(
-        document, [&](std::string_view line) { sent += line; }, nullptr, click);
+    DryPlay(document, [&](std::string_view line) { sent += line; }, nullptr, {.click = click});
     EXPECT_EQ(sent.substr(0, sent.find("360 ")),
               "120 -1 144 60 64\n"
               "120 3 201 1 0\n"

@@ -192,8 +192,7 @@ TEST_F(Walker, HasNothingToDoWithoutElements) {
     click.on = true;
     click.port = 0;
     std::string text;
-    DryPlay(
-        document, [&](std::string_view line) { text += line; }, nullptr, click);
+    DryPlay(document, [&](std::string_view line) { text += line; }, nullptr, {.click = click});
     EXPECT_EQ(text, "");
 }
 

@@ -79,6 +79,30 @@ TEST_F(BackupTest, WhatSomebodyElseWroteMeanwhileIsKeptAndTheSameIsNotKeptTwice)
     EXPECT_FALSE(backups.Keep(Path("pipe"))) << "what cannot be read cannot be kept";
 }
 
+TEST_F(BackupTest, APersonIsToldWhenASaveReplacesWhatAnotherProgramWrote) {
+    static std::string told;
+    SetNotifySink([](Severity, std::string_view text) { told = text; });
+    session = Start();
+    WindowTarn* window = session->NewScore();
+    const auto save = [&] {
+        told.clear();
+        EXPECT_TRUE(session->Save(*window, Path("s.cvm")));
+        return told;
+    };
+    EXPECT_EQ(save(), "");
+    EXPECT_EQ(save(), "");
+    Status status;
+    session->Close(window);
+    ASSERT_TRUE(window = session->Open(Path("s.cvm"), status));
+    EXPECT_EQ(save(), "") << "it is as it was opened";
+    Put("s.cvm", "theirs");
+    EXPECT_EQ(save(),
+              "Another program had changed s.cvm in the meantime. What it had written is kept as a backup.");
+    EXPECT_EQ(Read(session->FindBackups().at(0).path), "theirs");
+    EXPECT_EQ(save(), "");
+    SetNotifySink(nullptr);
+}
+
 TEST_F(BackupTest, ABackupOpensAsAScoreOfItsOwn) {
     session = Start();
     WindowTarn* window = session->NewScore();

@@ -8,11 +8,12 @@
 #include "platform/fluidsynth/PeakLimiter.h"
 #include "platform/fluidsynth/SynthEngine.h"
 #include "platform/fluidsynth/WavWriter.h"
+#include "play/SoundClock.h"
 
 namespace corvane {
 namespace {
 
-constexpr int kUnitsPerSecond = 250;
+constexpr int kUnitsPerSecond = 1000 / SoundClock::kUnitMilliseconds;
 constexpr int kLongestTail = 8 * kUnitsPerSecond;
 constexpr int kQuietEnd = kUnitsPerSecond / 4;  // as long as this without sound, it has ended
 constexpr int kAudible = 8;                     // of 32767

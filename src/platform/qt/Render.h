@@ -17,6 +17,8 @@ class GraphicPort;
 
 // 1435 page units are an inch of paper.
 inline constexpr int32_t kUnitsPerPaperInch = 1435;
+// Of a picture for a screen.
+inline constexpr int32_t kScreenDpi = 96;
 
 struct PagesToRender {
     int32_t width = 0, height = 0;  // of a page, in page units

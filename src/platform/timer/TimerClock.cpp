@@ -14,7 +14,7 @@ namespace corvane {
 namespace {
 
 constexpr int64_t kMillisecond = 1'000'000;  // nanoseconds
-constexpr int64_t kUnit = 4 * kMillisecond;
+constexpr int64_t kUnit = SoundClock::kUnitMilliseconds * kMillisecond;
 
 int64_t MonotonicNow() {
     timespec t{};

@@ -1,0 +1,195 @@
+// What the clipboard holds, from a copy or cut to the next, through undo and redo of a cut.
+//
+// A cut leaves its objects unlinked in the pool. As long as an undo can still reach a state with them, they
+// stay; they are destroyed when the next command of their window begins, or, for a copy or cut in another
+// window, at once, whereupon their window can undo nothing.
+#include "edit/Clipboard.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Assert.h"
+#include "edit/ClipboardState.h"
+#include "edit/TarnSelect.h"
+#include "edit/ToolState.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+#include "play/MIDIUtility.h"
+
+namespace corvane {
+namespace {
+
+// A cut whose lists are not the clipboard's any more, or not now.
+struct CutAside {
+    enum class State { Completed, Undone };
+    State state;
+    Clipboard cut;
+};
+std::vector<CutAside>& CutsAside() {
+    static std::vector<CutAside> aside;
+    return aside;
+}
+
+std::vector<int16_t> VelocitiesOf(const VoiceSymbol* symbol) {
+    std::vector<int16_t> velocities;
+    if (const auto* chord = As<Chords>(symbol))
+        for (const GenericNote* note : chordNotes.Of(chord)) {
+            const NoteOn* on = NoteOnOf(note);
+            velocities.push_back(on ? on->_velocity.Get() : int16_t{0});
+        }
+    return velocities;
+}
+
+int NumberOf(const DocStaff* staff) {
+    int number = 0;
+    for (const DocStaff* other : documentDocStaffs.Of(documentDocStaffs.ParentOf(staff))) {
+        if (other == staff) break;
+        ++number;
+    }
+    return number;
+}
+
+ClipPlace PlaceOf(const MeasureStaff* crossing, int32_t x, int16_t voice) {
+    return {MeasurePar(crossing)->_number, NumberOf(DocStaffPar(crossing)), voice, ClefInForce(crossing, x)};
+}
+
+void TakeFirst(Clipboard& clips, const ClipPlace& place) {
+    clips.ClipFirstMeasure =
+        clips.ClipFirstMeasure ? std::min(clips.ClipFirstMeasure, place.measure) : place.measure;
+    clips.ClipFirstStaff = clips.ClipHasStaff ? std::min(clips.ClipFirstStaff, place.staff) : place.staff;
+    clips.ClipHasStaff = true;
+}
+
+template <class List>
+void KeepLiving(List& list, const std::unordered_set<const void*>& living) {
+    std::erase_if(list, [&](const auto& clip) { return !living.contains(clip.object); });
+}
+
+template <class List>
+void AddObjects(std::vector<const void*>& objects, const List& list) {
+    for (const auto& clip : list) objects.push_back(clip.object);
+}
+
+std::vector<const void*> ObjectsOf(const Clipboard& clips) {
+    std::vector<const void*> objects;
+    AddObjects(objects, clips.ClipVoiceSymbols);
+    AddObjects(objects, clips.ClipDinamiche);
+    return objects;
+}
+
+}  // namespace
+
+Clipboard& ClipboardState() {
+    static Clipboard clips;
+    return clips;
+}
+const Clipboard& TheClipboard() { return ClipboardState(); }
+
+void EndLastCut() {
+    Clipboard& clips = ClipboardState();
+    if (!clips.cutInSourcePending) return;
+    WindowTarn* source = clips.sourceWindow;
+    CORVANE_ASSERT_AS(source, "sourceWindow");
+    CutsAside().push_back({CutAside::State::Completed, std::exchange(clips, {})});
+    if (WindowTarn::instance == source) return;
+    const PoolScope scope(source->Pool());
+    ClipboardCommandBegins(*source);
+    source->ForgetUndo();
+}
+
+Clipboard CollectClips(WindowTarn& window, int voice) {
+    Clipboard clips;
+    clips.sourceWindow = &window;
+    for (VoiceSymbol* symbol : SelectedVoiceSymbols(voice)) {
+        const ClipPlace place = PlaceOf(MeasureStaffPar(symbol), XOf(symbol), VoicePar(symbol)->_number);
+        clips.ClipVoiceSymbols.push_back({{symbol, place}, VelocitiesOf(symbol)});
+        TakeFirst(clips, place);
+    }
+    for (Dinamiche* sign : SelectedDinamiche()) {
+        const ClipPlace place = PlaceOf(MeasureStaffPar(sign), sign->_x, 0);
+        clips.ClipDinamiche.push_back({sign, place});
+        TakeFirst(clips, place);
+    }
+    return clips;
+}
+
+void DropDeadClips(Clipboard& clips) {
+    const auto living = clips.sourceWindow->Pool()->Living(ObjectsOf(clips));
+    KeepLiving(clips.ClipVoiceSymbols, living);
+    KeepLiving(clips.ClipDinamiche, living);
+    std::erase_if(clips.ClipVoiceSymbols, [](const ClipVoiceSymbol& clip) {
+        return !VoiceSymbol::IsHeir(ClassNumberOf(clip.object));
+    });
+    std::erase_if(clips.ClipDinamiche, [](const Clip<Dinamiche>& clip) {
+        return ClassNumberOf(clip.object) != Dinamiche::kClass;
+    });
+}
+
+void Copy(WindowTarn& window) {
+    window.Activate();
+    window.caret.visible = false;
+    SetSelectionAnchors(window);
+    Clipboard clips = CollectClips(window, Tools().OneVoice());
+    ClearSelectionAnchors();
+    if (clips.IsEmpty()) return;
+    EndLastCut();
+    ClipboardState() = std::move(clips);
+    window.Shell().StateChanged(window);
+}
+
+// ---- what windows tell
+
+void ClipboardCommandBegins(WindowTarn& window) {
+    // A cut of this window is set in stone by its next command; what it cut is the clipboard's as before.
+    std::erase_if(CutsAside(), [&](const CutAside& aside) {
+        if (aside.cut.sourceWindow != &window) return false;
+        if (aside.state == CutAside::State::Completed) {
+            window.Pool()->DisableUndo();
+            DestroyCutObjects(aside.cut);
+            window.Pool()->EnableUndo();
+        }
+        return true;
+    });
+}
+
+void ClipboardUndone(WindowTarn& window) {
+    if (!std::exchange(window.cutPending, false)) return;
+    for (CutAside& aside : CutsAside())
+        if (aside.cut.sourceWindow == &window) aside.state = CutAside::State::Undone;
+    const Clipboard& clips = TheClipboard();
+    if (clips.cutInSourcePending && clips.sourceWindow == &window)
+        CutsAside().push_back({CutAside::State::Undone, std::exchange(ClipboardState(), {})});
+}
+
+void ClipboardRedone(WindowTarn& window) {
+    std::erase_if(CutsAside(), [&](CutAside& aside) {
+        if (aside.cut.sourceWindow != &window || aside.state != CutAside::State::Undone) return false;
+        window.cutPending = true;
+        // Where something else was copied meanwhile, the objects wait for the next command.
+        if (!TheClipboard().sourceWindow) {
+            ClipboardState() = std::move(aside.cut);
+            return true;
+        }
+        aside.state = CutAside::State::Completed;
+        return false;
+    });
+}
+
+void ClipboardWindowCloses(WindowTarn& window) {
+    if (TheClipboard().sourceWindow == &window) ClipboardState() = {};
+    std::erase_if(CutsAside(), [&](const CutAside& aside) { return aside.cut.sourceWindow == &window; });
+}
+
+std::vector<const void*> ClipboardRoots(const NewMemoryPool& pool) {
+    std::vector<const void*> roots;
+    const auto add = [&](const Clipboard& cut) {
+        if (!cut.sourceWindow || cut.sourceWindow->Pool() != &pool) return;
+        for (const void* object : ObjectsOf(cut)) roots.push_back(object);
+    };
+    if (TheClipboard().cutInSourcePending) add(TheClipboard());
+    for (const CutAside& aside : CutsAside())
+        if (aside.state == CutAside::State::Completed) add(aside.cut);
+    return roots;
+}
+
+}  // namespace corvane

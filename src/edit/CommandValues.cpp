@@ -1,0 +1,175 @@
+#include "edit/CommandValues.h"
+
+#include <algorithm>
+
+#include "edit/MeasureRange.h"
+#include "edit/NoteChoice.h"
+#include "layout/SignRecords.h"
+#include "model/Clefs.h"
+#include "model/Meters.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+#include "model/PreferenceRecords.h"
+#include "model/Preferences.h"
+#include "play/MIDIUtility.h"
+
+namespace corvane {
+namespace {
+
+// Those at hand, or the first of the page.
+MeasureRange MeasuresToShow(WindowTarn& window) {
+    MeasureRange range = MeasuresAtHand(window);
+    if (!range.first && window.CurrentPage()) range.first = range.last = FirstMeasure(window.CurrentPage());
+    return range;
+}
+
+class Values {
+public:
+    explicit Values(WindowTarn& window) : _window(window), _range(MeasuresToShow(window)) {}
+
+    void Put(const char* name, int value) { _arguments[name] = std::to_string(value); }
+    void Put(const char* name, std::string value) { _arguments[name] = std::move(value); }
+    void PutMeasure(const char* name, const Measure* measure) {
+        if (measure) Put(name, measure->_number);
+    }
+    const Measure* First() const { return _range.first; }
+    const Measure* Last() const { return _range.last; }
+    WindowTarn& Window() const { return _window; }
+    const Document* Score() const { return _window.GetDocument(); }
+    CommandArguments Take() { return std::move(_arguments); }
+
+private:
+    WindowTarn& _window;
+    const MeasureRange _range;
+    CommandArguments _arguments;
+};
+
+void PutMeasure(Values& values) { values.PutMeasure("measure", values.First()); }
+void PutRange(Values& values) {
+    values.PutMeasure("from", values.First());
+    values.PutMeasure("to", values.Last());
+}
+
+// Of the measure's first tempo mark; else what a new one begins with.
+void PutTempo(Values& values) {
+    PutMeasure(values);
+    if (const auto* preferences = Preferences<TimeMeasurePref>(values.Score()))
+        values.Put("bpm", preferences->_bpm);
+    if (!values.First()) return;
+    for (const MeasureSymbol* symbol : measureSymbols.Of(values.First()))
+        if (const auto* mark = As<Time>(symbol)) {
+            values.Put("beat", mark->_beat);
+            values.Put("bpm", mark->_bpm);
+            values.Put("dots", mark->_dots);
+            const auto figure = static_cast<size_t>(mark->_figure);
+            if (figure < std::size(kFigureValues)) values.Put("figure", kFigureValues[figure]);
+            return;
+        }
+}
+
+void PutMeter(Values& values) {
+    values.PutMeasure("from", values.First());
+    if (!values.First()) return;
+    values.Put("num", values.First()->_num);
+    values.Put("den", values.First()->_den);
+}
+
+void PutKey(Values& values) {
+    values.PutMeasure("from", values.First());
+    const MeasureStaff* crossing = values.First() ? measureStaffs.First(values.First()) : nullptr;
+    values.Put("fifths", crossing ? KeyInForce(crossing) : 0);
+}
+
+void PutBarline(Values& values) {
+    PutMeasure(values);
+    const Measure* measure = values.First();
+    if (!measure) return;
+    constexpr const char* kKinds[] = {"single", "double", "final", "dashed"};
+    const char* kind = kKinds[std::min<size_t>(static_cast<size_t>(measure->_barline.Get()), 3)];
+    values.Put("type", measure->_hiddenBarline ? "none" : measure->_endRepeat ? "repeatend" : kind);
+}
+
+void PutPages(Values& values) {
+    const Page* page = values.Window().CurrentPage();
+    if (!page) return;
+    for (const char* name : {"after", "from", "to"}) values.Put(name, page->_pageNumber);
+}
+
+// New measures come behind what is selected, else at the end.
+void PutNewMeasures(Values& values) {
+    const bool selected = !values.Window().TheSelection().IsEmpty();
+    values.PutMeasure("after", selected ? values.Last() : LastMeasure(values.Score()));
+}
+
+void PutNewStaves(Values& values) { values.Put("after", ExtentOf(values.Window()).staves); }
+void PutStaves(Values& values) {
+    for (const char* name : {"from", "to"}) values.Put(name, ExtentOf(values.Window()).staves);
+}
+
+void PutMeasuresOfSystem(Values& values) {
+    if (values.First()) values.Put("count", systemMeasures.Count(SystemPar(values.First())));
+}
+
+void PutSystemsOfPage(Values& values) {
+    const Page* page = values.Window().CurrentPage();
+    if (!page) return;
+    values.Put("count", pageSystems.Count(page));
+    values.Put("from", page->_pageNumber);
+    PutMeasuresOfSystem(values);
+}
+
+// Of the first selected event.
+void PutDuration(Values& values) {
+    ArgumentReader reader({});
+    const std::vector<VoiceSymbol*> events = ReadEvents(reader, values.Window());
+    if (events.empty()) return;
+    values.Put("value", ValueOf(events.front()));
+    values.Put("dots", DotCount(events.front()));
+}
+
+// Of the first and the last selected note that sound.
+void PutVelocities(Values& values) {
+    ArgumentReader reader({});
+    int start = kEnteredVelocity, end = start;
+    bool any = false;
+    for (const GenericNote* note : ReadNotes(reader, values.Window()))
+        if (const NoteOn* on = NoteOnOf(note)) {
+            end = on->_velocity;
+            if (!any) start = end;
+            any = true;
+        }
+    values.Put("start", start);
+    values.Put("end", end);
+}
+
+constexpr struct {
+    int id;
+    void (*put)(Values&);
+} kValues[] = {
+    {32778, PutTempo},         {32779, PutMeter},   {32780, PutVelocities},
+    {32781, PutKey},           {32783, PutBarline}, {32788, PutMeasuresOfSystem},
+    {32789, PutSystemsOfPage}, {32790, PutPages},   {32791, PutNewMeasures},
+    {32792, PutNewStaves},     {32793, PutPages},   {32794, PutRange},
+    {32795, PutStaves},        {32796, PutRange},   {32797, PutMeasure},
+    {32817, PutDuration},
+};
+
+}  // namespace
+
+CommandArguments ValuesAtHand(WindowTarn& window, int id) {
+    for (const auto& row : kValues)
+        if (row.id == id) {
+            Values values(window);
+            row.put(values);
+            return values.Take();
+        }
+    return {};
+}
+
+ScoreExtent ExtentOf(const WindowTarn& window) {
+    const Document* document = window.GetDocument();
+    const Measure* last = LastMeasure(document);
+    return {last ? last->_number.Get() : 0, documentPages.Count(document), documentDocStaffs.Count(document)};
+}
+
+}  // namespace corvane

@@ -1,0 +1,75 @@
+// Spacing of measures over a range, by one of the two rules.
+#include <algorithm>
+#include <vector>
+
+#include "edit/LayoutSteps.h"
+#include "edit/SystemRedraw.h"
+#include "edit/TarnSelect.h"
+#include "edit/ToolState.h"
+#include "layout/Spacing.h"
+#include "model/Par.h"
+#include "model/Preferences.h"
+
+namespace corvane {
+namespace {
+
+std::vector<Voice*> SelectedVoices(WindowTarn& window) {
+    std::vector<Voice*> voices;
+    SetSelectionAnchors(window);
+    for (const VoiceSymbol* symbol : SelectedVoiceSymbols(Tools().currentVoice)) {
+        Voice* voice = VoicePar(symbol);
+        if (std::find(voices.begin(), voices.end(), voice) == voices.end()) voices.push_back(voice);
+    }
+    ClearSelectionAnchors();
+    return voices;
+}
+
+void SpaceProportionally(Measure* measure) {
+    for (const MeasureStaff* crossing : measureStaffs.Of(measure))
+        for (Voice* voice : measureStaffVoices.Of(crossing)) SpaceVoice(voice);
+}
+
+}  // namespace
+
+SpacingRoom PreferredRoom(const Document* document) {
+    const auto* preferences = Preferences<PowerEditPref>(document);
+    return {preferences->_useDotsWidth != 0, preferences->_useClefsWidth != 0,
+            preferences->_useAccidentWidth != 0};
+}
+
+Status SpaceMeasures(WindowTarn& window, const MeasureRange& range, const SpacingChoice& choice) {
+    const bool engraver = choice.mode == SpacingMode::Engraver;
+    const std::vector<Voice*> selected =
+        engraver || choice.allStaves ? std::vector<Voice*>() : SelectedVoices(window);
+    const EditStep step(window);
+    const SystemRedraw redraw(window, range.first, range.last);
+    for (Voice* voice : selected)
+        if (IsWithin(range, MeasurePar(voice))) SpaceVoice(voice);
+    if (!selected.empty()) return Status::Ok();
+    for (Measure* measure = range.first; IsWithin(range, measure); measure = NextMeasure(measure))
+        if (engraver)
+            SpaceMeasure(measure, choice.room);
+        else
+            SpaceProportionally(measure);
+    return Status::Ok();
+}
+
+Status SetSpacingGaps(WindowTarn& window, const SpacingGaps& gaps) {
+    const Document* document = window.GetDocument();
+    Measure *first = FirstMeasure(document), *last = LastMeasure(document);
+    const EditStep step(window);
+    const auto store = [&] {
+        auto* page = Preferences<PagePref>(document);
+        page->_barlineClefGap = gaps.barlineClef;
+        page->_clefKeyGap = gaps.clefKey;
+        page->_keyTimeGap = gaps.keyTime;
+        page->_firstNoteGap = gaps.firstNote;
+        page->_lastNoteGap = gaps.lastNote;
+    };
+    if (!first) return store(), Status::Ok();
+    const SystemRedraw redraw(window, first, last);
+    store();
+    return Status::Ok();
+}
+
+}  // namespace corvane

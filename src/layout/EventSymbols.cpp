@@ -1,0 +1,110 @@
+#include "layout/EventSymbols.h"
+
+#include <algorithm>
+
+#include "layout/MovingClefs.h"
+#include "layout/NoteGeometry.h"
+#include "layout/SymbolInk.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+#include "model/Preferences.h"
+
+namespace corvane {
+namespace {
+
+// Accidentals so many steps apart share a column.
+constexpr int kColumnSteps = 6;
+
+int32_t WidthOf(const VoiceSymbol* symbol) {
+    const auto* pause = As<Pause>(symbol);
+    return pause ? RectOf(pause).Width() : RectOf(ChordSymbolPar(As<Chords>(symbol))).Width();
+}
+
+int32_t DotRoom(const VoiceSymbol* symbol, int32_t gap) {
+    int32_t room = 0;
+    for (const VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(symbol))
+        if (const auto* dot = As<Dot>(attribute)) room += gap + RectOf(dot).Width();
+    return room;
+}
+
+// Columns of accidentals from the heads outward.
+int32_t AccidentRoom(const Chords* chord, int32_t noteGap, int32_t columnGap) {
+    int32_t room = 0;
+    const GenericNote* last = nullptr;
+    for (const GenericNote* note : chordNotes.Of(chord)) {
+        const Accident* accident = AccidentOf(note);
+        if (!accident) continue;
+        const int32_t width = RectOf(accident).Width();
+        if (!last)
+            room += noteGap + width;
+        else if (std::abs(note->_line - last->_line) < kColumnSteps)
+            room += columnGap + width;
+        last = note;
+    }
+    return room;
+}
+
+// Its ink, and a line distance around that.
+int32_t ClefWidth(const MovingClaf* clef, int32_t lineDistance) {
+    return InkOf(clef->_symbol, Point{}, lineDistance, kMovingClefPercent).Width() + lineDistance;
+}
+
+bool Put(Stored<int32_t>& field, int32_t x) {
+    if (field == x) return false;
+    field = x;
+    return true;
+}
+
+}  // namespace
+
+bool PutX(VoiceSymbol* symbol, int32_t x) {
+    if (auto* pause = As<Pause>(symbol)) return Put(pause->_x, x);
+    bool changed = false;
+    if (const ChordSymbol* column = ChordSymbolPar(As<Chords>(symbol)))
+        for (Stem* stem : chordSymbolStems.Of(column)) changed |= Put(stem->_x, x);
+    return changed;
+}
+
+EventSymbol::Extents MusicSymbol::Measure(const ListaEventi& list, int32_t) const {
+    const auto* notes = Preferences<NotePref>(list.TheDocument());
+    const auto percent = [&](int32_t value) { return value * list.lineDistance / 100; };
+    Extents extents{GraceRoom(), WidthOf(_symbol)};
+    if (list.Room().dots) extents.right += DotRoom(_symbol, percent(notes->_dotGap));
+    const auto* chord = As<Chords>(_symbol);
+    if (chord && list.Room().accidents)
+        extents.left +=
+            AccidentRoom(chord, percent(notes->_accidentalGap), percent(notes->_accidentalSpacing));
+    return extents;
+}
+
+int32_t MusicSymbol::GraceRoom() const {
+    int32_t room = 0;
+    for (const VoiceSymbol* grace : _graces) room += WidthOf(grace);
+    return room;
+}
+
+// Grace chords stand directly before the event, the last one next to it.
+bool MusicSymbol::Put(const ListaEventi& list, const Event& event) const {
+    bool changed = PutX(_symbol, event.x);
+    int32_t room = GraceRoom();
+    for (VoiceSymbol* grace : _graces) {
+        changed |= PutX(grace, event.x - room * 1000 / list.Usable());
+        room -= WidthOf(grace);
+    }
+    return changed;
+}
+
+EventSymbol::Extents ClefSymbol::Measure(const ListaEventi& list, int32_t before) const {
+    return {before + ClefWidth(_clef, list.lineDistance), 0};
+}
+
+// Its own width left of the event, but not left of the event before it, which it does not govern.
+bool ClefSymbol::Put(const ListaEventi& list, const Event& event) const {
+    const int32_t own = ClefWidth(_clef, list.lineDistance) * 1000 / list.measureWidth;
+    int32_t before = std::min(event.x - 1, 0);
+    for (const Event& each : list.events)
+        if (each.x < event.x) before = std::max(before, each.x);
+    return corvane::Put(_clef->_place, std::clamp(event.x - own, before, event.x - 1));
+}
+
+}  // namespace corvane

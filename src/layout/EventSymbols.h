@@ -1,0 +1,38 @@
+// What stands at the time points of a measure that is spaced.
+#pragma once
+
+#include "layout/ListaEventi.h"
+
+namespace corvane {
+
+// A chord or rest, and the grace chords that wait before it.
+class MusicSymbol : public EventSymbol {
+public:
+    MusicSymbol(VoiceSymbol* symbol, std::vector<VoiceSymbol*> graces)
+        : _symbol(symbol), _graces(std::move(graces)) {}
+    VoiceSymbol* Symbol() const { return _symbol; }
+    Extents Measure(const ListaEventi& list, int32_t before) const override;
+    bool Put(const ListaEventi& list, const Event& event) const override;
+    // Of the grace chords, one behind the other.
+    int32_t GraceRoom() const;
+
+private:
+    VoiceSymbol* _symbol;
+    std::vector<VoiceSymbol*> _graces;
+};
+
+// A clef within the measure, left of all that stands at its event.
+class ClefSymbol : public EventSymbol {
+public:
+    explicit ClefSymbol(MovingClaf* clef) : _clef(clef) {}
+    Extents Measure(const ListaEventi& list, int32_t before) const override;
+    bool Put(const ListaEventi& list, const Event& event) const override;
+
+private:
+    MovingClaf* _clef;
+};
+
+// Stores the per mille place of an event; a place that holds is not written. True if it changed.
+bool PutX(VoiceSymbol* symbol, int32_t x);
+
+}  // namespace corvane

@@ -1,0 +1,161 @@
+#include "layout/ListaEventi.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include "base/Rounding.h"
+#include "layout/EventSymbols.h"
+#include "layout/SpacingHeader.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+
+namespace corvane {
+namespace {
+
+constexpr double kSameTime = 0.001;  // of a whole note
+
+// The first event of a staff that stands behind a clef; null where none does.
+const VoiceSymbol* EventBehind(const MeasureStaff* crossing, const MovingClaf* clef) {
+    const VoiceSymbol* behind = nullptr;
+    for (const Voice* voice : measureStaffVoices.Of(crossing))
+        for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+            const int32_t x = XOf(symbol);
+            if (!IsGrace(symbol) && x > clef->_place && (!behind || x < XOf(behind))) behind = symbol;
+        }
+    return behind;
+}
+
+}  // namespace
+
+float SpacingTable::WidthOf(double duration) const {
+    double key = 2.0;
+    for (size_t row = 0; row + 1 < widths.size(); ++row, key /= 2)
+        if (key <= duration) return widths[row];
+    return widths.back();
+}
+
+ListaEventi::ListaEventi(const Measure* measure, const SpacingRoom& room)
+    : measureWidth(measure->Width()),
+      measureLength(static_cast<double>(measure->_num) / std::max<int>(measure->_den, 1)),
+      _document(DocumentPar(measure)),
+      _room(room) {
+    for (const MeasureStaff* crossing : measureStaffs.Of(measure)) {
+        const Staff* staff = crossing->_staff;
+        if (!staff) continue;
+        lineDistance = std::max<int32_t>(lineDistance, staff->_lineDistance);
+        for (const Voice* voice : measureStaffVoices.Of(crossing)) AddVoice(voice);
+        if (_room.clefs) AddClefs(crossing);
+    }
+    for (size_t i = 0; i < events.size(); ++i)
+        events[i].duration = (i + 1 < events.size() ? events[i + 1].time : measureLength) - events[i].time;
+}
+
+void ListaEventi::AddVoice(const Voice* voice) {
+    double time = 0.0;
+    std::vector<VoiceSymbol*> graces;
+    for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+        if (IsGrace(symbol)) {
+            graces.push_back(symbol);
+            continue;
+        }
+        EventAt(time).symbols.push_back(std::make_unique<MusicSymbol>(symbol, std::move(graces)));
+        graces.clear();
+        time += Duration(symbol) * 0.001;
+    }
+}
+
+Event& ListaEventi::EventAt(double time) {
+    for (Event& event : events)
+        if (std::fabs(event.time - time) < kSameTime) return event;
+    const auto later =
+        std::find_if(events.begin(), events.end(), [time](const Event& e) { return e.time > time; });
+    Event event;
+    event.time = time;
+    return *events.insert(later, std::move(event));
+}
+
+void ListaEventi::AddClefs(const MeasureStaff* crossing) {
+    for (StaffMeasureSymbol* symbol : staffSymbols.Of(crossing)) {
+        auto* clef = As<MovingClaf>(symbol);
+        if (!clef) continue;
+        const VoiceSymbol* behind = EventBehind(crossing, clef);
+        bool found = false;
+        for (Event& event : events)
+            for (const auto& each : event.symbols)
+                if (static_cast<const MusicSymbol&>(*each).Symbol() == behind && !found) {
+                    event.clefs.push_back(std::make_unique<ClefSymbol>(clef));
+                    found = true;
+                }
+        _spaceable = _spaceable && found;
+    }
+}
+
+int32_t ListaEventi::Usable() const {
+    const SpacingGaps gaps = GapsOf(_document);
+    return measureWidth - gaps.firstNote - gaps.lastNote * measureWidth / 1000;
+}
+
+void ListaEventi::LayOut(const SpacingTable& table) {
+    MeasureEvents();
+    Place(table);
+    const int32_t usable = Usable();
+    for (Event& event : events)
+        for (int32_t* value : {&event.x, &event.rightExtent, &event.leftExtent})
+            *value = static_cast<int32_t>(int64_t{*value} * 1000 / usable);
+}
+
+void ListaEventi::MeasureEvents() {
+    for (Event& event : events) {
+        int32_t left = 0, right = 0;
+        for (const auto* symbols : {&event.symbols, &event.clefs}) {
+            const int32_t before = left;
+            for (const auto& symbol : *symbols) {
+                const EventSymbol::Extents extents = symbol->Measure(*this, before);
+                left = std::max(left, extents.left);
+                right = std::max(right, extents.right);
+            }
+        }
+        event.leftExtent = left;
+        event.rightExtent = left + right;
+    }
+}
+
+void ListaEventi::Place(const SpacingTable& table) {
+    int32_t pos = 0;
+    for (const auto& symbol : events.front().symbols)
+        pos = std::max(pos, static_cast<const MusicSymbol&>(*symbol).GraceRoom());
+    for (size_t i = 0; i < events.size(); ++i) {
+        Event& event = events[i];
+        event.x = pos;
+        int32_t width = Round(static_cast<double>(table.WidthOf(event.duration)) * lineDistance);
+        width = std::max(width, event.rightExtent - event.leftExtent);
+        if (i + 1 < events.size()) width = std::max(width, events[i + 1].leftExtent);
+        pos += width;
+    }
+    ShareSlack(Usable() - pos);
+}
+
+// In proportion to durations. What one event is given moves all behind it; the gap behind the last one stays
+// as the table made it. Too little room shrinks the same way, but no event gets before another.
+void ListaEventi::ShareSlack(int32_t slack) {
+    double sum = 0.0;
+    for (const Event& event : events) sum += event.duration;
+    if (slack == 0 || sum <= 0.0) return;
+    int32_t carry = 0;
+    for (size_t i = 0; i + 1 < events.size(); ++i) {
+        const int32_t extra = Round(slack * events[i].duration / sum);
+        events[i + 1].x = std::max(events[i + 1].x + extra + carry, events[i].x);
+        carry += extra;
+    }
+}
+
+bool ListaEventi::Put() const {
+    bool changed = false;
+    for (const Event& event : events)
+        for (const auto* symbols : {&event.symbols, &event.clefs})
+            for (const auto& symbol : *symbols) changed |= symbol->Put(*this, event);
+    return changed;
+}
+
+}  // namespace corvane

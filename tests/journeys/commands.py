@@ -1,0 +1,105 @@
+"""A key, a meter, a transposition and a measure by menus and dialogs, as a script makes them; taken back and made again."""
+import os
+import sys
+
+from desk import Desk, Failure, expect, wait_for
+from entry import Plan, Program
+
+# What a hand does in the menus, and the step that says the same. The notes are selected before.
+BY_HAND = [
+    ("key", "Key Signature", "alt+s k", [("alt+k", "D maj")], "command 32781 fifths=2 from=1"),
+    ("meter", "Time Signature", "alt+s t", [("alt+n", "3"), ("alt+d", "4"), ("alt+f", "3")],
+     "command 32779 num=3 den=4 from=3"),
+    ("transpose", "Transpose", "alt+n p", [("alt+d", "Down"), ("alt+i", "Minor third")],
+     "command 32819 interval=-m3 from=1 to=2"),
+    ("durations", "Change Durations", "alt+n d", [("alt+t", "Half as long")],
+     "command 32817 by=half from=1 to=2"),
+    ("measures", "Add Measures", "alt+s a m", [("alt+n", "2"), ("alt+a", "1")],
+     "command 32791 count=2 after=1"),
+]
+
+
+def compose(program):
+    plan = Plan(program)
+    plan.add("key 3")
+    for line in (3, 4, 6, 5):
+        plan.append(1, 1, line)
+    plan.add("key 2")
+    plan.append(2, 1, 8)
+    plan.add("key S")
+    plan.onto(2, 1, 1, 0, 8)
+    return plan
+
+
+def by_dialog(desk, name, title, menu, fields):
+    desk.key(*menu.split())
+    desk.dialog(title + ".*")
+    for field, text in fields:
+        desk.key(field)
+        if text.isdigit():
+            desk.key("ctrl+a")
+        desk.type(text)
+    desk.picture(name)
+    desk.key("Return")
+    desk.focus()
+    desk.settled()
+
+
+def refused(desk):
+    """A meter that no measure can have leaves the dialog open with a message; nothing changes."""
+    desk.key("alt+s", "t")
+    desk.dialog("Time Signature.*")
+    desk.key("alt+n", "ctrl+a", "BackSpace", "Return")
+    desk.dialog("Corvane")
+    desk.picture("refused")
+    desk.key("Return")
+    desk.dialog("Time Signature.*")
+    desk.key("Escape")
+    desk.focus()
+
+
+def travel(corvane, desk):
+    program = Program(corvane, desk.env)
+    plan = compose(program)
+    path = desk.path("score.cvm")
+    program.script(*plan.steps, f'save "{path}"')
+    process, _ = desk.start(corvane, path)
+    desk.settled()
+    desk.key("ctrl+shift+a")
+    for name, title, menu, fields, _ in BY_HAND:
+        by_dialog(desk, name, title, menu, fields)
+    refused(desk)
+    desk.key("ctrl+e", "ctrl+d")  # other spellings, stems down
+    desk.settled()
+    desk.picture("all")
+    desk.key(*["ctrl+z"] * (len(BY_HAND) + 2))
+    desk.settled()
+    desk.picture("taken back")
+    desk.key(*["ctrl+shift+z"] * (len(BY_HAND) + 2))
+    desk.key("ctrl+s")
+    wait_for(lambda: "[*]" not in desk.title(), "the score to be saved")
+    steps = [step for *_, step in BY_HAND]
+    for what in ("notes", "tree", "layout"):
+        saved = program.script(f'open "{path}"', f"dump {what}")
+        told = program.script(*plan.steps, *steps, "command 57642", "command 33036", "command 32816", f"dump {what}")
+        expect(saved == told, f"by hand and by script differ in {what}:\n{saved}\n{told}")
+    expect(len(program.script(f'open "{path}"', "dump notes").splitlines()) == 5, "notes are missing")
+    expect("sound" in program.run("check", path), "the saved score is not sound")
+    desk.key("ctrl+q")
+    wait_for(lambda: process.poll() is not None, "the program's end")
+
+
+def main():
+    corvane, pictures = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
+    with Desk(pictures) as desk:
+        try:
+            travel(corvane, desk)
+        except Failure as failure:
+            desk.picture("failure")
+            print(f"FAILED: {failure}")
+            return 1
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,195 @@
+// The engraver's spacing: time points of all staves with widths from a table; figures worked out by hand. A
+// measure of 2200 page units has 2200 - 200 - 50 * 2200 / 1000 = 1890 of them for its events.
+#include "base/Rounding.h"
+#include "draw_score.h"
+#include "layout/EventSymbols.h"
+#include "layout/SignRecords.h"
+#include "layout/Spacing.h"
+#include "layout/SymbolInk.h"
+#include "model/Preferences.h"
+
+namespace corvane::draw {
+namespace {
+
+class EngraverSpacing : public DrawTest {
+protected:
+    void Open(const char* staffs, int32_t width = 2200) {
+        New(staffs);
+        measure = MeasureAt(SystemAt(0), 1);
+        measure->_right = measure->_left + width;
+    }
+    Voice* VoiceOn(int staff) { return VoiceOfStaff(1, staff); }
+    void Fill(int staff, const std::vector<uint8_t>& values) {
+        for (const uint8_t value : values) AddChord(VoiceOn(staff), {value, {3}, 0});
+    }
+    static std::vector<int32_t> Xs(Voice* voice) {
+        std::vector<int32_t> xs;
+        for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) xs.push_back(XOf(symbol));
+        return xs;
+    }
+    std::vector<int32_t> Spaced(const SpacingRoom& room = {}, int staff = 0) {
+        SpaceMeasure(measure, room);
+        return Xs(VoiceOn(staff));
+    }
+    GraceChord* AddGrace() {
+        auto* column = Make<ChordSymbol>();
+        column->_value = 8;
+        measureSymbols.Add(measure, column);
+        auto* chord = Make<GraceChord>();
+        voiceSymbols.Add(VoiceOn(0), chord);
+        chordSymbolChords.Add(column, chord);
+        auto* stem = Make<Stem>();
+        stem->_slant = kVerticalStem;
+        stem->_length = 250;
+        chordSymbolStems.Add(column, stem);
+        auto* note = Make<Grace>();
+        note->_symbol = LookupSymbol(document, "GraceQuarto");
+        note->_line = 5;
+        note->_size = 100;
+        chordNotes.Add(chord, note);
+        AddNoteToStem(stem, note);
+        SetDirection(stem, StemDirection::Up);
+        return chord;
+    }
+    using Xv = std::vector<int32_t>;
+    Measure* measure = nullptr;
+};
+
+TEST_F(EngraverSpacing, TheTableHasNoStepsBetweenItsRows) {
+    const struct {
+        double duration;
+        float width;
+    } cases[] = {{3.0, 11.5F},   {2.0, 11.5F},    {1.5, 9.0F},     {0.9, 6.6F},   {0.25, 4.0F},
+                 {0.166, 2.81F}, {0.0625, 1.41F}, {0.03125, 1.5F}, {0.02, 1.25F}, {-0.5, 1.25F}};
+    SpacingTable table;
+    table.widths[6] = 1.5F;
+    table.widths[7] = 1.25F;
+    for (const auto& c : cases) EXPECT_EQ(table.WidthOf(c.duration), c.width) << c.duration;
+}
+
+TEST_F(EngraverSpacing, SlackIsSharedByDurationWithACarry) {
+    Open("S");
+    Fill(0, {4, 4, 2});
+    // 400 + 400 + 660 = 1460; of the 430 left a quarter gives 107.5, rounded 108: 508 and 400 + 400 + 216.
+    EXPECT_EQ(Spaced(), (Xv{0, 508 * 1000 / 1890, 1016 * 1000 / 1890}));
+    // 1100 - 200 - 55 = 845: 615 too much, -153.75 each: 246 and 492.
+    measure->_right = measure->_left + 1100;
+    EXPECT_EQ(Spaced(), (Xv{0, 246 * 1000 / 845, 492 * 1000 / 845}));
+    // Far too narrow: nobody overtakes another. 300 - 200 - 15 = 85; -343.75 each.
+    measure->_right = measure->_left + 300;
+    EXPECT_EQ(Spaced(), (Xv{0, 56 * 1000 / 85, 112 * 1000 / 85}));
+    measure->_right = measure->_left + 200;
+    EXPECT_FALSE(SpaceMeasure(measure, {})) << "no room at all";
+}
+
+TEST_F(EngraverSpacing, AllStavesShareTheirTimePoints) {
+    Open("SS");
+    Fill(0, {4, 2, 4});
+    Fill(1, {2, 2});
+    // Events at 0, 1/4, 1/2 and 3/4, each a quarter long: 1600, and 72.5 of 290 each, rounded 73.
+    const Xv points{0, 473 * 1000 / 1890, 946 * 1000 / 1890, 1419 * 1000 / 1890};
+    EXPECT_EQ(Spaced(), (Xv{points[0], points[1], points[3]}));
+    EXPECT_EQ(Xs(VoiceOn(1)), (Xv{points[0], points[2]}));
+}
+
+TEST_F(EngraverSpacing, ALargerStaffRulesAndExtentsAreMinima) {
+    Open("SS");
+    StaffsFromTop(SystemAt(0))[1]->_lineDistance = 150;
+    Fill(0, {4, 4, 4, 4});
+    // 600 each is 2400, 510 too much; -127.5 rounds to -128 each.
+    EXPECT_EQ(Spaced(), (Xv{0, 472 * 1000 / 1890, 944 * 1000 / 1890, 1416 * 1000 / 1890}));
+
+    Open("S");
+    Fill(0, {4, 4, 4, 4});
+    const SpacingTable kept = spacingTable;
+    spacingTable.widths.fill(0.0F);
+    const int32_t head = RectOf(As<ChordSymbol>(measureSymbols.First(measure))).Width();
+    ListaEventi list(measure, {});
+    list.LayOut(spacingTable);
+    EXPECT_EQ(list.events[1].rightExtent, head * 1000 / 1890);
+    const int32_t share = Round((1890 - 4 * head) * 0.25);
+    EXPECT_EQ(list.events[1].x, (head + share) * 1000 / 1890);
+    spacingTable = kept;
+}
+
+TEST_F(EngraverSpacing, AccidentalsStandInColumnsUnlessTheyAreApart) {
+    const struct {
+        const char* why;
+        std::vector<int16_t> lines;  // each with a sharp
+        int gaps, columns;
+    } cases[] = {{"one", {5}, 1, 1}, {"five steps", {8, 3}, 2, 2}, {"six steps", {9, 3}, 1, 1}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        Open("S");
+        AddChord(VoiceOn(0), {2, {3}, 0});
+        ChordSymbol* chord = AddChord(VoiceOn(0), {2, c.lines, 500});
+        int32_t width = 0;
+        for (size_t i = 0; i < c.lines.size(); ++i)
+            width = RectOf(AddAccident(HeadOf(chord, static_cast<int>(i)), "#d")).Width();
+        const auto left = [&](SpacingRoom room) {
+            ListaEventi list(measure, room);
+            list.LayOut(spacingTable);
+            return list.events[1].leftExtent;
+        };
+        // 110 before the first, 100 before each further column.
+        EXPECT_EQ(left({}), (110 + 100 * (c.gaps - 1) + width * c.columns) * 1000 / 1890);
+        EXPECT_EQ(left({true, true, false}), 0) << "unless they are to take no room";
+    }
+}
+
+TEST_F(EngraverSpacing, DotsAndClefsTakeRoomWhereTheyAreTo) {
+    Open("S");
+    Fill(0, {4, 4, 2});
+    VoiceSymbol* first = voiceSymbols.First(VoiceOn(0));
+    const int32_t head = RectOf(ChordSymbolPar(As<Chords>(first))).Width(),
+                  dot = RectOf(AddDot(first, 1)).Width();
+    MeasureStaff* crossing = MeasureStaffPar(first);
+    DrawTest::StemOf(ChordSymbolPar(As<Chords>(voiceSymbols.Next(first))))->_x = 400;
+    MovingClaf* clef = AddMovingClaf(crossing, 2, 200);
+    const int32_t clefWidth = InkOf(clef->_symbol, {}, 100, 75).Width() + 100;
+    ListaEventi list(measure, {});
+    list.LayOut(spacingTable);
+    EXPECT_EQ(list.events[0].rightExtent, (head + 100 + dot) * 1000 / 1890);
+    EXPECT_EQ(list.events[1].leftExtent, clefWidth * 1000 / 1890);
+    SpaceMeasure(measure, {});
+    EXPECT_EQ(clef->_place, Xs(VoiceOn(0))[1] - clefWidth * 1000 / 2200);
+    // A clef that nothing follows has no event to stand before.
+    clef->_place = 1000;
+    EXPECT_FALSE(ListaEventi(measure, {}).CanBeSpaced());
+    StemOf(ChordSymbolPar(As<Chords>(voiceSymbols.Last(VoiceOn(0)))))->_x = 990;
+    EXPECT_FALSE(SpaceMeasure(measure, {}));
+    EXPECT_TRUE(SpaceMeasure(measure, {true, false, true})) << "where clefs take no room it may";
+    EXPECT_GT(clef->_place, Xs(VoiceOn(0)).back() - 1) << "and stays behind the last note";
+}
+
+TEST_F(EngraverSpacing, RestsAndGracesHaveTheirPlaces) {
+    Open("SS");
+    AddRest(VoiceOn(0), 1, 500);
+    Fill(1, {2, 2});
+    EXPECT_EQ(Spaced(), Xv{0}) << "a whole rest at its time, not in the middle";
+
+    Open("S");
+    AddGrace();
+    Fill(0, {2});
+    AddGrace();
+    AddGrace();
+    Fill(0, {2});
+    const int32_t wide = RectOf(ChordSymbolPar(As<Chords>(voiceSymbols.First(VoiceOn(0))))).Width();
+    // The first event leaves its grace chord room; 660 + 660 and half of what is left go on from there.
+    const int32_t slack = 1890 - wide - 2 * 660, second = wide + 660 + Round(slack * 0.5);
+    const int32_t first = wide * 1000 / 1890, next = second * 1000 / 1890;
+    EXPECT_EQ(Spaced(), (Xv{first - wide * 1000 / 1890, first, next - 2 * wide * 1000 / 1890,
+                            next - wide * 1000 / 1890, next}));
+}
+
+TEST_F(EngraverSpacing, NothingIsWrittenWhereNothingChanges) {
+    Open("SS");
+    EXPECT_FALSE(SpaceMeasure(measure, {})) << "no events";
+    Fill(0, {8, 8, 8, 8});
+    EXPECT_TRUE(SpaceMeasure(measure, {}));
+    EXPECT_FALSE(SpaceMeasure(measure, {}));
+    EXPECT_EQ(Faults(), "");
+}
+
+}  // namespace
+}  // namespace corvane::draw
