@@ -32,8 +32,8 @@ void TakeMessage(const MidiEvent& event, ImportTrack& track) {
     switch (event.status & 0xF0) {
         case kNoteOff:
         case kNoteOn:
-            track.events.push_back(
-                {event.time, channel, event.data1, (event.status & 0x10) != 0 && event.data2 != 0});
+            track.events.push_back({event.time, event.time, channel, event.data1,
+                                    (event.status & 0x10) != 0 && event.data2 != 0});
             break;
         case kController:
             if (event.data1 != kVolume) break;

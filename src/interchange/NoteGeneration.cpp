@@ -37,8 +37,8 @@ bool NoteGeneration::GenerateChord(const PendingChords& pending, const PendingCh
     return true;
 }
 
-// Small gaps before the next chord disappear; where it is further off a note ends on a beat. None grows over a
-// barline, and none to more than twice what was played: a short note is short on purpose.
+// Small gaps before the next chord disappear; where it is further off a note ends on a beat. None grows over
+// a barline, and none to more than twice what was played: a short note is short on purpose.
 FineTime NoteGeneration::ExtendedEnd(const Piece& piece, FineTime next) const {
     if (next < 0 || (_options.level == 0 && piece.end > piece.start)) return piece.end;
     if (_options.level == 0) return next;

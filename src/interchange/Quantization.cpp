@@ -20,9 +20,10 @@ public:
         }
     }
 
+    int64_t Plain(int64_t time) const { return Nearest(time, _plain); }
     // `passed`: since the event before.
     int64_t Place(int64_t time, int64_t passed) const {
-        const int64_t plain = Nearest(time, _plain);
+        const int64_t plain = Plain(time);
         if (_tuplets.empty() || (passed != 0 && passed < _tooNear)) return plain;
         int64_t best = Nearest(time, _tuplets[0]);
         for (const int64_t grid : _tuplets)
@@ -81,6 +82,7 @@ void Quantize(std::vector<NoteEvent>& events, int ticksPerQuarter, const ImportO
         original = event.time;
         before = std::max(before, grids.Place(original, passed));
         event.time = static_cast<int32_t>(std::min<int64_t>(before, INT32_MAX));
+        event.plain = static_cast<int32_t>(std::min<int64_t>(grids.Plain(original), INT32_MAX));
     }
     OrderMoments(events);
 }

@@ -10,7 +10,8 @@ namespace corvane {
 
 // A note's beginning or end. Notes of one track, in time order.
 struct NoteEvent {
-    int32_t time;  // ticks
+    int32_t time;   // ticks
+    int32_t plain;  // the same without regard to tuplets
     uint8_t channel, key;
     bool isOn;
 };

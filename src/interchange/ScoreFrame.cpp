@@ -11,7 +11,7 @@
 #include "layout/SkeletonRemoval.h"
 #include "model/Clefs.h"
 #include "model/SymbolTable.h"
-#include "play/GeneralMidi.h"
+#include "play/InstrumentNames.h"
 #include "play/MIDIUtility.h"
 
 namespace corvane {
@@ -62,8 +62,13 @@ int ScoreFrame::MeasuresPerSystem(int staves) {
 }
 
 std::vector<int> ScoreFrame::KeysOf(const StaffColumn& column, const ScorePlan& plan) {
-    const bool own = column.track && !column.track->keys.empty();
-    const std::vector<KeySpec>& specs = own ? column.track->keys : plan.bars.Keys();
+    // The tempo map's hold until the track tells its own.
+    std::vector<KeySpec> specs = plan.bars.Keys();
+    if (column.track && !column.track->keys.empty()) {
+        const std::vector<KeySpec>& own = column.track->keys;
+        std::erase_if(specs, [&](const KeySpec& spec) { return spec.time >= own[0].time; });
+        specs.insert(specs.end(), own.begin(), own.end());
+    }
     std::vector<int> keys(plan.bars.Size());
     size_t next = 0;
     int key = 0;

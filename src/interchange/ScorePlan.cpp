@@ -81,19 +81,21 @@ private:
 
     bool PlanVoice(const std::vector<NoteEvent>& events, ChannelTable::Place place, TrackPlan& track) {
         if (events.empty()) return true;
-        if (_plan.bars.BarAt(_plan.bars.Fine(events.back().time)) < 0) return false;
+        // What ends with a measure begins none.
+        const FineTime last = _plan.bars.Fine(events.back().time);
+        if (_plan.bars.BarAt(std::max<FineTime>(0, last - 1)) < 0) return false;
         TupletCells cells(_plan.bars, _options);
         cells.Find(events);
         PendingChords pending;
         for (const NoteEvent& event : events) {
-            const FineTime time = cells.Settle(event.time);
+            const FineTime time = cells.Settle(event);
             if (event.isOn)
                 pending.NoteOn(time, event.key);
             else
                 pending.NoteOff(time, event.key);
             if (pending.Notes().size() > kMostParts) return false;
         }
-        pending.Finish(cells.Settle(events.back().time));
+        pending.Finish(cells.Settle(events.back()));
         VoicePlan& voice = track.voices.emplace_back();
         voice.staff = place.staff;
         voice.voice = place.voice;

@@ -67,12 +67,12 @@ bool TupletCells::Fits(const std::vector<FineTime>& ons, size_t i, const TupletC
     return true;
 }
 
-FineTime TupletCells::Settle(int32_t ticks) const {
-    const FineTime time = _bars.Fine(ticks);
+FineTime TupletCells::Settle(const NoteEvent& event) const {
+    const FineTime time = _bars.Fine(event.time);
     // A tick's rounding may put what begins a cell just before it.
     if (const TupletCell* cell = CellAt(time + _tolerance))
         return cell->start + RoundedTo(std::max<FineTime>(0, time - cell->start), cell->Part());
-    return RoundedTo(time, _grid);
+    return RoundedTo(_bars.Fine(event.plain), _grid);
 }
 
 const TupletCell* TupletCells::CellAt(FineTime place) const {

@@ -25,8 +25,8 @@ public:
 
     // Finds the cells of notes of one voice, in time order; the grid holds a measure for each of them.
     void Find(const std::vector<NoteEvent>& events);
-    // The place of a time: the nearest of its cell's parts, or of the plain grid.
-    FineTime Settle(int32_t ticks) const;
+    // The place of an event: the nearest of its cell's parts, or of the plain grid.
+    FineTime Settle(const NoteEvent& event) const;
 
     // The cell that holds a place, or behind all; null for none.
     const TupletCell* CellAt(FineTime place) const;

@@ -9,8 +9,7 @@ namespace {
 constexpr size_t kMostHeld = 40;
 
 struct HeldNote {
-    NoteEvent on;
-    int32_t end;
+    NoteEvent on, off;
 };
 
 class Splitter {
@@ -23,8 +22,13 @@ public:
             NoteOff(event);
     }
 
-    SplitEvents Finish(int32_t time) {
-        for (const HeldNote& note : _held) _ended.push_back({note.on, time});
+    // What still sounds ends with `last`.
+    SplitEvents Finish(const NoteEvent& last) {
+        for (HeldNote& note : _held) {
+            note.off.time = last.time;
+            note.off.plain = last.plain;
+            _ended.push_back(note);
+        }
         _held.clear();
         Flush(_result.first);
         for (auto* events : {&_result.first, &_result.second}) {
@@ -36,11 +40,15 @@ public:
     }
 
 private:
+    static NoteEvent OffOf(NoteEvent event) {
+        event.isOn = false;
+        return event;
+    }
     void NoteOn(const NoteEvent& event) {
         const bool starts = _held.empty() && _ended.empty();
         const bool joins = !_held.empty() && _held.front().on.time == event.time;
         if ((starts || joins) && _held.size() < kMostHeld)
-            _held.push_back({event, event.time});
+            _held.push_back({event, OffOf(event)});
         else {
             _result.second.push_back(event);
             ++_elsewhere[event.key & 127];
@@ -59,19 +67,14 @@ private:
             return;
         }
         _lastEnd = event.time;
-        _ended.push_back({held->on, event.time});
+        _ended.push_back({held->on, event});
         _held.erase(held);
         if (_held.empty()) Flush(_result.first);
     }
 
     void Flush(std::vector<NoteEvent>& list) {
         for (const HeldNote& note : _ended) list.push_back(note.on);
-        for (const HeldNote& note : _ended) {
-            NoteEvent off = note.on;
-            off.time = note.end;
-            off.isOn = false;
-            list.push_back(off);
-        }
+        for (const HeldNote& note : _ended) list.push_back(note.off);
         _ended.clear();
     }
 
@@ -86,7 +89,7 @@ private:
 SplitEvents SplitInTwo(const std::vector<NoteEvent>& events) {
     Splitter splitter;
     for (const NoteEvent& event : events) splitter.Take(event);
-    return splitter.Finish(events.empty() ? 0 : events.back().time);
+    return events.empty() ? SplitEvents() : splitter.Finish(events.back());
 }
 
 }  // namespace corvane
