@@ -4,7 +4,7 @@
 
 # libjack-jackd2-dev: of the two that librtmidi-dev accepts, the one that bears jackd2 beside it.
 build_packages=(g++ cmake ninja-build pkg-config ccache mold qt6-base-dev qt6-svg-dev librtmidi-dev
-    libjack-jackd2-dev libfluidsynth-dev libcli11-dev libfreetype-dev libfontconfig-dev)
+    libjack-jackd2-dev libfluidsynth-dev libsndfile1-dev libcli11-dev libfreetype-dev libfontconfig-dev)
 run_packages=(timgm6mb-soundfont fonts-liberation fonts-dejavu-core libqt6svg6)
 test_packages=(libgtest-dev python3 xvfb xauth xdotool openbox imagemagick poppler-utils sox jackd2)
 

@@ -63,7 +63,7 @@ int RunConvert(const ConvertOptions& options) {
     WindowTarn* window = isMidi ? program.ImportOrTell(in, options.import) : program.OpenOrTell(in);
     if (!window) return kRefused;
     if (SavesAs(out)) return Outcome(program.TheSession().Save(*window, out), out);
-    return Outcome(ExportScore(*window, out, options.page, options.zoom));
+    return Outcome(ExportScore(*window, {out, options.page, options.zoom}));
 }
 
 int RunInfo(const std::string& file, bool json) {

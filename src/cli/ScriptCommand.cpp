@@ -21,7 +21,10 @@ int RunScript(const std::string& file) {
     }
     HeadlessProgram program;
     std::string out;
-    ScriptRunner runner(program.TheSession(), ExportScore, out);
+    const auto exporter = [](WindowTarn& window, const std::string& path, int page, int zoom) {
+        return ExportScore(window, {path, page, zoom});
+    };
+    ScriptRunner runner(program.TheSession(), exporter, out);
     const Status status = runner.Run(text);
     std::fwrite(out.data(), 1, out.size(), stdout);
     return Outcome(status);

@@ -26,6 +26,7 @@ CommandFamily SelectionCommands();
 CommandFamily StructureCommands();
 CommandFamily SpannerCommands();
 CommandFamily LayoutCommands();
+CommandFamily TextCommands();
 CommandFamily MixerCommands();
 
 // When commands can act.

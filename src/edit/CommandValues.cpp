@@ -1,10 +1,15 @@
 #include "edit/CommandValues.h"
 
 #include <algorithm>
+#include <cstdio>
 
+#include "edit/LayoutSteps.h"
 #include "edit/MeasureRange.h"
 #include "edit/NoteChoice.h"
+#include "edit/ScoreTexts.h"
+#include "layout/PageLayout.h"
 #include "layout/SignRecords.h"
+#include "layout/StaffNames.h"
 #include "model/Clefs.h"
 #include "model/Meters.h"
 #include "model/NoteOperations.h"
@@ -142,6 +147,87 @@ void PutVelocities(Values& values) {
     values.Put("end", end);
 }
 
+void PutTitle(Values& values) { values.Put("text", std::string(TitleOf(values.Score()))); }
+
+// Of the first staff.
+void PutStaffName(Values& values) {
+    const DocStaff* docStaff = documentDocStaffs.First(values.Score());
+    const Staff* staff = docStaff ? docStaffStaffs.First(docStaff) : nullptr;
+    const std::string_view name = staff ? NameOf(AllStaffOf(staff)) : std::string_view();
+    values.Put("name", std::string(LongName(name)));
+    if (ShortName(name) != name) values.Put("short", std::string(ShortName(name)));
+}
+
+void PutNumbering(Values& values) {
+    const MeasureNumbering numbering = MeasureNumberingOf(values.Score());
+    values.Put("show", numbering.shown);
+    values.Put("at", numbering.numbering == Numbering::EachSystem ? "systems" : "every");
+    values.Put("step", numbering.step);
+    values.Put("staves", numbering.staves == NumberStaves::All   ? "all"
+                         : numbering.staves == NumberStaves::Top ? "top"
+                                                                 : "connections");
+    values.Put("first", numbering.first);
+}
+
+// The selected measures, else the whole score.
+void PutSpacing(Values& values) {
+    if (!values.Window().TheSelection().IsEmpty()) return PutRange(values);
+    values.Put("from", 1);
+    values.PutMeasure("to", LastMeasure(values.Score()));
+    const SpacingRoom room = PreferredRoom(values.Score());
+    values.Put("dots", room.dots);
+    values.Put("clefs", room.clefs);
+    values.Put("accidentals", room.accidents);
+}
+
+void PutSpacingTable(Values& values) {
+    for (size_t row = 0; row < std::size(kSpacingRows); ++row) {
+        char text[16];
+        std::snprintf(text, sizeof text, "%.3f", static_cast<double>(spacingTable.widths[row]));
+        values.Put(kSpacingRows[row], std::string(text));
+    }
+}
+
+void PutGaps(Values& values) {
+    const SpacingGaps gaps = GapsOf(values.Score());
+    values.Put("first", gaps.firstNote);
+    values.Put("last", gaps.lastNote);
+    values.Put("clef", gaps.barlineClef);
+    values.Put("key", gaps.clefKey);
+    values.Put("time", gaps.keyTime);
+}
+
+void PutPaper(Values& values) {
+    values.Put("height", Document::pageHeight);
+    values.Put("width", Document::pageWidth);
+}
+
+void PutMargins(Values& values) {
+    const Page* page = values.Window().CurrentPage();
+    if (!page) return;
+    for (const char* name : {"from", "to"}) values.Put(name, page->_pageNumber);
+    values.Put("left", page->_leftMargin);
+    values.Put("right", page->_rightMargin);
+    values.Put("top", page->_topMargin);
+    values.Put("bottom", page->_bottomMargin);
+}
+
+// Of the first staff, in the page's first system.
+void PutStaffForm(Values& values) {
+    const Page* page = values.Window().CurrentPage();
+    const System* system = page ? pageSystems.First(page) : nullptr;
+    const std::vector<Staff*> staffs = system ? StaffsFromTop(system) : std::vector<Staff*>();
+    if (staffs.empty()) return;
+    for (const char* name : {"from", "to"}) values.Put(name, 1);
+    values.Put("size", staffs.front()->_lineDistance);
+    values.Put("lines", staffs.front()->_lineCount);
+    values.Put("distance", staffs.size() > 1 ? staffs[1]->_top - staffs[0]->_bottom : 0);
+}
+
+void PutIndent(Values& values) {
+    if (const auto* staff = Preferences<StaffPref>(values.Score())) values.Put("indent", staff->_nameWidth);
+}
+
 constexpr struct {
     int id;
     void (*put)(Values&);
@@ -151,7 +237,10 @@ constexpr struct {
     {32789, PutSystemsOfPage}, {32790, PutPages},   {32791, PutNewMeasures},
     {32792, PutNewStaves},     {32793, PutPages},   {32794, PutRange},
     {32795, PutStaves},        {32796, PutRange},   {32797, PutMeasure},
-    {32817, PutDuration},
+    {32817, PutDuration},      {32807, PutSpacing}, {33177, PutSpacingTable},
+    {32786, PutGaps},          {57606, PutPaper},   {32776, PutMargins},
+    {32777, PutStaffForm},     {32787, PutIndent},
+    {32782, PutNumbering},    {40011, PutTitle},   {40012, PutStaffName},
 };
 
 }  // namespace

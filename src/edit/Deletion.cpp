@@ -6,6 +6,7 @@
 #include "edit/DeletionSteps.h"
 #include "edit/Insertion.h"
 #include "edit/MeasureRedraw.h"
+#include "edit/Spanners.h"
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
 #include "layout/Spacing.h"
@@ -62,6 +63,7 @@ void LeaveRest(Chords* chord, int32_t x) {
 // True if its voice went with it.
 bool DestroyChord(WindowTarn& window, Chords* chord) {
     Voice* voice = VoicePar(chord);
+    DeleteSlursAt(window, chord);
     for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(chord)) DeleteVoiceSymbolAttribute(window, attribute);
     voiceSymbols.Remove(chord);
     chordSymbolChords.Remove(chord);
@@ -142,6 +144,7 @@ void DeletePause(WindowTarn& window, Pause* pause, const DeletionChoice& choice)
     CORVANE_ASSERT_AS(document, "doc");
     const MeasureRedraw redraw(window, measureStaff);
     RemoveVoiceSymbolEvents(pause);
+    DeleteSlursAt(window, pause);
     if (Beam* beam = BeamOf(pause)) DissolveBeam(beam, pause);
     DropSymbol(document, pause->_symbol);
     for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(pause)) DeleteVoiceSymbolAttribute(window, attribute);

@@ -41,11 +41,10 @@ Status SpacingCommand(WindowTarn& window, const CommandArguments& arguments) {
 
 // Rows by their names; what is not told stays. It holds for all scores and what is spaced from now on.
 Status SpacingTableCommand(WindowTarn&, const CommandArguments& arguments) {
-    constexpr const char* kRows[] = {"2/1", "1/1", "1/2", "1/4", "1/8", "1/16", "1/32", "min"};
     ArgumentReader reader(arguments);
     SpacingTable table = spacingTable;
     size_t row = 0;
-    for (const char* name : kRows) {
+    for (const char* name : kSpacingRows) {
         float& width = table.widths[row++];
         width = static_cast<float>(reader.Decimal(name, 0.0, kMostTableWidth, static_cast<double>(width)));
     }

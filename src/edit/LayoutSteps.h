@@ -22,6 +22,9 @@ SpacingRoom PreferredRoom(const Document* document);
 // From `first` to `last` in score order, both included.
 Status SpaceMeasures(WindowTarn& window, const MeasureRange& range, const SpacingChoice& choice);
 
+// What commands call the rows of the spacing table.
+inline constexpr const char* kSpacingRows[] = {"2/1", "1/1", "1/2", "1/4", "1/8", "1/16", "1/32", "min"};
+
 // Gaps of headers and around notes; headers grow and shrink at once, notes when they are spaced.
 Status SetSpacingGaps(WindowTarn& window, const SpacingGaps& gaps);
 

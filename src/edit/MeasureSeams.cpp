@@ -10,6 +10,7 @@
 #include "layout/NoteAreas.h"
 #include "layout/NotePitches.h"
 #include "layout/ScoreBuilder.h"
+#include "layout/SpannerMarks.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 
@@ -75,6 +76,12 @@ std::vector<System*> SystemsOf(const std::vector<Measure*>& measures) {
     return systems;
 }
 
+// Spanners whose mark between their ends went with its measure are known by their mark on the system before.
+void SettleMarksAround(std::vector<System*> systems, const Measure* before) {
+    if (before) systems.push_back(SystemPar(before));
+    SettleMarks(systems);
+}
+
 }  // namespace
 
 void CutBehind(WindowTarn& window, const Measure* measure) {
@@ -125,6 +132,7 @@ std::vector<System*> TakeOutMeasures(WindowTarn& window, const std::vector<Measu
     for (System* system : systems)
         if (!systemMeasures.IsEmpty(system)) FitMeasures(system);
     RenumberMeasures(behind);
+    SettleMarksAround(systems, before);
     return systems;
 }
 

@@ -5,6 +5,7 @@
 #include "edit/Deletion.h"
 #include "edit/Insertion.h"
 #include "edit/MeasureRedraw.h"
+#include "edit/Spanners.h"
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "layout/Beaming.h"
@@ -61,6 +62,7 @@ void InsertAsNewChord(const InsertionPlace& place, MeasureStaff* measureStaff, i
         place.window.Shell().Tell("The measure is full.");
         return;
     }
+    CutTiesOver(place.window, ChordPar(note));
     RestemOthers(voice);
     FollowUp(note, false, false);
 }
@@ -118,6 +120,7 @@ void PauseInsertion(const InsertionPlace& place, std::string_view descriptor) {
         place.window.Shell().Tell("The measure is full.");
         return;
     }
+    CutTiesOver(place.window, pause);
     RestemOthers(voice);
     if (Switches().autoBeam) BeamVoice(voice);
     if (Switches().autoSpace) SpaceVoice(voice);

@@ -1,5 +1,6 @@
 #include "edit/PaletteTable.h"
 
+#include "edit/SpannerSteps.h"
 #include "edit/ToolState.h"
 
 namespace corvane {
@@ -66,6 +67,7 @@ constexpr PaletteItem kItems[] = {
     {1, 25, "_DDiesis_", "Double sharp", EnterAccidental, P::Bracketed},
     {1, 26, "_Bequadro_", "Natural", EnterAccidental, P::Bracketed},
     {1, 27, "_DBemolle_", "Double flat", EnterAccidental, P::Bracketed},
+    {1, 28, "", "Slur", {}, P::Plain, SlurStroke},
     {1, 29, "_Monesis_", "Half sharp", EnterAccidental, P::Bracketed},
     {1, 30, "_MonoBemolle_", "Half flat", EnterAccidental, P::Bracketed},
     {1, 31, "_Triesis_", "Three-quarter sharp", EnterAccidental, P::Bracketed},
@@ -103,6 +105,7 @@ constexpr PaletteItem kItems[] = {
     {3, 15, "Dsffz", "sffz", EnterDynamic, P::Plain},
     {3, 16, "Dsfp", "sfp", EnterDynamic, P::Plain},
     {3, 17, "Dsfpp", "sfpp", EnterDynamic, P::Plain},
+    {3, 18, "", "Hairpin", {}, P::Plain, HairpinStroke},
     {4, 1, "_Accento_", "Accent", EnterNoteSign<Articolazione>, P::Plain},
     {4, 2, "_DoppioAccento_", "Double accent", EnterNoteSign<Articolazione>, P::Plain},
     {4, 3, "_Portato_", "Tenuto", EnterNoteSign<Articolazione>, P::Plain},
@@ -118,6 +121,7 @@ constexpr PaletteItem kItems[] = {
     {4, 13, "_PortatoStaccato_", "Tenuto over staccato", EnterNoteSign<Articolazione>, P::Plain},
     {4, 14, "_StaccatoPortato_", "Staccato over tenuto", EnterNoteSign<Articolazione>, P::Plain},
     {5, 1, "_Trillo_", "Trill", EnterSymbol, P::Plain},
+    {5, 2, "_Trillo_", "Trill line", {}, P::Plain, TrilloStroke},
     {5, 3, "_MordenteSup_", "Upper mordent", EnterNoteSign<Mordente>, P::Plain},
     {5, 4, "_MordenteInf_", "Lower mordent", EnterNoteSign<Mordente>, P::Plain},
     {5, 5, "_MordenteDoppioSup_", "Long upper mordent", EnterNoteSign<Mordente>, P::Plain},
@@ -137,12 +141,17 @@ constexpr PaletteItem kItems[] = {
     {5, 20, "_Sette_", "Fingering 7", EnterNoteSign<Diteggiatura>, P::Plain},
     {5, 21, "_Otto_", "Fingering 8", EnterNoteSign<Diteggiatura>, P::Plain},
     {5, 22, "_Nove_", "Fingering 9", EnterNoteSign<Diteggiatura>, P::Plain},
+    {6, 3, "_8vaSu_", "Octave up", {}, P::Plain, OttavaStroke},
+    {6, 4, "_8vaGiu_", "Octave down", {}, P::Plain, OttavaStroke},
+    {6, 5, "_15maSu_", "Two octaves up", {}, P::Plain, OttavaStroke},
+    {6, 6, "_15maGiu_", "Two octaves down", {}, P::Plain, OttavaStroke},
     {6, 7, "_TremoloUno_", "Tremolo, one stroke", EnterTremolo, P::Plain},
     {6, 8, "_TremoloDue_", "Tremolo, two strokes", EnterTremolo, P::Plain},
     {6, 9, "_TremoloTre_", "Tremolo, three strokes", EnterTremolo, P::Plain},
     {6, 10, "_TremoloQuattro_", "Tremolo, four strokes", EnterTremolo, P::Plain},
     {6, 11, "_SimboloCoda_", "Coda sign", EnterSymbol, P::Plain},
     {6, 12, "_Pedale_", "Pedal", EnterSymbol, P::Plain},
+    {6, 13, "", "Pedal line", {}, P::Plain, PedaleStroke},
     {6, 14, "_FinePedale_", "End of pedal", EnterSymbol, P::Plain},
     {6, 15, "_Tilde_", "Wave", EnterNoteSign<Tilde>, P::Plain},
     {6, 16, "_Ripetizione1_", "Repeat of a measure", EnterSymbol, P::Plain},

@@ -17,6 +17,9 @@ struct PaletteItem {
     void (*handler)(const InsertionPlace& place, const PaletteItem& item, const std::string& descriptor);
     // An accidental takes "(" and a note "_Grace_" behind its descriptor where the switch is on.
     enum Suffix { Plain, GraceNote, Bracketed, OrnamentBracketed } suffix;
+    // Of an item that spans a stretch, in place of the handler (SpannerSteps.h): done when the press is let
+    // go.
+    void (*stroke)(WindowTarn& window, const PaletteItem& item, Point from, Point to, int voice) = nullptr;
 };
 
 // Null for an item that enters nothing.

@@ -6,13 +6,16 @@
 #include "edit/Lyrics.h"
 #include "edit/MeasureRedraw.h"
 #include "edit/PaletteTable.h"
+#include "edit/PencilStroke.h"
 #include "edit/SelectionPress.h"
 #include "edit/Signs.h"
+#include "edit/Spanners.h"
 #include "edit/TarnSelect.h"
 #include "edit/Texts.h"
 #include "edit/ToolState.h"
 #include "layout/Frames.h"
 #include "layout/NoteGeometry.h"
+#include "layout/SpannerMarks.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 
@@ -40,6 +43,11 @@ void UsePencil(const Press& press) {
     const PaletteItem* item = FindPaletteItem(tools.paletteGroup, tools.items[tools.paletteGroup]);
     if (!item) return;
     press.window.caret.visible = false;
+    if (item->stroke) {
+        press.window.interaction =
+            std::make_unique<PencilStroke>(press.window, *item, press.point, tools.OneVoice());
+        return;
+    }
     if (!item->handler) return BeginTextAt(press.window, press.system, press.point, item->item);
     EditStep step(press.window);
     item->handler({press.window, step, press.system, press.point, tools.OneVoice(), tools.AllVoices()}, *item,
@@ -75,6 +83,17 @@ bool EraseTremolo(const Press& press, const DrawPatch& patch) {
     if (tremolo) DeleteTremolo(press.window, tremolo);
     return tremolo != nullptr;
 }
+bool EraseTuplet(const Press& press, const DrawPatch& patch) {
+    auto* mark = patch.Record<MarkIrreg>();
+    if (mark) DeleteIrregular(press.window, irregularMarks.ParentOf(mark));
+    return mark != nullptr;
+}
+bool EraseSpanner(const Press& press, const DrawPatch& patch) {
+    auto* mark = patch.Record<StaffMeasureSymbol>();
+    const bool isMark = mark && IsSpannerMark(mark);
+    if (isMark) DeleteSpanner(press.window, mark);
+    return isMark;
+}
 template <class R, void (*Delete)(WindowTarn&, R*)>
 bool Erase(const Press& press, const DrawPatch& patch) {
     R* record = patch.Record<R>();
@@ -90,6 +109,8 @@ constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
     Erase<Dinamiche, DeleteDinamiche>,
     EraseNoteAttribute,
     EraseTremolo,
+    EraseTuplet,
+    EraseSpanner,
     Erase<SimboliVari, DeleteSimboliVari>,
     EraseRest,
     Erase<Coda, DeleteCoda>,

@@ -5,6 +5,7 @@
 
 #include "base/Assert.h"
 #include "edit/DeletionSteps.h"
+#include "edit/Spanners.h"
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
 #include "layout/NotePitches.h"
@@ -119,6 +120,7 @@ void DestroyTimeElements(Document* document, Measure* measure) {
 }  // namespace
 
 void DestroyVoiceSymbol(WindowTarn& window, VoiceSymbol* symbol) {
+    DeleteSlursAt(window, symbol);
     DestroyAttributes(DocumentPar(symbol), symbol);
     if (auto* chord = As<Chords>(symbol))
         DestroyChord(window, chord);

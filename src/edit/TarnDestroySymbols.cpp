@@ -8,10 +8,17 @@
 namespace corvane {
 namespace {
 
-// A spanner goes as a whole, also where it reaches into measures that stay.
+// A spanner goes as a whole with the mark at either of its ends, also where it reaches into measures that
+// stay; a mark between goes alone.
 template <class Mark, const auto& marks>
 void DestroySpanner(Document* document, StaffMeasureSymbol* symbol) {
-    auto* spanner = marks.ParentOf(static_cast<Mark*>(symbol));
+    auto* own = static_cast<Mark*>(symbol);
+    auto* spanner = marks.ParentOf(own);
+    if (own != marks.First(spanner) && own != marks.Last(spanner)) {
+        marks.Remove(own);
+        staffSymbols.Remove(own);
+        return DropRecord(document, own);
+    }
     while (Mark* mark = marks.First(spanner)) {
         marks.Remove(mark);
         staffSymbols.Remove(mark);

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "edit/LyricEntry.h"
+#include "edit/ScoreTexts.h"
 #include "edit/TarnClick.h"
 #include "edit/Texts.h"
 #include "layout/Frames.h"
@@ -62,11 +63,31 @@ private:
     Point _at;
 };
 
+class TitleEntry : public TextEntry {
+public:
+    explicit TitleEntry(const Document* document) : _document(document) {}
+    std::string Text() const override { return std::string(TitleOf(_document)); }
+    TextLook Look() const override { return TitlePictureOf(_document).look; }
+    Point Place() const override {
+        const TitlePicture picture = TitlePictureOf(_document);
+        return {picture.place.at.x - WidthOfText(picture.text, picture.look) / 2, picture.place.at.y};
+    }
+    size_t MostBytes() const override { return kMostTitleBytes; }
+    bool HasLines() const override { return false; }
+    void Take(WindowTarn& window, std::string_view text, const TextLook&) override {
+        ChangeTitle(window, text);
+    }
+
+private:
+    const Document* _document;
+};
+
 std::unique_ptr<TextEntry> EntryOf(const DrawPatch& patch) {
     if (auto* text = patch.Record<MeasureStaffText>())
         return std::make_unique<OldText<MeasureStaffText, ChangeMeasureStaffText>>(text, BaselineOf(text));
     if (auto* text = patch.Record<PageText>())
         return std::make_unique<OldText<PageText, ChangePageText>>(text, Point{text->_x, text->_y});
+    if (const auto* document = patch.Record<Document>()) return std::make_unique<TitleEntry>(document);
     if (auto* syllable = patch.Record<Liriche>()) return EntryOfSyllable(syllable);
     return nullptr;
 }

@@ -4,6 +4,7 @@
 #include "layout/Frames.h"
 #include "layout/PageFiling.h"
 #include "layout/PageLayout.h"
+#include "layout/StaffNames.h"
 #include "layout/TextPlaces.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
@@ -14,13 +15,6 @@ namespace {
 
 void FileText(WindowTarn& window, void* text, const Page* page) {
     if (page == window.CurrentPage()) window.Sheet().AddObject(PatchOf(text), 0);
-}
-
-AllStaff* LineOf(Staff* staff) {
-    if (auto* simple = As<SimpleStaff>(staff)) return allStaffStaffs.ParentOf(simple);
-    auto* bot = As<StaffBot>(staff);
-    MultiStaff* custom = bot ? customStaffs.ParentOf(bot) : nullptr;
-    return custom ? allStaffStaffs.ParentOf(custom) : nullptr;
 }
 
 void DropMarks(MeasureStaffText* text) {
@@ -109,7 +103,7 @@ void ChangeTextStaves(WindowTarn& window, MeasureStaffText* text, bool allStaves
     const Staff* own = MeasureStaffPar(text)->_staff;
     if (allStaves && own)
         for (Staff* staff : StaffsFromTop(SystemPar(own)))
-            if (AllStaff* line = staff == own || IsShownAt(text, staff) ? nullptr : LineOf(staff)) {
+            if (AllStaff* line = staff == own || IsShownAt(text, staff) ? nullptr : AllStaffOf(staff)) {
                 auto* mark = Make<MarkText>();
                 textMarks.Add(text, mark);
                 allStaffTextMarks.Add(line, mark);

@@ -22,6 +22,19 @@ const VoiceSymbol* FirstEvent(const Voice* voice) {
     return symbol;
 }
 
+// In the voice, over the barline too; grace chords do not count.
+const VoiceSymbol* EventBefore(const VoiceSymbol* symbol) {
+    const Voice* voice = VoicePar(symbol);
+    const VoiceSymbol* before = voiceSymbols.Prev(symbol);
+    while (before && IsGrace(before)) before = voiceSymbols.Prev(before);
+    if (before) return before;
+    const MeasureStaff* crossing = PrevOnStaff(MeasureStaffPar(voice));
+    const Voice* same = crossing ? FindVoice(crossing, voice->_number) : nullptr;
+    before = same ? voiceSymbols.Last(same) : nullptr;
+    while (before && IsGrace(before)) before = voiceSymbols.Prev(before);
+    return before;
+}
+
 GenericNote* NoteOfHeight(const VoiceSymbol* symbol, int height) {
     const auto* chord = As<Chords>(symbol);
     if (!chord) return nullptr;
@@ -80,6 +93,23 @@ void DeleteTieBetween(WindowTarn& window, GenericNote* a, GenericNote* b) {
     for (NoteAttribute* attribute : noteAttributes.Of(a))
         if (const auto* mark = As<MarkValue>(attribute); mark && TiePartnerOf(mark) == b)
             return DeleteNoteAttribute(window, attribute);
+}
+
+void CutTiesOver(WindowTarn& window, const VoiceSymbol* symbol) {
+    const VoiceSymbol* before = IsGrace(symbol) ? nullptr : EventBefore(symbol);
+    if (!As<Chords>(before)) return;
+    for (GenericNote* note : chordNotes.Of(As<Chords>(before)))
+        for (bool found = true; found;) {
+            found = false;
+            for (NoteAttribute* attribute : noteAttributes.Of(note)) {
+                const auto* mark = As<MarkValue>(attribute);
+                const GenericNote* partner = mark ? TiePartnerOf(mark) : nullptr;
+                if (!partner || ChordPar(partner) == symbol || !StandsBefore(note, partner)) continue;
+                DeleteNoteAttribute(window, attribute);
+                found = true;
+                break;
+            }
+        }
 }
 
 void AlterTiedNotes(WindowTarn& window, GenericNote* note) {

@@ -39,10 +39,29 @@ void Paint(GraphicPort& port, const Dot& dot, const DrawContext& context);
 Rect InkOf(const BeamMarker& marker);
 void Paint(GraphicPort& port, const BeamMarker& marker, const DrawContext& context);
 
-// Spanners, each by its marks: DrawTie.cpp. An outline is what a press is measured from.
+// Spanners, each by its marks: DrawTie.cpp, DrawTuplet.cpp, DrawSlur.cpp, DrawHairpin.cpp, DrawLines.cpp. An
+// outline is what a press is measured from.
 Rect InkOf(const MarkValue& mark);
 void Paint(GraphicPort& port, const MarkValue& mark, const DrawContext& context);
 std::vector<Point> OutlineOf(const MarkValue& mark);
+Rect InkOf(const MarkIrreg& mark);
+void Paint(GraphicPort& port, const MarkIrreg& mark, const DrawContext& context);
+std::vector<Point> OutlineOf(const MarkIrreg& mark);
+Rect InkOf(const MarkSlur& mark);
+void Paint(GraphicPort& port, const MarkSlur& mark, const DrawContext& context);
+std::vector<Point> OutlineOf(const MarkSlur& mark);
+Rect InkOf(const MarkHairpin& mark);
+void Paint(GraphicPort& port, const MarkHairpin& mark, const DrawContext& context);
+std::vector<Point> OutlineOf(const MarkHairpin& mark);
+Rect InkOf(const MarkOttava& mark);
+void Paint(GraphicPort& port, const MarkOttava& mark, const DrawContext& context);
+std::vector<Point> OutlineOf(const MarkOttava& mark);
+Rect InkOf(const MarkTrillo& mark);
+void Paint(GraphicPort& port, const MarkTrillo& mark, const DrawContext& context);
+std::vector<Point> OutlineOf(const MarkTrillo& mark);
+Rect InkOf(const MarkPedale& mark);
+void Paint(GraphicPort& port, const MarkPedale& mark, const DrawContext& context);
+std::vector<Point> OutlineOf(const MarkPedale& mark);
 
 // DrawNoteSigns.cpp.
 Rect InkOf(const SymbolAttribute& sign);
@@ -71,6 +90,9 @@ void Paint(GraphicPort& port, const PageText& text, const DrawContext& context);
 Rect InkOf(const MeasureStaffText& text);
 void Paint(GraphicPort& port, const MeasureStaffText& text, const DrawContext& context);
 bool Touches(const MeasureStaffText& text, Point p);  // a hit, where it stands at several staves
+// DrawTitle.cpp: a score's title is its document's.
+Rect InkOf(const Document& document);
+void Paint(GraphicPort& port, const Document& document, const DrawContext& context);
 // DrawLyrics.cpp.
 Rect InkOf(const Liriche& syllable);
 void Paint(GraphicPort& port, const Liriche& syllable, const DrawContext& context);
@@ -84,6 +106,7 @@ int VoiceNumberOf(const MarkValue& mark);
 int VoiceNumberOf(const Dot& dot);
 int VoiceNumberOf(const Tremolo& tremolo);
 int VoiceNumberOf(const BeamMarker& marker);
+int VoiceNumberOf(const MarkIrreg& mark);
 
 // ---- Helpers of these files
 

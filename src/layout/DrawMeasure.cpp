@@ -8,6 +8,7 @@
 #include "layout/DrawFamilies.h"
 #include "layout/Frames.h"
 #include "layout/LineWeights.h"
+#include "layout/MeasureNumbers.h"
 #include "layout/PageLayout.h"
 #include "layout/SpacingHeader.h"
 #include "model/Par.h"
@@ -157,7 +158,12 @@ void PaintBar(GraphicPort& port, const Bar& bar, const Span& span, int32_t lineD
 
 }  // namespace
 
-Rect InkOf(const Measure& measure) { return Union(PictureOf(&measure).Ink(), InkOfCourtesy(&measure)); }
+Rect InkOf(const Measure& measure) {
+    Rect ink = Union(PictureOf(&measure).Ink(), InkOfCourtesy(&measure));
+    const NumberPicture number = NumberPictureOf(&measure);
+    for (const TextPlace& place : number.places) ink = Union(ink, InkOfText(number.text, number.look, place));
+    return ink;
+}
 
 void Paint(GraphicPort& port, const Measure& measure, const DrawContext&) {
     const PenKept kept(port);
@@ -168,6 +174,8 @@ void Paint(GraphicPort& port, const Measure& measure, const DrawContext&) {
     for (const Rect& line : picture.opening)
         PaintUpright(port, line.left, line.top, line.bottom, line.Width());
     PaintCourtesy(port, &measure);
+    const NumberPicture number = NumberPictureOf(&measure);
+    for (const TextPlace& place : number.places) PaintText(port, number.text, number.look, place);
 }
 
 }  // namespace corvane

@@ -15,7 +15,7 @@ namespace {
 enum class Hits { Rectangle, Outline, Never };
 enum class When { InOrder, Late };
 
-constexpr int32_t kReach = 40;  // of a press beside a line, page units
+constexpr int32_t kReach = 30;  // of a press beside a line, page units
 
 double DistanceFrom(Point a, Point b, Point p) {
     const double dx = b.x - a.x, dy = b.y - a.y, square = dx * dx + dy * dy;
@@ -115,6 +115,12 @@ std::array<const PatchBehaviour*, kClasses> MakeTable() {
              RowOf<Dot>(),
              RowOf<BeamMarker>(),
              RowOf<MarkValue, Hits::Outline>(),
+             RowOf<MarkIrreg, Hits::Outline>(),
+             RowOf<MarkSlur, Hits::Outline>(),
+             RowOf<MarkHairpin, Hits::Outline>(),
+             RowOf<MarkOttava, Hits::Outline>(),
+             RowOf<MarkTrillo, Hits::Outline>(),
+             RowOf<MarkPedale, Hits::Outline>(),
              RowOf<Time>(),
              RowOf<MarkEndings>(),
              RowOf<Coda>(),
@@ -122,6 +128,7 @@ std::array<const PatchBehaviour*, kClasses> MakeTable() {
              RowOf<MultiPause>(),
              RowOf<PageText>(),
              RowOf<MeasureStaffText>(),
+             RowOf<Document>(),
              RowOf<Liriche>(),
              RowOf<Dinamiche>(),
              RowOf<Tremolo>(),

@@ -5,6 +5,7 @@
 #include "layout/DrawFamilies.h"
 #include "layout/Frames.h"
 #include "layout/PageLayout.h"
+#include "layout/StaffNames.h"
 #include "layout/TextInk.h"
 #include "layout/TextPlaces.h"
 #include "model/Par.h"
@@ -44,11 +45,7 @@ Point BaselineOf(const MeasureStaffText* text) {
 }
 
 bool IsShownAt(const MeasureStaffText* text, const Staff* staff) {
-    const auto* simple = As<SimpleStaff>(staff);
-    const auto* bot = As<StaffBot>(staff);
-    const MultiStaff* multi = simple;
-    if (bot) multi = customStaffs.ParentOf(bot);
-    const AllStaff* line = multi ? allStaffStaffs.ParentOf(multi) : nullptr;
+    const AllStaff* line = AllStaffOf(staff);
     for (const MarkText* mark : textMarks.Of(text))
         if (line && allStaffTextMarks.ParentOf(mark) == line) return true;
     return false;

@@ -8,6 +8,7 @@
 #include "layout/PageLayout.h"
 #include "layout/ScoreBuilder.h"
 #include "layout/SkeletonRemoval.h"
+#include "layout/SpannerMarks.h"
 #include "model/Par.h"
 
 namespace corvane {
@@ -218,6 +219,7 @@ void SetMeasuresPerSystem(Document* document, System* first, System* last, int p
     for (System* system : systems) before.emplace_back(systemMeasures, system);
     DealMeasures(measures, systems, static_cast<size_t>(perSystem));
     for (const MeasureHead& head : heads) head.Settle();
+    SettleMarks(systems);
     if (!FitSystems(document, before) && pageSystems.Count(lastPage) > capacity)
         SpillOver(document, lastPage, capacity);
     RenumberPages(document);

@@ -2,8 +2,10 @@
 
 #include "layout/Lyrics.h"
 #include "layout/PageLayout.h"
+#include "layout/SpannerMarks.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
+#include "model/Texts.h"
 #include "model/Ties.h"
 
 namespace corvane {
@@ -64,6 +66,24 @@ void VisitTiesTo(const MeasureStaff* crossing, const PatchVisitor& visit) {
         }
 }
 
+// The marks in the same system whose spanners run over a crossing.
+void VisitMarksOver(const MeasureStaff* crossing, const PatchVisitor& visit) {
+    const Measure* measure = MeasurePar(crossing);
+    const System* system = SystemPar(measure);
+    const auto isInSystem = [&](const MeasureStaff* other) {
+        return other && SystemPar(MeasurePar(other)) == system;
+    };
+    const MeasureStaff* first = crossing;
+    while (isInSystem(PrevOnStaff(first))) first = PrevOnStaff(first);
+    for (const MeasureStaff* each = first; isInSystem(each); each = NextOnStaff(each))
+        for (StaffMeasureSymbol* symbol : staffSymbols.Of(each)) {
+            const auto marks = each == crossing ? std::vector<StaffMeasureSymbol*>{} : MarksOf(symbol);
+            if (!marks.empty() && MeasurePar(marks.front())->_number <= measure->_number &&
+                MeasurePar(marks.back())->_number >= measure->_number)
+                Visit(symbol, 0, visit);
+        }
+}
+
 // A crossing without a staff of its own is not drawn.
 void VisitCrossing(const MeasureStaff* crossing, const PatchVisitor& visit) {
     if (!crossing->_staff) return;
@@ -87,6 +107,9 @@ void VisitSystem(const System* system, const PatchVisitor& visit) {
 void ForEachPatch(const Page* page, const PatchVisitor& visit) {
     for (const System* system : pageSystems.Of(page)) VisitSystem(system, visit);
     for (PageText* text : pageTexts.Of(page)) Visit(text, 0, visit);
+    Document* document = documentPages.ParentOf(page);
+    if (document && documentPages.First(document) == page && !TitleOf(document).empty())
+        Visit(document, 0, visit);
 }
 
 void ForEachPatch(const System* system, const PatchVisitor& visit) { VisitSystem(system, visit); }
@@ -99,6 +122,7 @@ void ForEachSpannerOver(const MeasureStaff* measureStaff, const PatchVisitor& vi
     VisitTiesTo(measureStaff, visit);
     for (Liriche* syllable : LyricsReaching(measureStaff))
         Visit(syllable, VoicePar(noteAttributes.ParentOf(syllable))->_number, visit);
+    VisitMarksOver(measureStaff, visit);
 }
 
 void ForEachPatch(const VoiceSymbol* symbol, const PatchVisitor& visit) {

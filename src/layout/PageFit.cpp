@@ -24,7 +24,8 @@ System* FirstSystem(const Document* document) {
 
 int32_t IndentOf(const Document* document, const System* system) {
     const auto* preferences = Preferences<StaffPref>(document);
-    return preferences && system == FirstSystem(document) ? preferences->_nameWidth : 0;
+    if (!preferences) return 0;
+    return system == FirstSystem(document) ? preferences->_nameWidth : preferences->_shortNameWidth;
 }
 
 void FitWidth(System* system) {

@@ -11,7 +11,8 @@ inline constexpr int32_t kLeastPageHeight = 5950, kLeastPageWidth = 4060, kLeast
 // The size that a score's preferences tell becomes the process's, but for what is less than the least.
 void TakePageSize(const Document* document);
 
-// From the left margin to a system: room for staff names before the first one of the score, 0 before others.
+// From the left margin to a system: room for the names of staves before the first one of the score, for their
+// short names before others.
 int32_t IndentOf(const Document* document, const System* system);
 // A system as wide as its page allows, its staves too; its measures share what they gain or lose in
 // proportion to their note areas. Nothing is written where it fits.

@@ -1,5 +1,6 @@
 #include "layout/ScoreSkeleton.h"
 
+#include "layout/PageFit.h"
 #include "layout/PageLayout.h"
 #include "layout/ScoreBuilder.h"
 #include "model/Clefs.h"
@@ -100,6 +101,7 @@ System* MakeSystem(Page* page, System* behind, int measures) {
     auto* system = Make<System>();
     pageSystems.Insert(page, system, behind);
     page->_systemCount += 1;
+    if (const Document* document = documentPages.ParentOf(page)) system->_left = IndentOf(document, system);
     system->_right = Document::pageWidth - page->_leftMargin - page->_rightMargin;
     system->_top = page->_topMargin;
     system->_bottom = Document::pageHeight - page->_bottomMargin;

@@ -22,7 +22,11 @@ void ReleaseConnection(System* system, Connection* connection) {
 }
 
 void ReleaseAllStaff(AllStaff* allStaff) {
-    while (MarkText* mark = allStaffTextMarks.First(allStaff)) allStaffTextMarks.Remove(mark);
+    while (MarkText* mark = allStaffTextMarks.First(allStaff)) {
+        allStaffTextMarks.Remove(mark);
+        textMarks.Remove(mark);
+        Release(mark);
+    }
     ReleaseText(allStaff->_name);
     Release(allStaff);
 }

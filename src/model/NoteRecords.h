@@ -257,6 +257,13 @@ struct TieValue : BehaviourWord, Top2T<TieValue, 36, 3> {
 };
 
 // A tuplet and the marks of its events.
+enum class TupletFigure : uint8_t {
+    AsUsual = 0,
+    Number = 1,
+    Ratio = 2,
+    None = 3
+};  // the ratio where it is unusual
+enum class TupletBracket : uint8_t { UnlessBeamed = 0, Always = 1, None = 2 };
 struct MarkIrreg : VoiceSymbolAttribute, Gap<8, 12>, Bot2T<MarkIrreg, 38, 3> {
     static constexpr int16_t kClass = 35;
     static constexpr bool IsHeir(int16_t n) { return n == 35; }
@@ -264,9 +271,12 @@ struct MarkIrreg : VoiceSymbolAttribute, Gap<8, 12>, Bot2T<MarkIrreg, 38, 3> {
 };
 struct Irregular : BehaviourWord, Top2T<Irregular, 38, 3> {
     static constexpr int16_t kClass = 36;
-    Stored<int32_t> _geometry[7];
+    Stored<int32_t> _leftX, _leftY, _rightX,
+        _rightY;  // the bracket's ends moved, hundredths of a line distance
+    Stored<int32_t> _long24, _long28, _long32;
     Stored<int16_t> _count, _inTimeOf;  // so many in the time of so many
-    Filler<2> _filler40;
+    Stored<TupletFigure> _figure;
+    Stored<TupletBracket> _bracket;
 };
 
 }  // namespace corvane

@@ -55,8 +55,8 @@ struct MeasurePreferences : PreferencesOf<13> {
 
 struct IrregPref : PreferencesOf<37> {
     Ptr<TarnFont> _font;
-    Stored<uint8_t> _byte28, _byte29;
-    Stored<int32_t> _dx, _dy;  // of the figure, percent
+    Stored<uint8_t> _figure, _bracket;  // of a new tuplet: TupletFigure, TupletBracket
+    Stored<int32_t> _dx, _dy;           // of the figure, percent
     Stored<uint8_t> _byte38, _byte39;
     Stored<int16_t> _count, _inTimeOf;  // what a new tuplet starts with
     Filler<2> _filler44;

@@ -69,6 +69,22 @@ void CheckTie(ScoreProof& proof, TieValue* tie) {
     proof.Expect(tieMarks.Count(tie) == 2, tie, "the tie has not two ends");
 }
 
+template <class Spanner, const auto& marks>
+void CheckSpanner(ScoreProof& proof, Spanner* spanner) {
+    proof.Expect(marks.First(spanner) != marks.Last(spanner), spanner, "the spanner has not two ends", Weight::Slight);
+}
+
+// A slur may name no events, and is not drawn then.
+void CheckSlur(ScoreProof& proof, Slur* slur) {
+    CheckSpanner<Slur, slurMarks>(proof, slur);
+    const auto isIn = [](const void* event, const MarkSlur* mark) {
+        return !event || (VoiceSymbol::IsHeir(ClassNumberOf(event)) &&
+                          MeasureStaffPar(static_cast<const VoiceSymbol*>(event)) == staffSymbols.ParentOf(mark));
+    };
+    proof.Expect(isIn(slur->_first.Get(), slurMarks.First(slur)) && isIn(slur->_last.Get(), slurMarks.Last(slur)),
+                 slur, "the slur's ends are no events where its marks hang", Weight::Slight);
+}
+
 void CheckVoice(ScoreProof& proof, Voice* voice) {
     int32_t before = std::numeric_limits<int32_t>::min();
     for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
@@ -96,6 +112,11 @@ constexpr ScoreRule kRules[] = {
     RuleFor<TieValue, CheckTie>(),
     RuleFor<Dot, CheckDot>(),
     RuleFor<Irregular, CheckIrregular>(),
+    RuleFor<Slur, CheckSlur>(),
+    RuleFor<Hairpin, CheckSpanner<Hairpin, hairpinMarks>>(),
+    RuleFor<Ottava, CheckSpanner<Ottava, ottavaMarks>>(),
+    RuleFor<Trillo, CheckSpanner<Trillo, trilloMarks>>(),
+    RuleFor<Pedale, CheckSpanner<Pedale, pedaleMarks>>(),
 };
 
 }  // namespace

@@ -85,7 +85,10 @@ struct Coda : MeasureSymbol, Gap<8, 12> {
     Stored<int32_t> _x, _y;
 };
 
-// Spanners, each with two marks, but for Endings: one in every measure under the bracket.
+// Spanners. Each has a mark at either end, in this order, and between them one in the first measure of every
+// system that it crosses; Endings has one in every measure under the bracket. Of the lines, the places are:
+// from and to in per mille of the note area of the first and the last mark's measure; y in thousandths of the
+// line distance below the top line of the staff.
 struct Endings : BehaviourWord, Top2T<Endings, 44, 3> {
     static constexpr int16_t kClass = 41;
     TextBlock _text;
@@ -97,10 +100,13 @@ struct MarkEndings : MeasureSymbol, Gap<4, 12>, Bot2T<MarkEndings, 44, 3> {
     static constexpr bool IsHeir(int16_t n) { return n == 42; }
 };
 
+enum class HairpinKind : uint8_t { Crescendo = 0, Diminuendo = 1 };
 struct Hairpin : BehaviourWord, Top2T<Hairpin, 45, 3> {
     static constexpr int16_t kClass = 80;
-    Filler<6> _filler8;
-    Stored<int32_t> _long[4];
+    Stored<HairpinKind> _kind;
+    Filler<5> _filler9;
+    Stored<int32_t> _from, _to, _y;  // its axis
+    Stored<int32_t> _opening;        // thousandths of the line distance
 };
 struct MarkHairpin : SymbolOf<79>, Bot2T<MarkHairpin, 45, 3> {
     Filler<4> _filler28;
@@ -109,29 +115,37 @@ struct Ottava : BehaviourWord, Top2T<Ottava, 46, 3> {
     static constexpr int16_t kClass = 84;
     Ptr<FontSymbol> _symbol;
     Filler<6> _filler12;
-    Stored<int32_t> _long[4];
+    Stored<int32_t> _from, _to, _y;  // its symbol's baseline
+    Stored<int32_t> _long30;
 };
 struct MarkOttava : SymbolOf<83>, Bot2T<MarkOttava, 46, 3> {};
+enum class SlurSide : uint8_t { ByStems = 0, Above = 1, Below = 2 };
 struct Slur : BehaviourWord, Top2T<Slur, 47, 3> {
     static constexpr int16_t kClass = 91;
     Filler<4> _filler8;
-    Ptr<void> _any[4];
-    Stored<int32_t> _long[11];
+    Ptr<void> _first;  // the event of a voice where it begins
+    Ptr<void> _any16, _any20;
+    Ptr<void> _last;            // where it ends, in the same voice
+    Stored<int32_t> _moved[8];  // x and y of tip, shoulder, shoulder, tip, each from its own place
+    Stored<int32_t> _side;      // SlurSide
+    Stored<int32_t> _long64, _long68;
 };
 struct MarkSlur : SymbolOf<90>, Bot2T<MarkSlur, 47, 3> {
     Filler<4> _filler28;
 };
 struct Trillo : BehaviourWord, Top2T<Trillo, 51, 3> {
     static constexpr int16_t kClass = 88;
-    Ptr<FontSymbol> _symbol, _bracket;
+    Ptr<FontSymbol> _symbol, _bracket;  // the sign at its beginning, a wave of its line
     Filler<4> _filler16;
-    Stored<int32_t> _long[4];
+    Stored<int32_t> _from, _to, _y;  // the sign's baseline
+    Stored<int32_t> _long32;
 };
 struct MarkTrillo : SymbolOf<87>, Bot2T<MarkTrillo, 51, 3> {};
 struct Pedale : BehaviourWord, Top2T<Pedale, 52, 3> {
     static constexpr int16_t kClass = 86;
     Filler<4> _filler8;
-    Stored<int32_t> _long[4];
+    Stored<int32_t> _from, _to, _y;
+    Stored<int32_t> _long24;
 };
 struct MarkPedale : SymbolOf<85>, Bot2T<MarkPedale, 52, 3> {};
 

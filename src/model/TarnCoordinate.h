@@ -66,7 +66,7 @@ Crd Slice(const TarnCrd& path) {
 // Fills every empty level above the lowest filled ones by walking source links upward.
 void CompleteUpward(TarnCrd& path);
 
-// A level: its object under a path that already holds what lies above it. The required upper level is asserted.
+// A level: its object, which may be null, under a path that holds what lies above it as far as that is known.
 #define CORVANE_CRD(Name, Parent, Class)                                                    \
     class Name : public Parent {                                                            \
     public:                                                                                 \

@@ -72,7 +72,8 @@ void ActionSet::Ask(const CommandForm& form) {
     if (!window) return;
     if (form.ofSelection && window->TheSelection().IsEmpty())
         return ShowMessage(&_frame, "Select some notes first", "Drag a frame around them with the arrow.");
-    FormDialog(&_frame, *window, form).exec();
+    if (FormDialog(&_frame, *window, form).exec() == QDialog::Accepted && form.ofSession)
+        _frame.KeepSwitches();
 }
 
 void ActionSet::Refresh() {

@@ -63,6 +63,23 @@ constexpr O kValues[] = {
 };
 constexpr O kVelocities[] = {{"Set all notes to", ""}, {"Crescendo-diminuendo", ""}};
 
+constexpr O kShown[] = {{"Yes", "show=1"}, {"No", "show=0"}};
+constexpr O kNumberedAt[] = {{"The first measure of each system", "at=systems"}, {"Every so many measures", "at=every"}};
+constexpr O kNumberStaves[] = {
+    {"The top staff", "staves=top"}, {"All staves", "staves=all"}, {"The top staff of each connection", "staves=connections"},
+};
+constexpr O kTupletFigures[] = {
+    {"The number, and the ratio where it is unusual", "figure=usual"}, {"The number", "figure=number"},
+    {"The ratio", "figure=ratio"}, {"None", "figure=none"},
+};
+constexpr O kTupletBrackets[] = {
+    {"Unless one beam holds the notes", "bracket=unbeamed"}, {"Always", "bracket=always"}, {"None", "bracket=none"},
+};
+constexpr O kOctaves[] = {
+    {"Octave up", "kind=8up"}, {"Octave down", "kind=8down"}, {"Two octaves up", "kind=15up"},
+    {"Two octaves down", "kind=15down"},
+};
+
 // ---- fields that several forms have
 
 constexpr F kMeasure{.label = "&Measure:", .name = "measure", .usual = "1", .least = 1, .reach = Reach::Measures};
@@ -140,6 +157,27 @@ constexpr F kVelocity[] = {
     {.label = "&End value:", .name = "end", .usual = "64", .least = 0, .most = 127, .modes = kSecond},
 };
 
+constexpr F kTitle[] = {{.label = "&Title:", .name = "text", .mayBeEmpty = true}};
+constexpr F kStaffName[] = {
+    {.label = "&Staff:", .name = "staff", .usual = "1", .least = 1, .reach = Reach::Staves},
+    {.label = "&Name:", .name = "name", .mayBeEmpty = true},
+    {.label = "S&hort name:", .name = "short", .mayBeEmpty = true},
+};
+constexpr F kNumbers[] = {
+    {.label = "&Shown:", .name = "", .options = kShown},
+    {.label = "&At:", .name = "", .options = kNumberedAt},
+    {.label = "&Measures between:", .name = "step", .usual = "1", .least = 1, .most = 100},
+    {.label = "On s&taves:", .name = "", .options = kNumberStaves},
+    {.label = "&First number:", .name = "first", .usual = "1", .least = -kMost, .most = kMost},
+};
+constexpr F kTuplet[] = {
+    {.label = "&Notes:", .name = "count", .usual = "3", .least = 2, .most = 99},
+    {.label = "In the &time of:", .name = "in", .usual = "2", .least = 1, .most = 99},
+    {.label = "&Figure:", .name = "", .options = kTupletFigures},
+    {.label = "&Bracket:", .name = "", .options = kTupletBrackets},
+};
+constexpr F kOctaveLine[] = {{.label = "&Sounding:", .name = "", .options = kOctaves}};
+
 constexpr const char* kManyMeasures = "Are you sure you want to insert more than 15 measures?";
 constexpr const char* kManySystems = "Are you sure you want to insert more than 15 systems?";
 
@@ -149,6 +187,8 @@ constexpr CommandForm kForms[] = {
     {32790, kAddPages}, {32791, kAddMeasures, "", false, kManyMeasures}, {32792, kAddStaves},
     {32793, kRemovePages}, {32794, kRemoveMeasures}, {32795, kRemoveStaves},
     {32788, kFlowMeasures, "", false, kManyMeasures}, {32789, kFlowSystems, "", false, kManySystems},
+    {32782, kNumbers}, {40011, kTitle}, {40012, kStaffName, "The short name stands at all systems but the first."},
+    {32805, kTuplet, "The same tuplet again takes it away.", true}, {40023, kOctaveLine, "", true},
     {32817, kDurations, "", true}, {32819, kTranspose, "", true},
 };
 // clang-format on
@@ -156,8 +196,9 @@ constexpr CommandForm kForms[] = {
 }  // namespace
 
 const CommandForm* FindForm(int id) {
-    for (const CommandForm& form : kForms)
-        if (form.id == id) return &form;
+    for (const std::span<const CommandForm> forms : {std::span<const CommandForm>(kForms), LayoutForms()})
+        for (const CommandForm& form : forms)
+            if (form.id == id) return &form;
     return nullptr;
 }
 

@@ -25,6 +25,7 @@ struct FieldRow {
     const char* words = "";      // shown for the least number
     bool leastIsSilent = false;  // the least number tells nothing
     unsigned modes = 0;          // counts for these options of the form's first field, a bit each; 0 for all
+    bool mayBeEmpty = false;     // a text that need not be filled in
 };
 
 struct CommandForm {
@@ -33,7 +34,11 @@ struct CommandForm {
     const char* hint = "";
     bool ofSelection = false;  // for what is selected; without a selection a person is told so
     const char* many = "";     // asked where `count` is above 15, before the command runs
+    bool ofSession = false;    // changes what the session's settings keep
 };
+
+// Those of spacing, pages and staves; the others stand with FindForm.
+std::span<const CommandForm> LayoutForms();
 
 // Null for a command that asks nothing.
 const CommandForm* FindForm(int id);

@@ -6,11 +6,11 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QProgressDialog>
 #include <QUrl>
 #include <utility>
 
-#include "shell/ImportDialog.h"
+#include "shell/BusyCursor.h"
+#include "shell/ExportProgress.h"
 #include "shell/MainFrame.h"
 #include "shell/NewScoreDialog.h"
 #include "shell/Notices.h"
@@ -39,33 +39,6 @@ std::string TimeText(int64_t seconds) {
     return seconds ? QDateTime::fromSecsSinceEpoch(seconds).toString("yyyy-MM-dd HH:mm:ss").toStdString()
                    : "";
 }
-
-// The progress of an import, with a button to give up.
-class ImportWindow : public ImportProgress {
-public:
-    explicit ImportWindow(QWidget& parent) : _dialog(&parent) {
-        _dialog.setWindowTitle("Import");
-        _dialog.setWindowModality(Qt::WindowModal);
-        _dialog.setMinimumDuration(0);
-        _dialog.setAutoReset(false);
-    }
-    bool At(const char* stage, int part, int parts) override {
-        _dialog.setMaximum(std::max(1, parts));
-        _dialog.setLabelText(parts > 1 ? QString("%1 %2").arg(stage).arg(part + 1) : QString(stage));
-        _dialog.setValue(std::min(part, parts));
-        return !_dialog.wasCanceled();
-    }
-    bool IsCancelled() const { return _dialog.wasCanceled(); }
-
-private:
-    QProgressDialog _dialog;
-};
-
-class BusyCursor {
-public:
-    BusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
-};
 
 }  // namespace
 
@@ -223,42 +196,13 @@ void FileActions::Export(WindowTarn& window) {
 }
 
 void FileActions::ExportTo(WindowTarn& window, const std::string& path, int page) {
-    Status status;
-    {
-        const BusyCursor busy;
-        status = ExportScore(window, path, page, GraphicPort::kTrueSizeZoom);
-    }
-    if (!status)
-        ShowMessage(&_frame, status.message());
-    else
+    const Status status = ExportWithProgress(&_frame, window, {path, page, GraphicPort::kTrueSizeZoom});
+    if (status)
         _frame.Tell("Exported to " + path);
-}
-
-void FileActions::ExportMidi(WindowTarn& window) {
-    QFileDialog dialog(&_frame, "Export MIDI", FolderOf(&window), "Midi Files (*.mid)");
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix("mid");
-    dialog.selectFile(WithExtension(ToQt(window.Title()), "mid"));
-    if (dialog.exec() == QDialog::Accepted)
-        ExportTo(window, dialog.selectedFiles().value(0).toStdString(), 0);
-}
-
-void FileActions::ImportMidi() {
-    const QString path = QFileDialog::getOpenFileName(
-        &_frame, "Import MIDI", FolderOf(_frame.Tabs().CurrentWindow()), "Midi Files (*.mid);;All Files (*)");
-    if (path.isEmpty()) return;
-    ImportDialog dialog(&_frame, ReadImportOptions(_frame.Settings()));
-    if (dialog.exec() != QDialog::Accepted) return;
-    WriteImportOptions(_frame.Settings(), dialog.Options());
-    _lastFolder = QFileInfo(path).absolutePath();
-    Status status;
-    WindowTarn* window = nullptr;
-    {
-        ImportWindow progress(_frame);
-        window = _frame.TheSession().Import(path.toStdString(), dialog.Options(), progress, status);
-        if (progress.IsCancelled()) return _frame.Tell("The import was cancelled.");
-    }
-    ShowOpened(window, status, {}, path.toStdString());
+    else if (status.message().empty())
+        _frame.Tell("The export was given up");
+    else
+        ShowMessage(&_frame, status.message());
 }
 
 void FileActions::Print(WindowTarn& window) { PrintScore(&_frame, window); }

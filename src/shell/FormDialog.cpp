@@ -143,7 +143,7 @@ CommandArguments FormDialog::Arguments() const {
 bool FormDialog::IsFilled() const {
     return std::all_of(_fields.begin(), _fields.end(), [this](const Field& field) {
         const auto* line = qobject_cast<const QLineEdit*>(field.widget);
-        return !line || !Counts(*field.row) || !line->text().trimmed().isEmpty();
+        return !line || field.row->mayBeEmpty || !Counts(*field.row) || !line->text().trimmed().isEmpty();
     });
 }
 

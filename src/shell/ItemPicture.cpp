@@ -4,12 +4,15 @@
 #include <string>
 
 #include "edit/PaletteTable.h"
+#include "edit/ToolState.h"
 #include "graphics/MemoryPort.h"
+#include "model/SymbolMaker.h"
 #include "model/SymbolNames.h"
 
 namespace corvane {
 namespace {
 
+constexpr int kDynamics = 3;  // palette group
 constexpr int kWholeRest = 4, kHalfNote = 5, kHalfRest = 6, kTieItem = 19, kDotItem = 20,
               kAccidentalItem = 23;
 constexpr int32_t kStemLength = 330, kShelfOverhang = 45, kDotDistance = 55;
@@ -25,6 +28,16 @@ std::vector<GlyphPart> AccidentalGlyphsOf(const std::string& descriptor) {
         if (descriptor == "_" + std::string(each.longName) + "_")
             return {{each.code, 400, 0, 0, 0, each.second}};
     return {};
+}
+
+// Of an item of the other palettes; none for a text.
+std::vector<GlyphPart> SignGlyphs(const PaletteItem& item) {
+    const std::string name = CanonicalSymbolName(item.descriptor);
+    if (name.starts_with('#')) return AccidentalGlyphsOf(item.descriptor);
+    std::vector<GlyphPart> glyphs = GlyphsOf(name);
+    if (glyphs.empty() && item.group == kDynamics && name.size() > 1)
+        for (const SymbolPart& part : DesignSymbol(nullptr, name).parts) glyphs.push_back(part.glyph);
+    return glyphs;
 }
 
 Rect GlyphInk(const GlyphPart& part) {
@@ -46,6 +59,58 @@ void AddStem(ItemPicture& picture, int flag) {
     }
 }
 
+// ---- What spans a stretch
+
+void AddArc(ItemPicture& picture, Point from, int32_t width, int32_t height) {
+    constexpr int kPieces = 8;
+    const auto at = [&](int i) {
+        const int32_t rise = height * 4 * i * (kPieces - i) / (kPieces * kPieces);
+        return Point{from.x + width * i / kPieces, from.y + rise};
+    };
+    for (int i = 0; i < kPieces; ++i) picture.lines.push_back({at(i), at(i + 1)});
+}
+
+void AddTie(ItemPicture& picture, const PaletteItem&) {
+    for (const int32_t dx : {0, 260})
+        for (GlyphPart part : GlyphsOf("Quarto")) {
+            part.dx += dx;
+            picture.glyphs.push_back(part);
+        }
+    AddArc(picture, {70, 75}, 240, 40);
+}
+void AddSlur(ItemPicture& picture, const PaletteItem&) { AddArc(picture, {0, 0}, 380, -100); }
+void AddHairpin(ItemPicture& picture, const PaletteItem&) {
+    for (const int32_t y : {-65, 65}) picture.lines.push_back({{0, 0}, {360, y}});
+}
+void AddPedal(ItemPicture& picture, const PaletteItem&) {
+    picture.lines = {{{0, -90}, {0, 0}}, {{0, 0}, {360, 0}}, {{360, 0}, {360, -90}}};
+}
+void AddOctave(ItemPicture& picture, const PaletteItem& item) {
+    const bool down = std::string_view(item.descriptor).find("Giu") != std::string_view::npos;
+    picture.glyphs = GlyphsOf(CanonicalSymbolName(item.descriptor));
+    const Rect sign = InkOf(picture);
+    const int32_t y = down ? sign.bottom : sign.top, left = sign.right + 30, right = left + 120;
+    picture.lines = {{{left, y}, {right, y}}, {{right, y}, {right, y + (down ? -90 : 90)}}};
+}
+void AddTrill(ItemPicture& picture, const PaletteItem& item) {
+    picture.glyphs = GlyphsOf(CanonicalSymbolName(item.descriptor));
+    for (int i = 0; i < 3; ++i) {
+        const int32_t right = InkOf(picture).right;
+        for (GlyphPart part : GlyphsOf(CanonicalSymbolName("_TrilloBracket_"))) {
+            part.dx += right;
+            picture.glyphs.push_back(part);
+        }
+    }
+}
+
+constexpr struct {
+    int group, item;
+    void (*add)(ItemPicture& picture, const PaletteItem& item);
+} kSpanners[] = {
+    {1, kTieItem, AddTie}, {1, 28, AddSlur},  {3, 18, AddHairpin}, {5, 2, AddTrill}, {6, 3, AddOctave},
+    {6, 4, AddOctave},     {6, 5, AddOctave}, {6, 6, AddOctave},   {6, 13, AddPedal},
+};
+
 // The line that the rest hangs from or stands on.
 void AddShelf(ItemPicture& picture, bool hangs) {
     const Rect ink = InkOf(picture);
@@ -57,7 +122,10 @@ void AddShelf(ItemPicture& picture, bool hangs) {
 
 ItemPicture GhostPicture(const PaletteItem& item) {
     ItemPicture picture;
-    if (item.item >= kAccidentalItem) {
+    if (item.group != kNoteGroup) {
+        picture.glyphs = SignGlyphs(item);
+        picture.hasLine = false;
+    } else if (item.item >= kAccidentalItem) {
         picture.glyphs = AccidentalGlyphsOf(item.descriptor);
     } else if (item.item >= kDotItem) {
         for (int i = 0; i <= item.item - kDotItem; ++i)
@@ -74,7 +142,14 @@ ItemPicture GhostPicture(const PaletteItem& item) {
 }
 
 ItemPicture WholePicture(const PaletteItem& item) {
+    for (const auto& spanner : kSpanners)
+        if (spanner.group == item.group && spanner.item == item.item) {
+            ItemPicture picture;
+            spanner.add(picture, item);
+            return picture;
+        }
     ItemPicture picture = GhostPicture(item);
+    if (item.group != kNoteGroup) return picture;
     if (IsNote(item) && item.item >= kHalfNote) AddStem(picture, FlagValue(item));
     if (item.item == kWholeRest || item.item == kHalfRest) AddShelf(picture, item.item == kWholeRest);
     return picture;

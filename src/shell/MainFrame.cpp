@@ -15,6 +15,7 @@
 #include "shell/PlayDock.h"
 #include "shell/ScoreTabs.h"
 #include "shell/ScoreView.h"
+#include "shell/SignDock.h"
 #include "shell/StatusLine.h"
 #include "shell/ToolIcons.h"
 #include "shell/ToolStrip.h"
@@ -59,6 +60,7 @@ MainFrame::MainFrame(SessionParts parts, SettingsStore& settings)
     connect(_tabs, &QTabWidget::currentChanged, this, [this] { TabChanged(); });
     _palette = new PaletteDock;
     addDockWidget(Qt::LeftDockWidgetArea, _palette);
+    for (const SignSheet& sheet : SignSheets()) AddSigns(sheet);
     _actions = std::make_unique<ActionSet>(*this);
     _toolStrip = new ToolStrip(*this);
     addToolBar(_toolStrip);
@@ -78,8 +80,19 @@ MainFrame::MainFrame(SessionParts parts, SettingsStore& settings)
     RefreshActions();
 }
 
+void MainFrame::AddSigns(const SignSheet& sheet) {
+    auto* dock = new SignDock(sheet);
+    addDockWidget(Qt::LeftDockWidgetArea, dock);
+    // One place for all of them: side by side they would push the window over the screen's edge.
+    if (!_signs.empty()) tabifyDockWidget(_signs.front(), dock);
+    dock->hide();
+    connect(dock, &QDockWidget::visibilityChanged, this, [this] { RefreshActions(); });
+    _signs.push_back(dock);
+}
+
 MainFrame::~MainFrame() {
     EndAuditions();
+    for (SignDock* dock : _signs) dock->disconnect(this);
     _safety.stop();
     for (QObject* part : std::initializer_list<QObject*>{_palette, _playPalette, _mixer, _toolStrip, _tabs}) part->disconnect(this);
     delete _tabs;  // the views before the scores that they show
@@ -194,6 +207,7 @@ void MainFrame::ScrollTo(WindowTarn& window, const Rect& units) {
 
 void MainFrame::ToolChanged() {
     _palette->ToolChanged();
+    for (SignDock* dock : _signs) dock->ToolChanged();
     _toolStrip->Refresh();
     _status->ToolChanged();
     if (ScoreView* view = CurrentView()) view->ToolChanged();
@@ -220,6 +234,7 @@ void MainFrame::RefreshActions() {
     _actions->Refresh();
     _toolStrip->Refresh();
     _palette->setEnabled(CurrentScore() && !IsPlaying());
+    for (SignDock* dock : _signs) dock->setEnabled(CurrentScore() && !IsPlaying());
     _playPalette->Refresh();
     _mixer->Refresh();
 }

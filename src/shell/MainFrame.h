@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "edit/EditorShell.h"
 #include "session/Session.h"
@@ -20,6 +21,8 @@ class MixerDock;
 class PaletteDock;
 class PlayDock;
 class ScoreTabs;
+class SignDock;
+struct SignSheet;
 class ScoreView;
 class StatusLine;
 class ToolStrip;
@@ -40,6 +43,7 @@ public:
     PlayControl& Player() { return _player; }
     ScoreTabs& Tabs() { return *_tabs; }
     PaletteDock& NotePalette() { return *_palette; }
+    const std::vector<SignDock*>& SignPalettes() { return _signs; }
     PlayDock& PlayPalette() { return *_playPalette; }
     MixerDock& Mixer() { return *_mixer; }
     ToolStrip& Toolbar() { return *_toolStrip; }
@@ -75,6 +79,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    void AddSigns(const SignSheet& sheet);
     void TabChanged();
     void ShowWindowTitle();
     void TakeSwitches();
@@ -92,6 +97,7 @@ private:
     QTimer _safety;  // of unsaved work
     ScoreTabs* _tabs;
     PaletteDock* _palette = nullptr;
+    std::vector<SignDock*> _signs;  // of SignSheets, in their order
     std::unique_ptr<ActionSet> _actions;
     ToolStrip* _toolStrip = nullptr;
     StatusLine* _status = nullptr;

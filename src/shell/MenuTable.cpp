@@ -15,6 +15,7 @@
 #include "shell/PlayDock.h"
 #include "shell/RecordSetup.h"
 #include "shell/ScoreView.h"
+#include "shell/SignDock.h"
 #include "shell/ToolStrip.h"
 
 namespace corvane {
@@ -96,6 +97,17 @@ bool IsPartShown(MainFrame& frame) {
     return !(frame.*Get)().isHidden();
 }
 
+template <size_t Place>
+void ToggleSigns(MainFrame& frame) {
+    QWidget* dock = frame.SignPalettes()[Place];
+    dock->setVisible(dock->isHidden());
+    dock->raise();
+}
+template <size_t Place>
+bool AreSignsShown(MainFrame& frame) {
+    return !frame.SignPalettes()[Place]->isHidden();
+}
+
 bool IsColouring(MainFrame& frame) { return frame.ColoursVoices(); }
 void ToggleColours(MainFrame& frame) { frame.ColourVoices(!frame.ColoursVoices()); }
 void Play(MainFrame& frame) { frame.Player().Start(*frame.CurrentScore()); }
@@ -125,6 +137,7 @@ const MenuRow kRows[] = {
     {kFile, 33180, "&Export...", "Ctrl+Shift+E", WithScore<&FileActions::Export>, IsQuietWithScore},
     {kFile, 32772, "&Import MIDI...", "", [](MainFrame& f) { f.Files().ImportMidi(); }, IsQuiet},
     {kFile, 32771, "Export &MIDI...", "", WithScore<&FileActions::ExportMidi>, IsQuietWithScore},
+    {kFile, 57606, "Page Set&up..."},
     {kFile, 57607, "&Print...", "Ctrl+P", WithScore<&FileActions::Print>, IsQuietWithScore},
     {kFile, 0},
     {kFile, 57665, "E&xit", "Ctrl+Q", [](MainFrame& f) { f.close(); }},
@@ -141,6 +154,13 @@ const MenuRow kRows[] = {
     {kEdit, 57641, "Select &Nothing", "Esc"},
 
     {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
+    {kView, 32868, "C&lefs Palette", "", ToggleSigns<0>, {}, AreSignsShown<0>},
+    {kView, 32866, "&Dynamics Palette", "", ToggleSigns<1>, {}, AreSignsShown<1>},
+    {kView, 32867, "&Articulations Palette", "", ToggleSigns<2>, {}, AreSignsShown<2>},
+    {kView, 32870, "Symbols &1 Palette", "", ToggleSigns<3>, {}, AreSignsShown<3>},
+    {kView, 32871, "Symbols &2 Palette", "", ToggleSigns<4>, {}, AreSignsShown<4>},
+    {kView, 32872, "Symbols &3 Palette", "", ToggleSigns<5>, {}, AreSignsShown<5>},
+    {kView, 32869, "Te&xt Palette", "", ToggleSigns<6>, {}, AreSignsShown<6>},
     {kView, 32859, "&Accompany", "", TogglePart<PlayDock, &MainFrame::PlayPalette>, {}, IsPartShown<PlayDock, &MainFrame::PlayPalette>},
     {kView, 33050, "&Mixer", "", TogglePart<MixerDock, &MainFrame::Mixer>, HasScore, IsPartShown<MixerDock, &MainFrame::Mixer>},
     {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},
@@ -173,14 +193,30 @@ const MenuRow kRows[] = {
     {kScore, 32796, "E&ndings..."},
     {kScore, 32797, "&Coda Phrases..."},
     {kScore, 0},
+    {kScore, 40011, "T&itle..."},
+    {kScore, 40012, "Staff Na&mes..."},
+    {kScore, 32782, "Measure N&umbers..."},
+    {kScore, 0},
     {kScore, 32780, "Set &Velocity..."},
     {kScore, 0},
     {kScore, 32788, "&Measures per System...", "Q"},
     {kScore, 32789, "Systems per &Page...", "W"},
     {kScore, 32800, "Autocenter &Systems"},
     {kScore, 32801, "Aut&ocenter Staves"},
+    {kScore, 0},
+    {kScore, 32776, "Modi&fy Page..."},
+    {kScore, 32777, "Staff Settin&gs..."},
+    {kScore, 32786, "Spac&ing Options..."},
+    {kScore, 32787, "Instr&ument Name Options..."},
 
     {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
+    {kNotes, 32805, "T&uplets...", "Ctrl+I"},
+    {kNotes, 40020, "S&lur", "Ctrl+Shift+L"},
+    {kNotes, 40021, "&Crescendo", ""},
+    {kNotes, 40022, "D&iminuendo", ""},
+    {kNotes, 40023, "&Octave Line...", ""},
+    {kNotes, 40024, "T&rill Line", ""},
+    {kNotes, 40025, "Pe&dal Line", ""},
     {kNotes, 0},
     {kNotes, 32819, "Trans&pose..."},
     {kNotes, 32817, "Change &Durations..."},
@@ -188,6 +224,9 @@ const MenuRow kRows[] = {
     {kNotes, 0},
     {kNotes, 32815, "&Up", "Ctrl+U"},
     {kNotes, 32816, "Do&wn", "Ctrl+D"},
+    {kNotes, 0},
+    {kNotes, 32807, "Spacin&g...", "Ctrl+J"},
+    {kNotes, 33177, "Spacing Tab&le..."},
     {kNotes, 0},
     {kNotes, 32808, "Auto &Beaming", "", {}, {}, IsSwitchOn<&S::autoBeam>},
     {kNotes, 32809, "Auto &Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},

@@ -12,14 +12,31 @@
 namespace corvane {
 namespace {
 
-// Rows of items: notes beside their rests, then dots, then accidentals.
-constexpr int kRows[][4] = {
-    {1, 2, 11, 12},  {3, 4, 13, 14},   {5, 6, 15, 16},   {7, 8, 17, 18},  {9, 10, 0, 0},
-    {20, 21, 22, 0}, {23, 24, 26, 25}, {27, 29, 30, 31}, {32, 33, 34, 0},
+struct Place {
+    int group = 0, item = 0;
+};
+constexpr Place N(int item) { return {kNoteGroup, item}; }
+
+// Rows of items: notes beside their rests, then dots, accidentals, and what spans notes.
+constexpr Place kRows[][4] = {
+    {N(1), N(2), N(11), N(12)},     {N(3), N(4), N(13), N(14)},     {N(5), N(6), N(15), N(16)},
+    {N(7), N(8), N(17), N(18)},     {N(9), N(10)},                  {N(20), N(21), N(22)},
+    {N(23), N(24), N(26), N(25)},   {N(27), N(29), N(30), N(31)},   {N(32), N(33), N(34)},
+    {N(19), N(28), {3, 18}, {6, 13}}, {{6, 3}, {6, 4}, {6, 5}, {6, 6}}, {{5, 2}},
 };
 
+void Take(const PaletteItem& item) {
+    if (item.group == kNoteGroup) return TakeNoteItem(item.item);
+    if (Tools().toolMode != ModePencil) {
+        SetToolMode(ModePencil);
+        ApplyToolMode();
+    }
+    SetPaletteGroup(item.group);
+    SetItem(item.item);
+}
+
 QString TipOf(const PaletteItem& item) {
-    const char key = KeyOfNoteItem(item.item);
+    const char key = item.group == kNoteGroup ? KeyOfNoteItem(item.item) : 0;
     return key ? QString("%1 (%2)").arg(item.name, QChar(key)) : QString(item.name);
 }
 
@@ -55,17 +72,17 @@ QWidget* PaletteDock::MakeItems() {
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(1);
     int row = 0;
-    for (const auto& numbers : kRows) {
+    for (const auto& places : kRows) {
         for (int column = 0; column < 4; ++column) {
-            const PaletteItem* item = FindPaletteItem(kNoteGroup, numbers[column]);
+            const PaletteItem* item = FindPaletteItem(places[column].group, places[column].item);
             if (!item) continue;
             auto* button = new GlyphButton(WholePicture(*item));
-            button->setObjectName(QString("item %1 %2").arg(kNoteGroup).arg(item->item));
+            button->setObjectName(QString("item %1 %2").arg(item->group).arg(item->item));
             button->setToolTip(TipOf(*item));
             button->setAccessibleName(item->name);
-            connect(button, &QToolButton::clicked, this, [number = item->item] { TakeNoteItem(number); });
+            connect(button, &QToolButton::clicked, this, [item] { Take(*item); });
             grid->addWidget(button, row, column);
-            _items[item->item] = button;
+            _items[{item->group, item->item}] = button;
         }
         ++row;
     }
@@ -86,8 +103,9 @@ QWidget* PaletteDock::MakeSwitches() {
 
 void PaletteDock::ToolChanged() {
     const ToolState& tools = Tools();
-    const bool atHand = tools.toolMode == ModePencil && tools.paletteGroup == kNoteGroup;
-    for (const auto& [item, button] : _items) button->setChecked(atHand && item == tools.NoteItem());
+    const std::pair<int, int> atHand{tools.paletteGroup, tools.items[tools.paletteGroup]};
+    for (const auto& [place, button] : _items)
+        button->setChecked(tools.toolMode == ModePencil && place == atHand);
     _grace->setChecked(tools.graceMode);
     _brackets->setChecked(tools.accidentParenthesis);
 }

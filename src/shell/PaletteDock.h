@@ -21,7 +21,7 @@ private:
     QWidget* MakeItems();
     QWidget* MakeSwitches();
 
-    std::map<int, GlyphButton*> _items;  // by item number
+    std::map<std::pair<int, int>, GlyphButton*> _items;  // by group and item
     QToolButton *_grace = nullptr, *_brackets = nullptr;
 };
 

@@ -6,8 +6,9 @@
 #include "edit/WindowTarn.h"
 #include "interchange/ExportMidi.h"
 #include "layout/Sheet.h"
+#include "model/Par.h"
 #include "platform/files/PosixFiles.h"
-#include "platform/fluidsynth/RenderToWav.h"
+#include "platform/fluidsynth/RenderSound.h"
 #include "platform/qt/HeadlessQt.h"
 #include "play/SoundClock.h"
 #include "play/SynthPort.h"
@@ -16,26 +17,43 @@
 namespace corvane {
 namespace {
 
-Status ToPdf(WindowTarn& window, const std::string& path, int page, int) {
-    return RenderPdf(path, PagesOf(window, page));
+Status ToPdf(WindowTarn& window, const ExportJob& job) {
+    return RenderPdf(job.path, PagesOf(window, job.page));
 }
-Status ToSvg(WindowTarn& window, const std::string& path, int page, int) {
-    return RenderSvg(path, PagesOf(window, page ? page : 1));
+Status ToSvg(WindowTarn& window, const ExportJob& job) {
+    return RenderSvg(job.path, PagesOf(window, job.page ? job.page : 1));
 }
-Status ToPng(WindowTarn& window, const std::string& path, int page, int zoom) {
-    return RenderPng(path, PagesOf(window, page ? page : 1), kScreenDpi, static_cast<int16_t>(zoom));
+Status ToPng(WindowTarn& window, const ExportJob& job) {
+    return RenderPng(job.path, PagesOf(window, job.page ? job.page : 1), kScreenDpi,
+                     static_cast<int16_t>(job.zoom));
 }
 
+// How far a play has come, by its measures.
+class Progress : public PlayListener {
+public:
+    explicit Progress(const Document* document) : _last(LastMeasure(document)) {}
+    void Counter(const Measure* measure, int) override { _number = std::max(_number, int{measure->_number}); }
+    int PerMille() const { return _last ? 1000 * (_number - 1) / std::max<int>(1, _last->_number) : 0; }
+
+private:
+    const Measure* _last;
+    int _number = 1;
+};
+
 // Plays the score into the file, a look at the clock each millisecond as live play has them.
-Status ToWav(WindowTarn& window, const std::string& path, int, int) {
+Status ToSound(WindowTarn& window, const ExportJob& job) {
+    SoundPort::Close();  // what a note that was entered has opened
     std::unique_ptr<SynthPort> port;
     PlayFlags flags;
     TarnPlay play(flags);
+    Progress progress(window.GetDocument());
     bool started = false;
-    return RenderToWav(path, [&](int64_t tick, BuiltInSynth& synth) {
+    const auto feed = [&](int64_t tick, BuiltInSynth& synth) {
         if (!port) {
             port = std::make_unique<SynthPort>(synth);
-            play.Init(window.GetDocument(), port.get());
+            PlaySetup setup;
+            setup.listener = &progress;
+            play.Init(window.GetDocument(), port.get(), setup);
             flags.playing = true;
             started = play.Start(0);
         }
@@ -43,20 +61,22 @@ Status ToWav(WindowTarn& window, const std::string& path, int, int) {
             play.Tick(static_cast<int32_t>(tick));
         started = started && flags.playing;
         return started;
-    });
+    };
+    return RenderSound(job.path, feed, [&] { return !job.goOn || job.goOn(progress.PerMille()); });
 }
 
-Status ToMidi(WindowTarn& window, const std::string& path, int, int) {
+Status ToMidi(WindowTarn& window, const ExportJob& job) {
     PosixFiles files;
-    return ExportMidi(files, window.GetDocument(), path);
+    return ExportMidi(files, window.GetDocument(), job.path);
 }
 
 constexpr ExportKind kExportKinds[] = {
-    {"pdf", "PDF Document", false, ToPdf},
-    {"svg", "SVG Picture of this Page", true, ToSvg},
-    {"png", "PNG Picture of this Page", true, ToPng},
-    {"wav", "Sound", false, ToWav},
-    {"mid", "MIDI File", false, ToMidi},
+    {"pdf", "PDF Document", false, false, ToPdf},
+    {"svg", "SVG Picture of this Page", true, false, ToSvg},
+    {"png", "PNG Picture of this Page", true, false, ToPng},
+    {"wav", "Sound", false, true, ToSound},
+    {"flac", "Compressed Sound", false, true, ToSound},
+    {"mid", "MIDI File", false, false, ToMidi},
 };
 
 // Files of the last kind are only read.
@@ -139,15 +159,21 @@ std::vector<std::string> ReadExtensions() {
     return all;
 }
 
-Status ExportScore(WindowTarn& window, const std::string& path, int page, int zoom) {
+const ExportKind* ExportKindOf(const std::string& path) {
     const std::string extension = ExtensionOf(path);
-    for (const ExportKind& kind : kExportKinds) {
-        if (extension != kind.extension) continue;
-        if (Status status = CheckPage(window, page); !status) return status;
-        StartHeadlessQt();
-        return kind.write(window, path, page, zoom);
-    }
-    return {Fault::Unsupported, "\"" + path + "\": only " + Listed(WrittenExtensions()) + " can be written"};
+    for (const ExportKind& kind : kExportKinds)
+        if (extension == kind.extension) return &kind;
+    return nullptr;
+}
+
+Status ExportScore(WindowTarn& window, const ExportJob& job) {
+    const ExportKind* kind = ExportKindOf(job.path);
+    if (!kind)
+        return {Fault::Unsupported,
+                "\"" + job.path + "\": only " + Listed(WrittenExtensions()) + " can be written"};
+    if (Status status = CheckPage(window, job.page); !status) return status;
+    StartHeadlessQt();
+    return kind->write(window, job);
 }
 
 }  // namespace corvane

@@ -22,7 +22,8 @@ const QColor kPlayColour(0xD0, 0x30, 0x20);
 const PaletteItem* ItemAtHand() {
     const ToolState& tools = Tools();
     if (tools.toolMode != ModePencil || IsPlaying() || tools.paletteGroup != kNoteGroup) return nullptr;
-    return FindPaletteItem(tools.paletteGroup, tools.items[tools.paletteGroup]);
+    const PaletteItem* item = FindPaletteItem(tools.paletteGroup, tools.items[tools.paletteGroup]);
+    return item && !item->stroke ? item : nullptr;
 }
 
 // Where the item would go.

@@ -5,6 +5,7 @@
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
 #include "layout/MultiMeasures.h"
+#include "model/Texts.h"
 #include "notes_fixture.h"
 #include "store/ClassInfo.h"
 
@@ -79,6 +80,7 @@ protected:
         return text;
     }
     void AddTexts() {
+        SetTitle(Score(), "Sonata");
         auto* onPage = Make<PageText>();
         pageTexts.Add(window->CurrentPage(), onPage);
         onPage->_text = NewText("Sonata");

@@ -1,5 +1,6 @@
 // Spacing and page setup by command: one undoable step each, with the figures worked out by hand from the
 // default page of 15785 by 12197 with the margins 1800, 750, 1600 and 550.
+#include "edit/CommandValues.h"
 #include "layout/ListaEventi.h"
 #include "model/Preferences.h"
 #include "structure_fixture.h"
@@ -158,6 +159,27 @@ TEST_F(LayoutCommands, TheFirstSystemIsIndentedWhicheverItIs) {
     ASSERT_TRUE(Run(kNameOptions, {{"indent", "0"}}));
     EXPECT_EQ(SystemNumber(1, 1)->_left, 0);
     ExpectFitted();
+}
+
+TEST_F(LayoutCommands, WhatADialogShowsFirstChangesNothing) {
+    OpenPages(2, "SS");
+    ASSERT_TRUE(Run(kNameOptions, {{"indent", "700"}}));
+    ASSERT_TRUE(Run(kModifyPage, {{"from", "1"}, {"to", "2"}, {"left", "900"}}));
+    for (const int staff : {1, 2}) Fill(2, staff, 4, 4);
+    ASSERT_TRUE(Run(kSpacing, {}));
+    const std::vector<std::string> before = Layouts();
+    const Xv spaced = Xs(2, 1);
+    for (const int id :
+         {kPageSetup, kModifyPage, kStaffSettings, kSpacingOptions, kNameOptions, kSpacingTable, kSpacing}) {
+        const CommandArguments values = ValuesAtHand(*window, id);
+        EXPECT_FALSE(values.empty()) << id;
+        const Status status = Run(id, values);
+        EXPECT_TRUE(status) << id << " " << status.message();
+        EXPECT_EQ(Layouts(), before) << id;
+    }
+    EXPECT_EQ(Xs(2, 1), spaced);
+    EXPECT_EQ(ValuesAtHand(*window, kSpacing).at("to"), "30") << "the whole score";
+    EXPECT_EQ(ValuesAtHand(*window, kSpacingTable).at("1/8"), "2.810");
 }
 
 TEST_F(LayoutCommands, WhatMakesNoSenseIsRefusedAndChangesNothing) {

@@ -88,6 +88,19 @@ TEST_F(TieTest, AnAccidentalGoesWithTheTie) {
     EXPECT_EQ(Accidentals(1, 1) + Accidentals(2, 1) + Accidentals(3, 1), "b--");
 }
 
+TEST_F(TieTest, AnEventThatComesBetweenPartsThem) {
+    Fill(1, 1, "4:5 4:5");
+    for (const int item : {kEighth, kEighthRest}) {
+        ASSERT_TRUE(TieNotesOf(*window, {Head(1, 1, 0), Head(1, 1, 1)}));
+        ASSERT_EQ(Count(TieValue::kClass), 1);
+        Step([&] { Enter(item, 1, 1, 120, 5); });
+        EXPECT_EQ(Count(TieValue::kClass), 0);
+        EXPECT_TRUE(NoteOffOf(Head(1, 1, 0)));
+        window->Undo();
+        ASSERT_TRUE(TieNotesOf(*window, {Head(1, 1, 0), Head(1, 1, 1)}));  // parts them
+    }
+}
+
 TEST_F(TieTest, ThePencilTiesAndTheEraserParts) {
     Fill(3, 1, "1:6");
     Fill(4, 1, "1:6");  // on the next system

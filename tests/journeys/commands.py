@@ -7,15 +7,11 @@ from entry import Plan, Program
 
 # What a hand does in the menus, and the step that says the same. The notes are selected before.
 BY_HAND = [
-    ("key", "Key Signature", "alt+s k", [("alt+k", "D maj")], "command 32781 fifths=2 from=1"),
-    ("meter", "Time Signature", "alt+s t", [("alt+n", "3"), ("alt+d", "4"), ("alt+f", "3")],
-     "command 32779 num=3 den=4 from=3"),
-    ("transpose", "Transpose", "alt+n p", [("alt+d", "Down"), ("alt+i", "Minor third")],
-     "command 32819 interval=-m3 from=1 to=2"),
-    ("durations", "Change Durations", "alt+n d", [("alt+t", "Half as long")],
-     "command 32817 by=half from=1 to=2"),
-    ("measures", "Add Measures", "alt+s a m", [("alt+n", "2"), ("alt+a", "1")],
-     "command 32791 count=2 after=1"),
+    ("key", "Key Signature", "alt+s k", "alt+k d", "command 32781 fifths=2 from=1"),
+    ("meter", "Time Signature", "alt+s t", "alt+n 3 alt+f ctrl+a 3", "command 32779 num=3 den=4 from=3"),
+    ("transpose", "Transpose", "alt+n p", "alt+d Down alt+i Down Down", "command 32819 interval=-m3 from=1 to=2"),
+    ("durations", "Change Durations", "alt+n d", "alt+t Down Down", "command 32817 by=half from=1 to=2"),
+    ("measures", "Add Measures", "alt+s a m", "alt+n ctrl+a 2 alt+a ctrl+a 1", "command 32791 count=2 after=1"),
 ]
 
 
@@ -31,17 +27,13 @@ def compose(program):
     return plan
 
 
-def by_dialog(desk, name, title, menu, fields):
+def by_dialog(desk, name, title, menu, keys):
     desk.key(*menu.split())
     desk.dialog(title + ".*")
-    for field, text in fields:
-        desk.key(field)
-        if text.isdigit():
-            desk.key("ctrl+a")
-        desk.type(text)
+    desk.key(*keys.split())
     desk.picture(name)
     desk.key("Return")
-    desk.focus()
+    wait_for(lambda: "score.cvm" in desk.active_window(), f"{title} to be done")
     desk.settled()
 
 
@@ -55,7 +47,7 @@ def refused(desk):
     desk.key("Return")
     desk.dialog("Time Signature.*")
     desk.key("Escape")
-    desk.focus()
+    wait_for(lambda: "score.cvm" in desk.active_window(), "the dialog to go")
 
 
 def travel(corvane, desk):
@@ -65,19 +57,17 @@ def travel(corvane, desk):
     program.script(*plan.steps, f'save "{path}"')
     process, _ = desk.start(corvane, path)
     desk.settled()
-    desk.key("ctrl+shift+a")
-    for name, title, menu, fields, _ in BY_HAND:
-        by_dialog(desk, name, title, menu, fields)
+    for name, title, menu, keys, _ in BY_HAND:
+        desk.key("ctrl+shift+a")
+        by_dialog(desk, name, title, menu, keys)
+        desk.key("ctrl+z", "ctrl+shift+z")
     refused(desk)
-    desk.key("ctrl+e", "ctrl+d")  # other spellings, stems down
+    desk.key("ctrl+shift+a", "ctrl+e", "ctrl+d")  # other spellings, stems down
     desk.settled()
     desk.picture("all")
-    desk.key(*["ctrl+z"] * (len(BY_HAND) + 2))
-    desk.settled()
-    desk.picture("taken back")
-    desk.key(*["ctrl+shift+z"] * (len(BY_HAND) + 2))
+    before = os.stat(path).st_mtime_ns
     desk.key("ctrl+s")
-    wait_for(lambda: "[*]" not in desk.title(), "the score to be saved")
+    wait_for(lambda: os.stat(path).st_mtime_ns != before, "the score to be saved")
     steps = [step for *_, step in BY_HAND]
     for what in ("notes", "tree", "layout"):
         saved = program.script(f'open "{path}"', f"dump {what}")

@@ -252,7 +252,7 @@ TEST_F(DrawingTest, PaintingLeavesPortAndRecordsAsTheyWere) {
 
 TEST_F(DrawingTest, OnlyDrawnClassesHaveAPatch) {
     EXPECT_FALSE(PatchOf(nullptr));
-    EXPECT_FALSE(PatchOf(document));
+    EXPECT_FALSE(PatchOf(documentDocStaffs.First(document)));
     ChordSymbol* chord = AddChord(VoiceOfStaff(0, 0), {4, {5}});
     EXPECT_FALSE(PatchOf(HeadOf(chord)));
     const DrawPatch patch = PatchOf(chord);

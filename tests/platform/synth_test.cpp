@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sndfile.h>
 
 #include <chrono>
 #include <cmath>
@@ -14,9 +15,9 @@
 #include "base/Notify.h"
 #include "platform/fluidsynth/FluidSynth.h"
 #include "platform/fluidsynth/PeakLimiter.h"
-#include "platform/fluidsynth/RenderToWav.h"
+#include "platform/fluidsynth/RenderSound.h"
+#include "platform/fluidsynth/SoundFile.h"
 #include "platform/fluidsynth/SoundFont.h"
-#include "platform/fluidsynth/WavWriter.h"
 #include "play/SynthPort.h"
 #include "rtmidi_jackd.h"
 
@@ -80,11 +81,11 @@ int Peak(const std::vector<int16_t>& samples, size_t fromFrame, size_t toFrame) 
 // Frames per tick of 4 ms.
 constexpr size_t kTick = 192;
 
-TEST(RenderToWav, NotesBeginWhereTheyAreDueAndTheSoundDiesAway) {
+TEST(RenderSound, NotesBeginWhereTheyAreDueAndTheSoundDiesAway) {
     const TestFolder folder;
     const std::string path = folder.File("scale.wav");
     const int64_t onsets[] = {0, 125, 365, 606};
-    const Status status = RenderToWav(path, [&](int64_t tick, BuiltInSynth& synth) {
+    const Status status = RenderSound(path, [&](int64_t tick, BuiltInSynth& synth) {
         SynthPort port(synth);
         port.SetInstrument(0, 1, 14);  // an instrument that speaks at once
         for (size_t i = 0; i < 4; ++i) {
@@ -109,11 +110,11 @@ TEST(RenderToWav, NotesBeginWhereTheyAreDueAndTheSoundDiesAway) {
     EXPECT_LE(Peak(samples, samples.size() / 2 - 2400, samples.size() / 2), 8) << "ends in silence";
 }
 
-TEST(RenderToWav, TheLoudestChordIsNotClippedAndIsMadeFarFasterThanItSounds) {
+TEST(RenderSound, TheLoudestChordIsNotClippedAndIsMadeFarFasterThanItSounds) {
     const TestFolder folder;
     const std::string path = folder.File("loud.wav");
     const auto begin = std::chrono::steady_clock::now();
-    const Status status = RenderToWav(path, [&](int64_t tick, BuiltInSynth& synth) {
+    const Status status = RenderSound(path, [&](int64_t tick, BuiltInSynth& synth) {
         SynthPort port(synth);
         for (int channel = 1; channel <= 16 && tick % 250 == 10; ++channel)
             for (int key = 48; key < 60; key += 4) port.SendNote(-1, channel, key, 127);
@@ -131,22 +132,55 @@ TEST(RenderToWav, TheLoudestChordIsNotClippedAndIsMadeFarFasterThanItSounds) {
     EXPECT_LT(took.count(), seconds);
 }
 
-TEST(RenderToWav, AFailureLeavesTheOldFileAndNothingElse) {
+TEST(RenderSound, AFailureLeavesTheOldFileAndNothingElse) {
     const TestFolder folder;
     const auto silence = [](int64_t, BuiltInSynth&) { return false; };
-    EXPECT_EQ(RenderToWav(folder.File("no/such.wav"), silence).fault(), Fault::ReadOnly);
+    EXPECT_EQ(RenderSound(folder.File("no/such.wav"), silence).fault(), Fault::ReadOnly);
     const std::string path = folder.File("old.wav");
     std::ofstream(path) << "precious";
     {
-        WavWriter unfinished;
+        SoundFile unfinished;
         ASSERT_TRUE(unfinished.Open(path, 48000).ok());
         ASSERT_TRUE(unfinished.Write(std::vector<int16_t>(1000)).ok());
     }
     EXPECT_EQ(Contents(path), "precious");
     EXPECT_EQ(folder.Count(), 1u);
-    EXPECT_TRUE(RenderToWav(path, silence).ok());
+    EXPECT_TRUE(RenderSound(path, silence).ok());
     EXPECT_NE(Contents(path), "precious");
     EXPECT_EQ(folder.Count(), 1u);
+}
+
+TEST(RenderSound, FlacHoldsTheSamplesOfTheWav) {
+    const TestFolder folder;
+    const auto note = [](int64_t tick, BuiltInSynth& synth) {
+        SynthPort port(synth);
+        if (tick == 10) port.SendNote(-1, 1, 60, 100);
+        return tick < 50;
+    };
+    const std::string wav = folder.File("a.wav"), flac = folder.File("a.flac");
+    ASSERT_TRUE(RenderSound(wav, note).ok());
+    ASSERT_TRUE(RenderSound(flac, note).ok());
+    EXPECT_EQ(Contents(flac).substr(0, 4), "fLaC");
+    SF_INFO info{};
+    SNDFILE* sound = sf_open(flac.c_str(), SFM_READ, &info);
+    ASSERT_TRUE(sound);
+    EXPECT_EQ(info.samplerate, 48000);
+    std::vector<int16_t> samples(static_cast<size_t>(info.frames) * 2);
+    sf_readf_short(sound, samples.data(), info.frames);
+    sf_close(sound);
+    EXPECT_EQ(samples, Samples(wav));
+    EXPECT_LT(Contents(flac).size(), Contents(wav).size());
+}
+
+TEST(RenderSound, WhatIsGivenUpLeavesNothing) {
+    const TestFolder folder;
+    int asked = 0;
+    const Status status = RenderSound(
+        folder.File("a.flac"), [](int64_t, BuiltInSynth&) { return true; }, [&] { return ++asked < 3; });
+    EXPECT_EQ(status.fault(), Fault::Refused);
+    EXPECT_EQ(status.message(), "");
+    EXPECT_EQ(asked, 3);
+    EXPECT_EQ(folder.Count(), 0u);
 }
 
 TEST(PeakLimiter, KeepsTheCeilingWithoutAJumpAndLeavesQuietPassagesAlone) {

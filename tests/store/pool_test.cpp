@@ -289,7 +289,7 @@ protected:
 
 TEST_F(PoolModel, RandomCommandsPlaceObjectsAsTheNaiveModelAndUndoRestoresEverything) {
     size_t most = 0;
-    for (int command = 0; command < 4000 && !HasFailure(); ++command) {
+    for (int command = 0; command < 6000 && !HasFailure(); ++command) {
         SCOPED_TRACE(command);
         pool->BeginCommand();
         const auto before = Image();

@@ -11,6 +11,8 @@ namespace {
 
 using Relations = StoreTest;
 
+constexpr int kSteps = 20000;
+
 template <class R, class Parent, class Child>
 std::vector<Child*> Forward(const R& relation, const Parent* parent, const Child*) {
     std::vector<Child*> children;
@@ -80,7 +82,7 @@ std::vector<T*> Several(int count) {
 
 TEST_F(Relations, EachKindAgreesWithAList) {
     Make<Document>();
-    AgainstLists(systemMeasures, Several<System>(3), Several<Measure>(12), 2000, true);
+    AgainstLists(systemMeasures, Several<System>(3), Several<Measure>(12), kSteps, true);
     AgainstLists(
         voiceSymbols, Several<Voice>(3),
         [] {
@@ -89,7 +91,7 @@ TEST_F(Relations, EachKindAgreesWithAList) {
             for (Pause* rest : Several<Pause>(6)) symbols.push_back(rest);
             return symbols;
         }(),
-        2000, true);
+        kSteps, true);
     // Ends that stand elsewhere in each class of child.
     AgainstLists(
         measureSymbols, Several<Measure>(3),
@@ -99,7 +101,7 @@ TEST_F(Relations, EachKindAgreesWithAList) {
             for (CrossBeam* beam : Several<CrossBeam>(6)) symbols.push_back(beam);
             return symbols;
         }(),
-        2000, true);
+        kSteps, true);
 }
 
 TEST_F(Relations, ACollectionAgreesWithAList) {
@@ -108,7 +110,7 @@ TEST_F(Relations, ACollectionAgreesWithAList) {
     std::vector<std::vector<Connection*>> lists(3);
     std::vector<int> listOf(8, -1);
     std::minstd_rand random(5);
-    for (int step = 0; step < 2000; ++step) {
+    for (int step = 0; step < kSteps; ++step) {
         const size_t c = random() % connections.size(), p = random() % 3;
         if (listOf[c] >= 0) {
             auto& list = lists[static_cast<size_t>(listOf[c])];
@@ -166,6 +168,80 @@ TEST_F(Relations, UndoTakesBackEveryLink) {
     pool->Redo();
     EXPECT_EQ(Forward(systemMeasures, system, kept), std::vector<Measure*>{added});
     EXPECT_EQ(systemMeasures.ParentOf(kept), nullptr);
+}
+
+// Measures that come and go: made and linked, moved, unlinked and given back, in commands that are undone and
+// done again.
+class Herd : public StoreTest {
+protected:
+    using Lists = std::vector<std::vector<Measure*>>;
+
+    void Step() {
+        ++steps;
+        const size_t p = random() % systems.size();
+        auto& list = lists[p];
+        if (list.empty() || random() % 100 < (steps / 2000 % 2 ? 40u : 60u)) {
+            auto* measure = Make<Measure>();
+            const size_t at = random() % (list.size() + 1);
+            systemMeasures.Insert(systems[p], measure, at ? list[at - 1] : nullptr);
+            list.insert(list.begin() + static_cast<ptrdiff_t>(at), measure);
+            return;
+        }
+        const size_t at = random() % list.size();
+        Measure* measure = list[at];
+        systemMeasures.Remove(measure);
+        list.erase(list.begin() + static_cast<ptrdiff_t>(at));
+        if (random() % 3) {
+            MemoryManager::Instance().Release(measure);
+        } else {
+            auto& other = lists[random() % lists.size()];
+            systemMeasures.Add(systems[static_cast<size_t>(&other - lists.data())], measure);
+            other.push_back(measure);
+        }
+    }
+    void ExpectAsLists(const Lists& expected) const {
+        for (size_t p = 0; p < systems.size(); ++p)
+            ASSERT_EQ(Forward(systemMeasures, systems[p], static_cast<Measure*>(nullptr)), expected[p]);
+    }
+
+    GraphBuilder graph;
+    std::vector<System*> systems;
+    Lists lists;
+    std::minstd_rand random{23};
+    int steps = 0;
+};
+
+TEST_F(Herd, CommandsThatMakeLinkMoveAndReleaseAreTheListsAndUndoIsTheListsBefore) {
+    std::vector<void*> made = {graph.system};
+    for (int i = 0; i < 3; ++i) made.push_back(Make<System>());
+    graph.Ring(graph.page, "2", made);
+    for (void* system : made) systems.push_back(static_cast<System*>(system));
+    lists.resize(systems.size());
+    lists[0] = {static_cast<Measure*>(graph.measure)};
+    pool->EnableUndo();
+    size_t most = 0;
+    while (steps < kSteps && !HasFailure()) {
+        SCOPED_TRACE(steps);
+        const Lists before = lists;
+        {
+            const CommandScope command;
+            for (unsigned n = 1 + random() % 40; n > 0; --n) Step();
+        }
+        ExpectAsLists(lists);
+        if (random() % 2) {
+            pool->Undo();
+            ExpectAsLists(before);
+            pool->Redo();
+            ExpectAsLists(lists);
+        }
+        if (random() % 4 == 0) {
+            pool->Undo();
+            lists = before;
+        }
+        EXPECT_TRUE(CheckPool(*pool).empty());
+        most = std::max<size_t>(most, pool->BlockCount());
+    }
+    EXPECT_GT(most, 1u) << "blocks must come and go too";
 }
 
 struct Item;

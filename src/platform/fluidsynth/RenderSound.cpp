@@ -1,4 +1,4 @@
-#include "platform/fluidsynth/RenderToWav.h"
+#include "platform/fluidsynth/RenderSound.h"
 
 #include <array>
 #include <cstdlib>
@@ -6,8 +6,8 @@
 
 #include "base/Rounding.h"
 #include "platform/fluidsynth/PeakLimiter.h"
+#include "platform/fluidsynth/SoundFile.h"
 #include "platform/fluidsynth/SynthEngine.h"
-#include "platform/fluidsynth/WavWriter.h"
 #include "play/SoundClock.h"
 
 namespace corvane {
@@ -73,19 +73,21 @@ private:
 
     SynthEngine _engine;
     PeakLimiter _limiter;
-    WavWriter _file;
+    SoundFile _file;
     bool _begun = false;
     int _quietUnits = 0;
 };
 
 }  // namespace
 
-Status RenderToWav(const std::string& path, const RenderFeed& feed) {
+Status RenderSound(const std::string& path, const RenderFeed& feed, const std::function<bool()>& goOn) {
     Renderer renderer;
     if (Status opened = renderer.Open(path); !opened) return opened;
     EngineAsSynth synth(renderer.Engine());
-    for (int64_t tick = 0; feed(tick, synth); ++tick)
+    for (int64_t tick = 0; feed(tick, synth); ++tick) {
+        if (tick % kUnitsPerSecond == 0 && goOn && !goOn()) return {Fault::Refused, ""};
         if (Status written = renderer.RenderUnit(); !written) return written;
+    }
     return renderer.RenderTail();
 }
 
