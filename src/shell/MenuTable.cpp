@@ -135,6 +135,8 @@ const MenuRow kRows[] = {
     {kFile, kSaveId, "&Save", "Ctrl+S", OnScore<&FileActions::Save>, IsQuietWithScore, {}, {}, ToolPicture::Save},
     {kFile, 57604, "Sa&ve as...", "Ctrl+Shift+S", OnScore<&FileActions::SaveAs>, IsQuietWithScore},
     {kFile, 33180, "&Export...", "Ctrl+Shift+E", WithScore<&FileActions::Export>, IsQuietWithScore},
+    {kFile, 32772, "&Import MIDI...", "", [](MainFrame& f) { f.Files().ImportMidi(); }, IsQuiet},
+    {kFile, 32771, "Export &MIDI...", "", WithScore<&FileActions::ExportMidi>, IsQuietWithScore},
     {kFile, 57606, "Page Set&up..."},
     {kFile, 57607, "&Print...", "Ctrl+P", WithScore<&FileActions::Print>, IsQuietWithScore},
     {kFile, 0},
