@@ -52,9 +52,8 @@ MixerRow::MixerRow(MixerDock& dock, WindowTarn& window, DocStaff* staff, int num
         Refresh();
     });
     Place(grid, _voiceBox, "voice");
-    _on = AddSwitch(grid, "M", "on", "The staff is heard; off mutes it");
+    _on = AddSwitch(grid, "On", "on", "The staff is heard; off mutes it");
     connect(_on, &QToolButton::clicked, this, [this](bool on) { ChangeActive(_window, _staff, on); });
-    _on->setText("On");
     _solo = AddSwitch(grid, "Solo", "solo", "Only soloed staves are heard");
     connect(_solo, &QToolButton::clicked, this, [this](bool on) { ChangeSolo(_window, _staff, on); });
     _rec = AddSwitch(grid, "Rec", "rec", "A recording goes to this staff");
@@ -74,9 +73,9 @@ void MixerRow::Place(QGridLayout& grid, QWidget* widget, const char* name) {
     grid.addWidget(widget, _number, _column++);
 }
 
-QToolButton* MixerRow::AddSwitch(QGridLayout& grid, const char* letter, const char* name, const char* tip) {
+QToolButton* MixerRow::AddSwitch(QGridLayout& grid, const char* text, const char* name, const char* tip) {
     auto* button = new QToolButton;
-    button->setText(letter);
+    button->setText(text);
     button->setToolTip(tip);
     button->setCheckable(true);
     button->setFocusPolicy(Qt::TabFocus);

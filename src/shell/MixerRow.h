@@ -29,7 +29,7 @@ public:
     void Refresh();
 
 private:
-    QToolButton* AddSwitch(QGridLayout& grid, const char* letter, const char* name, const char* tip);
+    QToolButton* AddSwitch(QGridLayout& grid, const char* text, const char* name, const char* tip);
     QSlider* AddSlider(QGridLayout& grid, VoiceValue value, const char* name);
     QSpinBox* AddNumber(QGridLayout& grid, VoiceValue value, const char* name);
     void AddProgram(QGridLayout& grid);

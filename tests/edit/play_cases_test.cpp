@@ -1,14 +1,15 @@
 // Scores made by the same steps that a person takes, and the ticks that they are played at, worked out by
 // hand: the first beat at 120, a quarter at 60 lasting 240.
+#include "model/Preferences.h"
 #include "play/DryPlay.h"
 #include "play/TarnPlaySound.h"
-#include "model/Preferences.h"
 #include "sign_fixture.h"
 
 namespace corvane {
 namespace {
 
-constexpr int kTime = 32779, kTempo = 32778, kBarline = 32783, kEndings = 32796;
+constexpr int kTime = 32779, kTempo = 32778, kBarline = 32783, kEndings = 32796, kAddPages = 32790,
+              kTieNotes = 32804;
 constexpr int k64th = 15;  // of the palette
 
 class PlayCases : public SignTest {
@@ -109,6 +110,19 @@ TEST_F(PlayCases, OverfullVoicesEndWithTheirMeasure) {
     Append(kQuarter, 2, 0);
     EXPECT_EQ(Sounds(), "120:62 360:64 600:65 840:67 1080:62");
     EXPECT_EQ(Sounds(true), "360:62 600:64 840:65 1080:67 1080:69 1320:62");
+}
+
+TEST_F(PlayCases, ATiedChainOverPagesSoundsOnce) {
+    for (int measure = 1; measure <= 6; ++measure) Append(kWhole, measure, measure < 5 ? 2 : 3);
+    Do(kAddPages, {{"count", "1"}});
+    ASSERT_EQ(documentPages.Count(Score()), 2);
+    window->SetCurrentPage(documentPages.Last(Score()));
+    Append(kWhole, 7, 3);
+    window->TheSelection().SelectAll();
+    Do(kTieNotes, {});
+    // Four measures of one pitch are one note, and so are two on the first page with one on the second.
+    EXPECT_EQ(Sounds(), "120:65 3960:67");
+    EXPECT_EQ(Sounds(true), "3960:65 6840:67");
 }
 
 TEST_F(PlayCases, SoloAndMute) {
