@@ -2,7 +2,7 @@
 import os
 import sys
 
-from commands import by_dialog, compose
+from commands import compose
 from desk import Desk, Failure, expect, wait_for
 from entry import Program
 
@@ -18,6 +18,20 @@ BY_HAND = [
     ("paper", "Page Setup", "alt+f u", [("alt+p", "A4")], "command 57606 height=16779 width=11864"),
     ("names", "Instrument Name Options", "alt+s u", [("alt+r", "900")], "command 32787 indent=900"),
 ]
+
+
+def fill(desk, name, title, menu, fields):
+    desk.key(*menu.split())
+    desk.dialog(title + ".*")
+    for field, text in fields:
+        desk.key(field)
+        if text.isdigit():
+            desk.key("ctrl+a")
+        desk.type(text)
+    desk.picture(name)
+    desk.key("Return")
+    wait_for(lambda: "score.cvm" in desk.active_window(), f"{title} to be done")
+    desk.settled()
 
 
 def too_small(desk):
@@ -54,7 +68,7 @@ def travel(corvane, desk):
     process, _ = desk.start(corvane, path)
     desk.settled()
     for name, title, keys, fields, _ in BY_HAND:
-        by_dialog(desk, name, title, keys, fields)
+        fill(desk, name, title, keys, fields)
     too_small(desk)
     desk.picture("all")
     steps = [step for *_, step in BY_HAND]
