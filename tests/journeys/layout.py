@@ -10,13 +10,13 @@ from entry import Program
 BY_HAND = [
     ("spacing", "Spacing", "ctrl+j", [("alt+s", "Engraver"), ("alt+f", "1"), ("alt+t", "2")],
      "command 32807 mode=engraver from=1 to=2"),
-    ("gaps", "Spacing Options", "alt+s i", [("alt+t", "300"), ("alt+c", "150")], "command 32786 first=300 key=150"),
-    ("staff", "Staff Settings", "alt+s g", [("alt+s", "80"), ("alt+d", "700")],
+    ("gaps", "Spacing Options", "alt+s l i", [("alt+t", "300"), ("alt+c", "150")], "command 32786 first=300 key=150"),
+    ("staff", "Staff Settings", "alt+s l g", [("alt+s", "80"), ("alt+d", "700")],
      "command 32777 from=1 size=80 lines=5 distance=700"),
-    ("margins", "Modify Page", "alt+s f", [("alt+l", "1000"), ("alt+b", "1200")],
+    ("margins", "Modify Page", "alt+s l f", [("alt+l", "1000"), ("alt+b", "1200")],
      "command 32776 left=1000 bottom=1200"),
     ("paper", "Page Setup", "alt+f u", [("alt+p", "A4")], "command 57606 height=16779 width=11864"),
-    ("names", "Instrument Name Options", "alt+s u", [("alt+r", "900")], "command 32787 indent=900"),
+    ("names", "Instrument Name Options", "alt+s l u", [("alt+r", "900")], "command 32787 indent=900"),
 ]
 
 
