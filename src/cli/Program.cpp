@@ -26,9 +26,22 @@ WindowTarn* HeadlessProgram::OpenOrTell(const std::string& path) {
     return window;
 }
 
+WindowTarn* HeadlessProgram::ImportOrTell(const std::string& path, const ImportOptions& options) {
+    Status status;
+    ImportProgress silent;
+    WindowTarn* window = _session->Import(path, options, silent, status);
+    if (!window) Refuse(path + ": " + status.message());
+    return window;
+}
+
 int Refuse(const std::string& line) {
     std::fprintf(stderr, "corvane: %s\n", line.c_str());
     return kRefused;
+}
+
+int Misuse(const std::string& line) {
+    Refuse(line);
+    return kUsage;
 }
 
 int Outcome(const Status& status, const std::string& about) {

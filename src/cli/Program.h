@@ -23,6 +23,8 @@ public:
     Session& TheSession() { return *_session; }
     // Null, with one line on stderr, for a file that cannot be opened.
     WindowTarn* OpenOrTell(const std::string& path);
+    // The same for a MIDI file.
+    WindowTarn* ImportOrTell(const std::string& path, const ImportOptions& options);
 
 private:
     PosixFiles _files;
@@ -32,6 +34,8 @@ private:
 // One line on stderr for a failure, with the file that it is about; the program's exit code.
 int Outcome(const Status& status, const std::string& about = {});
 int Refuse(const std::string& line);
+// The same for words on the command line that make no sense.
+int Misuse(const std::string& line);
 
 // The subcommands; each answers the exit code.
 struct NewOptions {
@@ -39,8 +43,11 @@ struct NewOptions {
     int measures = 5, systems = 3;
 };
 struct ConvertOptions {
-    std::string in, out;
+    std::vector<std::string> files;  // one to read and one to write, or with `outDir` all to read
+    std::string outDir, to;
+    int jobs = 0;  // 0: as many as there are cores
     int page = 0, zoom = GraphicPort::kTrueSizeZoom;
+    ImportOptions import;
 };
 struct PlayOptions {
     std::string file;
@@ -49,6 +56,8 @@ struct PlayOptions {
 };
 int RunNew(const NewOptions& options);
 int RunConvert(const ConvertOptions& options);
+// Many files into a folder, each by a process of its own.
+int RunBatch(const ConvertOptions& options);
 int RunInfo(const std::string& file, bool json);
 int RunCheck(const std::string& file);
 int RunPlay(const PlayOptions& options);

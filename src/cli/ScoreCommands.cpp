@@ -53,16 +53,17 @@ int RunNew(const NewOptions& options) {
 }
 
 int RunConvert(const ConvertOptions& options) {
-    if (!IsScoreExtension(ExtensionOf(options.in))) {
-        const auto known = ScoreExtensions();
-        return Refuse("\"" + options.in + "\": only " + Listed({known.begin(), known.end()}) +
-                      " can be read");
-    }
+    if (!options.outDir.empty() || !options.to.empty()) return RunBatch(options);
+    if (options.files.size() != 2) return Misuse("convert wants a file to read and a file to write");
+    const std::string &in = options.files[0], &out = options.files[1];
+    const bool isMidi = IsMidiExtension(ExtensionOf(in));
+    if (!isMidi && !IsScoreExtension(ExtensionOf(in)))
+        return Refuse("\"" + in + "\": only " + Listed(ReadExtensions()) + " can be read");
     HeadlessProgram program;
-    WindowTarn* window = program.OpenOrTell(options.in);
+    WindowTarn* window = isMidi ? program.ImportOrTell(in, options.import) : program.OpenOrTell(in);
     if (!window) return kRefused;
-    if (SavesAs(options.out)) return Outcome(program.TheSession().Save(*window, options.out), options.out);
-    return Outcome(ExportScore(*window, {options.out, options.page, options.zoom}));
+    if (SavesAs(out)) return Outcome(program.TheSession().Save(*window, out), out);
+    return Outcome(ExportScore(*window, {out, options.page, options.zoom}));
 }
 
 int RunInfo(const std::string& file, bool json) {

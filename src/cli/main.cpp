@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <functional>
 
+#include "cli/ImportArguments.h"
 #include "cli/Program.h"
 #include "shell/ScoreExport.h"
 
@@ -32,17 +33,26 @@ void AddFileCommands(CLI::App& app, Choice& choice) {
     sub->add_option("--systems", create.systems, "Systems on a page")->capture_default_str();
 
     static ConvertOptions convert;
-    sub = Subcommand(app, "convert", "Write a score as " + Listed(WrittenExtensions(), "or"), choice,
+    const std::string written = Listed(WrittenExtensions(), "or");
+    sub = Subcommand(app, "convert", "Write a score or a MIDI file as " + written, choice,
                      [] { return RunConvert(convert); });
-    const auto read = ScoreExtensions();
-    sub->add_option("IN", convert.in, "A score file: " + Listed({read.begin(), read.end()}, "or"))
+    sub->add_option("FILES", convert.files,
+                    "IN and OUT: a file to read (" + Listed(ReadExtensions(), "or") +
+                        "), and the file to write, whose extension tells the kind; with --out-dir any number "
+                        "of files to read")
         ->required();
-    sub->add_option("OUT", convert.out, "The file to write; its extension tells the kind")->required();
+    sub->add_option("--out-dir", convert.outDir, "Write all files into this folder, under their own names");
+    sub->add_option("--to", convert.to, "The kind to write into the folder: " + written);
+    sub->add_option("--jobs", convert.jobs,
+                    "How many to convert at once; 0: as many as the machine has cores")
+        ->check(CLI::Range(0, 1024))
+        ->capture_default_str();
     sub->add_option("--page", convert.page, "Only this page, from 1")->check(CLI::Range(1, 32767));
     sub->add_option("--zoom", convert.zoom,
                     "Percent, for png; " + std::to_string(GraphicPort::kTrueSizeZoom) + " is true size")
         ->check(kZooms)
         ->capture_default_str();
+    AddImportOptions(*sub, convert.import);
 }
 
 void AddScoreCommands(CLI::App& app, Choice& choice) {

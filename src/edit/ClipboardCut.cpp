@@ -6,6 +6,7 @@
 #include "edit/ClipboardState.h"
 #include "edit/Deletion.h"
 #include "edit/DeletionSteps.h"
+#include "edit/Spanners.h"
 #include "edit/TarnSelect.h"
 #include "edit/ToolState.h"
 #include "layout/Beaming.h"
@@ -146,6 +147,7 @@ void CutVoiceSymbols(WindowTarn& window, const std::vector<ClipVoiceSymbol>& cli
     for (const ClipVoiceSymbol& clip : clips)
         if (const auto* chord = As<Chords>(clip.object)) PartTies(window, chord, cut);
     PartTuplets(clips, cut);
+    for (const ClipVoiceSymbol& clip : clips) DeleteSlursAt(window, clip.object);
     for (const ClipVoiceSymbol& clip : clips) {
         RemoveEvents(clip.object);
         Unlink(clip.object);  // at once: grace notes beside the next one make their neighbours sound anew

@@ -48,6 +48,9 @@ struct TempoValue {
 // The tempo mark of a beat, made or changed.
 Status InsertTempo(WindowTarn& window, Measure* measure, const TempoValue& value);
 void DeleteTempo(WindowTarn& window, Time* mark);
+// A mark of a beat without a figure or tempo yet; where it stands beside its beat, clear of what is there.
+Time* MakeTempoMark(Measure* measure, int beat);
+void PlaceTempoMark(Time* mark);
 
 // One of RepetitionTexts; the same text again takes it away.
 Status InsertCoda(WindowTarn& window, Measure* measure, std::string_view text);

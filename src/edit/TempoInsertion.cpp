@@ -34,7 +34,18 @@ Time* MarkAt(const Measure* measure, int beat) {
     return nullptr;
 }
 
-Time* MakeMark(Measure* measure, int beat) {
+// Over the time signature at the first beat, where there is one, over the beat's notes else.
+int32_t WantedX(const Measure* measure, int beat) {
+    const MeasureFrame frame = FrameOf(measure);
+    const HeaderPlaces places = PlacesOf(measure);
+    if (beat == 1 && places.repeat > places.time) return frame.left + places.time;
+    const int32_t gap = GapsOf(DocumentPar(measure)).lastNote;
+    return frame.XOf((1000 - gap) * (beat - 1) / std::max<int>(1, measure->_num));
+}
+
+}  // namespace
+
+Time* MakeTempoMark(Measure* measure, int beat) {
     auto* mark = Make<Time>();
     measureSymbols.Add(measure, mark);
     mark->_beat = static_cast<int16_t>(beat);
@@ -45,17 +56,8 @@ Time* MakeMark(Measure* measure, int beat) {
     return mark;
 }
 
-// Over the time signature at the first beat, where there is one, over the beat's notes else.
-int32_t WantedX(const Measure* measure, int beat) {
-    const MeasureFrame frame = FrameOf(measure);
-    const HeaderPlaces places = PlacesOf(measure);
-    if (beat == 1 && places.repeat > places.time) return frame.left + places.time;
-    const int32_t gap = GapsOf(DocumentPar(measure)).lastNote;
-    return frame.XOf((1000 - gap) * (beat - 1) / std::max<int>(1, measure->_num));
-}
-
-// Where the mark is read: beside its beat's place, and clear of what stands there.
-void PlaceMark(Measure* measure, Time* mark) {
+void PlaceTempoMark(Time* mark) {
+    const Measure* measure = MeasurePar(mark);
     const Staff* staff = TopStaffOf(measure);
     if (!staff || staff->_lineDistance <= 0) return;
     mark->_x = (WantedX(measure, mark->_beat) - BeatX(measure, mark->_beat)) * 100 / staff->_lineDistance;
@@ -63,20 +65,18 @@ void PlaceMark(Measure* measure, Time* mark) {
     mark->_y = -LiftOver(measure, InkOfMark(mark), mark);
 }
 
-}  // namespace
-
 Status InsertTempo(WindowTarn& window, Measure* measure, const TempoValue& value) {
     if (const char* fault = FaultOf(value, measure)) return {Fault::Refused, fault};
     const EditStep step(window);
     const SystemRedraw redraw(window, measure);
     Time* mark = MarkAt(measure, value.beat);
     const bool isNew = !mark;
-    if (isNew) mark = MakeMark(measure, value.beat);
+    if (isNew) mark = MakeTempoMark(measure, value.beat);
     mark->_figure = static_cast<int16_t>(FigureCode(value.figure));
     mark->_dots = static_cast<int16_t>(value.dots);
     mark->_bpm = static_cast<int16_t>(value.bpm);
     InsertTempoAtBeat(measure, mark);
-    if (isNew) PlaceMark(measure, mark);
+    if (isNew) PlaceTempoMark(mark);
     return Status::Ok();
 }
 

@@ -69,7 +69,6 @@ void VoiceTracks::Walk() {
         while (candidate && _together.Holds(measure, current, _measure, candidate)) {
             current = candidate;
             Fire(current);
-            _last = TimePlaceOf(current);
             candidate = Behind(current);
         }
         current = candidate;
@@ -83,8 +82,6 @@ void VoiceTracks::Enter(const Measure* measure) {
     const MeasureLength length = LengthOf(measure, kMidiTicksPerQuarter, _carry, 1.0);
     _length = length.ticks;
     _carry = length.carry;
-    _due = _start;
-    _last = TimePlace();
     _together.Enter();
 }
 
@@ -106,15 +103,11 @@ const TimeElement* VoiceTracks::Behind(const TimeElement* element) {
     return EnterNext() ? FirstFromHere() : nullptr;
 }
 
+// Counted from the measure's start each time: what is cut off never adds up.
 int32_t VoiceTracks::DueTime(const TimeElement* element) const {
-    const int num = std::max<int>(1, _measure->_num);
-    int64_t db = element->_beat - _last.beat, dc = element->_clock - _last.clock;
-    if (dc < 0) {
-        dc += kClocksPerBeat;
-        --db;
-    }
-    const int64_t ticks = _length;
-    const int64_t due = _due + (ticks * dc / kClocksPerBeat + ticks * db) / num;
+    const int64_t num = std::max<int>(1, _measure->_num), ticks = _length;
+    const int64_t due =
+        _start + (ticks * element->_clock / kClocksPerBeat + ticks * (element->_beat - 1)) / num;
     return static_cast<int32_t>(std::min<int64_t>(due, _start + _length));
 }
 

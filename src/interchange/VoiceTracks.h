@@ -46,7 +46,6 @@ private:
     const Measure* _measure = nullptr;
     int32_t _start = 0, _length = 0, _carry = 0;
     int32_t _due = 0;  // of what fires now
-    TimePlace _last;
     Simultaneity _together;
 };
 

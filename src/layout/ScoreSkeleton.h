@@ -1,6 +1,8 @@
 // The records that every new measure, staff or system needs, beyond what ScoreBuilder.h offers.
 #pragma once
 
+#include <string_view>
+
 #include "model/Relations.h"
 
 namespace corvane {
@@ -13,6 +15,10 @@ void AddTime(MeasureStaff* crossing);          // of the measure's meter
 
 // What MakeMeasure does with a measure of any kind that stands in no system yet.
 void JoinMeasure(System* system, Measure* measure, Measure* behind);
+
+// A part behind another of the document, or first where that is null: every voice at full volume on channel 1.
+DocStaff* MakeDocStaff(Document* document, DocStaff* behind);
+AllStaff* MakeAllStaff(std::string_view name = "Untitled");
 
 // A staff of a system below `behind`, or on top where it is null, drawn over the system's whole width.
 SimpleStaff* MakeSimpleStaff(System* system, MultiStaff* behind, StaffKind kind, int lineCount);

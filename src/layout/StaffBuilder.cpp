@@ -15,7 +15,6 @@
 namespace corvane {
 namespace {
 
-constexpr std::string_view kStaffName = "Untitled";
 
 // Staves that one MultiStaff of each system draws.
 struct Column {
@@ -46,25 +45,6 @@ const Form& FormOf(StaffKind kind) {
     for (const Form& form : kForms)
         if (form.kind == kind) return form;
     return kForms[0];
-}
-
-DocStaff* MakeDocStaff(Document* document, DocStaff* behind) {
-    auto* docStaff = Make<DocStaff>();
-    documentDocStaffs.Insert(document, docStaff, behind);
-    docStaff->_active = 1;
-    for (VoiceRecord& voice : docStaff->_voices) {
-        voice._recordActive = 1;
-        voice._volume = 127;
-        voice._channel = 1;
-        voice._port = -1;
-    }
-    return docStaff;
-}
-
-AllStaff* MakeAllStaff() {
-    auto* allStaff = Make<AllStaff>();
-    SetText(allStaff->_name, kStaffName);
-    return allStaff;
 }
 
 // What draws a staff in a system; null for a null staff.
@@ -189,6 +169,25 @@ StaffRequest RequestAt(std::string_view staffs, size_t place) {
 }
 
 }  // namespace
+
+DocStaff* MakeDocStaff(Document* document, DocStaff* behind) {
+    auto* docStaff = Make<DocStaff>();
+    documentDocStaffs.Insert(document, docStaff, behind);
+    docStaff->_active = 1;
+    for (VoiceRecord& voice : docStaff->_voices) {
+        voice._recordActive = 1;
+        voice._volume = 127;
+        voice._channel = 1;
+        voice._port = -1;
+    }
+    return docStaff;
+}
+
+AllStaff* MakeAllStaff(std::string_view name) {
+    auto* allStaff = Make<AllStaff>();
+    SetText(allStaff->_name, name);
+    return allStaff;
+}
 
 DocStaff* AddStaffs(Document* document, const StaffRequest& request, DocStaff* behind) {
     CORVANE_ASSERT_AS(document, "doc_staff");

@@ -42,7 +42,7 @@ void Rename(VoiceRecord& record, std::string_view name) {
     Touch(record._name);
     const size_t length = std::min(name.size(), sizeof record._name - 1);
     std::memset(record._name, 0, sizeof record._name);
-    std::memcpy(record._name, name.data(), length);
+    std::copy_n(name.data(), length, record._name);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Notify.h"
+#include "interchange/ImportMidi.h"
 #include "layout/ListaEventi.h"
 #include "layout/PageFit.h"
 #include "layout/PageLayout.h"
@@ -131,6 +132,22 @@ WindowTarn* Session::Open(const std::string& path, Status& status, std::vector<s
     window->SetIdentity(FileName(path), path, readOnly, false);
     if (_backups) _backups->Read(path, bytes);
     Remember(path);
+    return window;
+}
+
+WindowTarn* Session::Import(const std::string& path, const ImportOptions& options, ImportProgress& progress,
+                            Status& status) {
+    std::vector<uint8_t> bytes;
+    status = _parts.files->Read(path, bytes);
+    if (!status) return nullptr;
+    const auto load = [&](NewMemoryPool&, LoadReport&) {
+        return ImportMidi(BuildNewScore({1, 1}, ""), bytes, options, progress);
+    };
+    WindowTarn* window = OpenBy(load, status, nullptr);
+    if (!window) return nullptr;
+    const std::string name = FileName(path), title = name.substr(0, name.rfind('.'));
+    window->SetIdentity(title, title + ".cvm", false, true);
+    window->Pool()->SetModified(true);
     return window;
 }
 

@@ -9,6 +9,8 @@
 
 #include "base/Status.h"
 #include "edit/WindowTarn.h"
+#include "interchange/ImportOptions.h"
+#include "interchange/ImportProgress.h"
 #include "layout/ScoreBuilder.h"
 #include "model/SessionPreferences.h"
 #include "session/Backups.h"
@@ -46,6 +48,9 @@ public:
     // A window with the score of a file. Null with "File not found" or "Invalid file"; nothing else has
     // changed then. `healed` gets a line for each thing that was mended on the way in.
     WindowTarn* Open(const std::string& path, Status& status, std::vector<std::string>* healed = nullptr);
+    // The same with a score made of a MIDI file, never saved, named after the file.
+    WindowTarn* Import(const std::string& path, const ImportOptions& options, ImportProgress& progress,
+                       Status& status);
     // Writes the window's score; on success its path, title and modified mark follow. The version that
     // another session wrote is kept as a backup first; when that fails the save goes on and the person is
     // told.

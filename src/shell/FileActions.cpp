@@ -192,6 +192,10 @@ void FileActions::Export(WindowTarn& window) {
     int page = 0;
     for (const ExportKind& kind : kinds)
         if (kind.onePage && ExtensionOf(path) == kind.extension) page = window.CurrentPage()->_pageNumber;
+    ExportTo(window, path, page);
+}
+
+void FileActions::ExportTo(WindowTarn& window, const std::string& path, int page) {
     const Status status = ExportWithProgress(&_frame, window, {path, page, GraphicPort::kTrueSizeZoom});
     if (status)
         _frame.Tell("Exported to " + path);

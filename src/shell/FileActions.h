@@ -28,6 +28,9 @@ public:
     bool Save(WindowTarn& window);
     bool SaveAs(WindowTarn& window);
     void Export(WindowTarn& window);
+    // A MIDI file as a new score, after asking for the file and how to read it.
+    void ImportMidi();
+    void ExportMidi(WindowTarn& window);
     void Print(WindowTarn& window);
     // Asks for unsaved changes first; false if the person wants to go on with the score.
     bool Close(WindowTarn& window);
@@ -37,6 +40,7 @@ public:
 private:
     bool ShowOpened(WindowTarn* window, const Status& status, const std::vector<std::string>& healed,
                     const std::string& about);
+    void ExportTo(WindowTarn& window, const std::string& path, int page);
     void DropBlank();
     bool AskToSave(WindowTarn& window);
     bool SaveTo(WindowTarn& window, const std::string& path);

@@ -38,6 +38,7 @@ public:
     void Start(const std::vector<std::string>& paths);
 
     Session& TheSession() { return _session; }
+    SettingsStore& Settings() { return _settings; }
     FileActions& Files() { return _files; }
     PlayControl& Player() { return _player; }
     ScoreTabs& Tabs() { return *_tabs; }

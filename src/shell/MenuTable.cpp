@@ -121,7 +121,7 @@ using S = EditSwitches;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
 constexpr int kOpenBackupId = 40001;
 constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kScore = "&Score",
-                     *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove", *kNotes = "&Notes",
+                     *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove", *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
                      *kTools = "&Tools", *kMidi = "&MIDI", *kHelp = "&Help";
 
 // clang-format off
@@ -135,6 +135,8 @@ const MenuRow kRows[] = {
     {kFile, kSaveId, "&Save", "Ctrl+S", OnScore<&FileActions::Save>, IsQuietWithScore, {}, {}, ToolPicture::Save},
     {kFile, 57604, "Sa&ve as...", "Ctrl+Shift+S", OnScore<&FileActions::SaveAs>, IsQuietWithScore},
     {kFile, 33180, "&Export...", "Ctrl+Shift+E", WithScore<&FileActions::Export>, IsQuietWithScore},
+    {kFile, 32772, "&Import MIDI...", "", [](MainFrame& f) { f.Files().ImportMidi(); }, IsQuiet},
+    {kFile, 32771, "Export &MIDI...", "", WithScore<&FileActions::ExportMidi>, IsQuietWithScore},
     {kFile, 57606, "Page Set&up..."},
     {kFile, 57607, "&Print...", "Ctrl+P", WithScore<&FileActions::Print>, IsQuietWithScore},
     {kFile, 0},
@@ -202,11 +204,11 @@ const MenuRow kRows[] = {
     {kScore, 32800, "Autocenter &Systems"},
     {kScore, 32801, "Aut&ocenter Staves"},
     {kScore, 0},
-    {kScore, 32776, "Modi&fy Page..."},
-    {kScore, 32777, "Staff Settin&gs..."},
-    {kScore, 32786, "Spac&ing Options..."},
-    {kScore, 32787, "Instr&ument Name Options..."},
-    {kScore, 32798, "Time Signature Options..."},
+    {kScoreLayout, 32776, "Modi&fy Page..."},
+    {kScoreLayout, 32777, "Staff Settin&gs..."},
+    {kScoreLayout, 32786, "Spac&ing Options..."},
+    {kScoreLayout, 32787, "Instr&ument Name Options..."},
+    {kScoreLayout, 32798, "&Time Signature Options..."},
 
     {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
     {kNotes, 32805, "T&uplets...", "Ctrl+I"},

@@ -82,6 +82,7 @@ constexpr ExportKind kExportKinds[] = {
 // Files of the last kind are only read.
 constexpr const char* kScoreExtensions[] = {"cvm", "cvn", "cvi", "sp3", "trn"};
 constexpr size_t kSavedExtensions = 4;
+constexpr const char* kMidiExtensions[] = {"mid", "midi", "kar"};
 
 Status CheckPage(const WindowTarn& window, int page) {
     const int count = documentPages.Count(window.GetDocument());
@@ -145,6 +146,17 @@ std::string Listed(const std::vector<std::string>& words, const char* last) {
         list += words[i];
     }
     return list;
+}
+
+bool IsMidiExtension(const std::string& extension) {
+    return std::find(std::begin(kMidiExtensions), std::end(kMidiExtensions), extension) !=
+           std::end(kMidiExtensions);
+}
+
+std::vector<std::string> ReadExtensions() {
+    std::vector<std::string> all(std::begin(kScoreExtensions), std::end(kScoreExtensions));
+    all.insert(all.end(), std::begin(kMidiExtensions), std::end(kMidiExtensions));
+    return all;
 }
 
 const ExportKind* ExportKindOf(const std::string& path) {

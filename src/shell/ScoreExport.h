@@ -48,6 +48,10 @@ std::string ExtensionOf(const std::string& path);
 // What scores are read from, the usual one first.
 std::span<const char* const> ScoreExtensions();
 bool IsScoreExtension(const std::string& extension);
+// mid, midi, kar.
+bool IsMidiExtension(const std::string& extension);
+// All that convert reads: scores and MIDI files.
+std::vector<std::string> ReadExtensions();
 // Under which a score of that path is saved: its own where files of that kind are still written, else the
 // usual one.
 std::string SavedExtension(const std::string& path);

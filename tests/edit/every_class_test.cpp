@@ -5,6 +5,7 @@
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
 #include "layout/MultiMeasures.h"
+#include "layout/SpannerMarks.h"
 #include "model/Texts.h"
 #include "notes_fixture.h"
 #include "store/ClassInfo.h"
@@ -108,7 +109,10 @@ protected:
     }
     void AddSpanners() {
         Span<Hairpin, MarkHairpin>(hairpinMarks);
-        Span<Slur, MarkSlur>(slurMarks);
+        auto* slur = Make<Slur>();
+        slur->_first = ChordNumber(1, 1, 1);
+        slur->_last = ChordNumber(1, 1, 3);
+        MakeMarks<MarkSlur>(slurMarks, slur, Crossing(1, 1), Crossing(1, 1));
         Span<Pedale, MarkPedale>(pedaleMarks);
         Span<Ottava, MarkOttava>(ottavaMarks)->_symbol = LookupSymbol(Score(), "8vaSu");
         auto* trill = Span<Trillo, MarkTrillo>(trilloMarks);

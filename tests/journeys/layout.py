@@ -2,7 +2,7 @@
 import os
 import sys
 
-from commands import by_dialog, compose
+from commands import compose
 from desk import Desk, Failure, expect, wait_for
 from entry import Program
 
@@ -10,14 +10,28 @@ from entry import Program
 BY_HAND = [
     ("spacing", "Spacing", "ctrl+j", [("alt+s", "Engraver"), ("alt+f", "1"), ("alt+t", "2")],
      "command 32807 mode=engraver from=1 to=2"),
-    ("gaps", "Spacing Options", "alt+s i", [("alt+t", "300"), ("alt+c", "150")], "command 32786 first=300 key=150"),
-    ("staff", "Staff Settings", "alt+s g", [("alt+s", "80"), ("alt+d", "700")],
+    ("gaps", "Spacing Options", "alt+s l i", [("alt+t", "300"), ("alt+c", "150")], "command 32786 first=300 key=150"),
+    ("staff", "Staff Settings", "alt+s l g", [("alt+s", "80"), ("alt+d", "700")],
      "command 32777 from=1 size=80 lines=5 distance=700"),
-    ("margins", "Modify Page", "alt+s f", [("alt+l", "1000"), ("alt+b", "1200")],
+    ("margins", "Modify Page", "alt+s l f", [("alt+l", "1000"), ("alt+b", "1200")],
      "command 32776 left=1000 bottom=1200"),
     ("paper", "Page Setup", "alt+f u", [("alt+p", "A4")], "command 57606 height=16779 width=11864"),
-    ("names", "Instrument Name Options", "alt+s u", [("alt+r", "900")], "command 32787 indent=900"),
+    ("names", "Instrument Name Options", "alt+s l u", [("alt+r", "900")], "command 32787 indent=900"),
 ]
+
+
+def fill(desk, name, title, menu, fields):
+    desk.key(*menu.split())
+    desk.dialog(title + ".*")
+    for field, text in fields:
+        desk.key(field)
+        if text.isdigit():
+            desk.key("ctrl+a")
+        desk.type(text)
+    desk.picture(name)
+    desk.key("Return")
+    wait_for(lambda: "score.cvm" in desk.active_window(), f"{title} to be done")
+    desk.settled()
 
 
 def too_small(desk):
@@ -54,7 +68,7 @@ def travel(corvane, desk):
     process, _ = desk.start(corvane, path)
     desk.settled()
     for name, title, keys, fields, _ in BY_HAND:
-        by_dialog(desk, name, title, keys, fields)
+        fill(desk, name, title, keys, fields)
     too_small(desk)
     desk.picture("all")
     steps = [step for *_, step in BY_HAND]

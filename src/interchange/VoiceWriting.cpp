@@ -1,0 +1,112 @@
+#include "interchange/VoiceWriting.h"
+
+#include "edit/Insertion.h"
+#include "interchange/Spelling.h"
+#include "layout/Beaming.h"
+#include "layout/Engraving.h"
+#include "layout/NotePitches.h"
+#include "layout/Spacing.h"
+#include "model/Clefs.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+#include "play/MIDIUtility.h"
+
+namespace corvane {
+namespace {
+
+constexpr int32_t kBehindAll = 1000;  // per mille; spacing puts everything at its place afterwards
+
+NoteKind KindOf(int figure) {
+    return {static_cast<uint8_t>(figure), figure == 1 ? "Intero" : figure == 2 ? "Meta" : "Quarto", false};
+}
+
+int HeldVoices(const MeasureStaff* crossing) {
+    int held = 0;
+    for (const Voice* voice : measureStaffVoices.Of(crossing)) held += !voiceSymbols.IsEmpty(voice);
+    return held;
+}
+
+}  // namespace
+
+void VoiceWriting::Write() {
+    for (const PlannedSymbol& symbol : _plan.symbols) WriteSymbol(symbol);
+}
+
+void VoiceWriting::WriteSymbol(const PlannedSymbol& symbol) {
+    MeasureStaff* crossing = _column.crossings[static_cast<size_t>(symbol.bar)];
+    Voice* voice = FindOrMakeVoice(crossing, _plan.voice);
+    if (symbol.noteCount)
+        WriteChord(voice, symbol);
+    else
+        WriteRest(voice, symbol);
+}
+
+void VoiceWriting::WriteRest(Voice* voice, const PlannedSymbol& symbol) {
+    Pause* rest = InsertPauseBehind(voice, voiceSymbols.Last(voice), kBehindAll, RestKindOf(symbol.figure));
+    Decorate(rest, symbol);
+}
+
+void VoiceWriting::WriteChord(Voice* voice, const PlannedSymbol& symbol) {
+    const MeasureStaff* crossing = MeasureStaffPar(voice);
+    const int clef = ClefInForce(crossing, 0), key = _keys[static_cast<size_t>(symbol.bar)];
+    Chords* chord = nullptr;
+    for (uint32_t i = symbol.firstNote; i < symbol.firstNote + symbol.noteCount; ++i) {
+        const Spelling spelling = SpellingOf(_plan.notes[i].key, key);
+        const int line = LineOfStep(clef, spelling.step);
+        GenericNote* note = chord ? AddNoteToChord(chord, line, KindOf(symbol.figure))
+                                  : InsertNewChord(voice, kBehindAll, line, KindOf(symbol.figure));
+        note->_alteration = spelling.alteration;
+        chord = ChordPar(note);
+        _notes[i] = note;
+    }
+    RestemChord(chord);
+    Decorate(chord, symbol);
+    AddChordEvents(chord);
+    for (uint32_t i = symbol.firstNote; i < symbol.firstNote + symbol.noteCount; ++i)
+        TieBack(_plan.notes[i], _notes[i]);
+}
+
+void VoiceWriting::Decorate(VoiceSymbol* written, const PlannedSymbol& symbol) {
+    if (symbol.dots) SetDots(written, symbol.dots);
+    if (!symbol.tupletCount) return;
+    if (symbol.startsTuplet) {
+        _tuplet = Make<Irregular>();
+        _tuplet->_count = symbol.tupletCount;
+        _tuplet->_inTimeOf = symbol.inTimeOf;
+    }
+    auto* mark = Make<MarkIrreg>();
+    voiceSymbolAttributes.Add(written, mark);
+    irregularMarks.Add(_tuplet, mark);
+}
+
+// The parts of a note that was cut sound as one.
+void VoiceWriting::TieBack(const PlannedNote& note, GenericNote* written) {
+    GenericNote* before = note.previous >= 0 ? _notes[static_cast<size_t>(note.previous)] : nullptr;
+    if (!before || SoundingHeight(before) != SoundingHeight(written)) return;
+    auto* tie = Make<TieValue>();
+    for (GenericNote* end : {before, written}) {
+        auto* mark = Make<MarkValue>();
+        noteAttributes.Add(end, mark);
+        tieMarks.Add(tie, mark);
+    }
+    TieNotes(before, written);
+}
+
+void SpaceCrossing(MeasureStaff* crossing) {
+    if (HeldVoices(crossing) == 0)
+        InsertPauseBehind(measureStaffVoices.First(crossing), nullptr, kBehindAll, RestKindOf(1));
+    const bool several = HeldVoices(crossing) > 1;
+    for (Voice* voice : measureStaffVoices.Of(crossing)) {
+        if (voiceSymbols.IsEmpty(voice)) continue;
+        if (several) RestemVoice(voice);
+        SpaceVoice(voice);
+    }
+    RedoAccidentals(crossing);
+}
+
+void BeamCrossing(MeasureStaff* crossing) {
+    for (Voice* voice : measureStaffVoices.Of(crossing))
+        if (!voiceSymbols.IsEmpty(voice)) BeamVoice(voice);
+}
+
+}  // namespace corvane
