@@ -313,7 +313,8 @@ bool ScoreView::TakeKey(const QKeyEvent& event) {
     const QString text = event.text();
     const bool plain = !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
     if (!plain || text.size() != 1 || text[0] < u' ' || text[0] > u'~') return false;
-    KeyChar(_window, text[0].toLatin1());
+    // A space bar that is held down starts or stops once.
+    if (!event.isAutoRepeat() || text[0] != u' ') KeyChar(_window, text[0].toLatin1());
     return true;
 }
 
