@@ -9,7 +9,7 @@
 namespace corvane {
 namespace {
 
-constexpr size_t kMostCrossings = 500000;
+constexpr size_t kMostCrossings = 500000, kMostStaves = 1000, kNarrowStaves = 8, kHeadBytes = 320;
 constexpr int kMiddleC = 60;
 
 // Bytes of memory that parts of a score take, generously, and how many a file may ask for: enough for any
@@ -133,9 +133,12 @@ Status PlanScore(const MidiFile& file, size_t fileSize, const ImportOptions& opt
         if (Status status = planner.Plan(file.tracks[static_cast<size_t>(i)], track); !status) return status;
         plan.isSingle = plan.isSingle && track.channels.IsSingle();
     }
-    const size_t bars = plan.bars.Size(), crossings = bars * static_cast<size_t>(std::max(1, StavesOf(plan)));
-    const bool fits =
-        crossings <= kMostCrossings && budget.Spend(crossings * kCrossingBytes + bars * kBarBytes);
+    const auto staves = static_cast<size_t>(std::max(1, StavesOf(plan)));
+    const size_t bars = plan.bars.Size(), crossings = bars * staves;
+    // A system of many staves is a measure wide.
+    const size_t heads = staves > kNarrowStaves ? crossings : 0;
+    const bool fits = crossings <= kMostCrossings && staves <= kMostStaves &&
+                      budget.Spend(heads * kHeadBytes + crossings * kCrossingBytes + bars * kBarBytes);
     return fits ? Status::Ok() : InvalidMidiFile();
 }
 
