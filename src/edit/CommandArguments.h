@@ -1,4 +1,5 @@
-// The name=value arguments of a command, read with their ranges. The first thing that is wrong stays as the refusal.
+// The name=value arguments of a command, read with their ranges. The first thing that is wrong stays as the
+// refusal.
 #pragma once
 
 #include <map>
@@ -12,10 +13,13 @@ using CommandArguments = std::map<std::string, std::string>;
 
 class ArgumentReader {
 public:
+    // The arguments must outlive it.
     explicit ArgumentReader(const CommandArguments& arguments) : _arguments(arguments) {}
+    explicit ArgumentReader(CommandArguments&&) = delete;
 
     bool Has(const char* name) const { return _arguments.count(name) != 0; }
-    // A whole number from `least` to `most`. Without the argument: `fallback`, or refused where it is required.
+    // A whole number from `least` to `most`. Without the argument: `fallback`, or refused where it is
+    // required.
     int Number(const char* name, int least, int most, int fallback);
     int Number(const char* name, int least, int most);  // required
     // A number with a point; `fallback` without the argument.

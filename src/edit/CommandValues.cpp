@@ -126,7 +126,8 @@ void PutSystemsOfPage(Values& values) {
 
 // Of the first selected event.
 void PutDuration(Values& values) {
-    ArgumentReader reader({});
+    const CommandArguments none;
+    ArgumentReader reader(none);
     const std::vector<VoiceSymbol*> events = ReadEvents(reader, values.Window());
     if (events.empty()) return;
     values.Put("value", ValueOf(events.front()));
@@ -135,7 +136,8 @@ void PutDuration(Values& values) {
 
 // Of the first and the last selected note that sound.
 void PutVelocities(Values& values) {
-    ArgumentReader reader({});
+    const CommandArguments none;
+    ArgumentReader reader(none);
     int start = kEnteredVelocity, end = start;
     bool any = false;
     for (const GenericNote* note : ReadNotes(reader, values.Window()))

@@ -2,6 +2,7 @@
 
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
+#include <algorithm>
 
 #include "base/Rounding.h"
 #include "platform/qt/QtPort.h"
@@ -9,10 +10,16 @@
 namespace corvane {
 namespace {
 
-constexpr int kSide = 34;       // points
-constexpr double kSpace = 5.8;  // points of a line distance
+constexpr int kSide = 34;  // points
+constexpr int kBorder = 3;
+constexpr double kSpace = 5.8;  // points of a line distance, less where a picture is too wide for that
 constexpr int32_t kUnitsOfSpace = 100;
 constexpr int32_t kFineness = 1000;  // units to the port's inch, so that its resolution is fine enough
+
+double SpaceFor(const Rect& ink) {
+    const int32_t extent = std::max({ink.Width(), ink.Height(), 1});
+    return std::min(kSpace, 1.0 * (kSide - 2 * kBorder) * kUnitsOfSpace / extent);
+}
 
 }  // namespace
 
@@ -32,7 +39,7 @@ void GlyphButton::paintEvent(QPaintEvent*) {
     painter.drawComplexControl(QStyle::CC_ToolButton, option);
 
     const double ratio = devicePixelRatioF();
-    const double pixels = kSpace * ratio;  // of a line distance
+    const double pixels = SpaceFor(_ink) * ratio;  // of a line distance
     QtPort port(painter, Round(pixels / kUnitsOfSpace * kFineness), kFineness);
     port.SetZoomRatio(100);
     const QColor colour =
