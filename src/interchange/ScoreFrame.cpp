@@ -54,13 +54,6 @@ int32_t FreeHeight(const Page* page) {
 
 }  // namespace
 
-int ScoreFrame::MeasuresPerSystem(int staves) {
-    constexpr struct { int staves, measures; } kRows[] = {{2, 5}, {3, 4}, {6, 3}, {8, 2}};
-    for (const auto& row : kRows)
-        if (staves <= row.staves) return row.measures;
-    return 1;
-}
-
 std::vector<int> ScoreFrame::KeysOf(const StaffColumn& column, const ScorePlan& plan) {
     // The tempo map's hold until the track tells its own.
     std::vector<KeySpec> specs = plan.bars.Keys();
