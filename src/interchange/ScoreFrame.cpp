@@ -33,7 +33,7 @@ void SetSound(DocStaff* staff, int number, int channel, const ChannelSound& soun
     if (sound.program < 0) return;
     voice._program = static_cast<int16_t>(sound.program + 1);
     const std::string_view name = GeneralMidiName(sound.program + 1);
-    Touch(voice._name);
+    Touch(voice._name, sizeof voice._name);
     std::memset(voice._name, 0, sizeof voice._name);
     std::memcpy(voice._name, name.data(), std::min(name.size(), sizeof voice._name - 1));
 }
