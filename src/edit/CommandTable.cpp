@@ -27,7 +27,7 @@ bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
 
 const Command* FindCommand(int id) {
     for (const CommandFamily family :
-         {CommandFamily(kUndo), ClipboardCommands(), SwitchCommands(), SignCommands(), NoteCommands(),
+         {CommandFamily(kUndo), ClipboardCommands(), SwitchCommands(), SignCommands(), NoteCommands(), GraceCommands(),
           SelectionCommands(), StructureCommands(), SpannerCommands(), LayoutCommands(), FontCommands(),
           MixerCommands(), TextCommands()})
         for (const Command& command : family)
