@@ -193,6 +193,7 @@ void PutSpacing(Values& values) {
     values.Put("dots", room.dots);
     values.Put("clefs", room.clefs);
     values.Put("accidentals", room.accidents);
+    values.Put("lyrics", room.lyrics);
 }
 
 void PutSpacingTable(Values& values) {
@@ -271,8 +272,8 @@ constexpr struct {
     {32817, PutDuration},      {32807, PutSpacing},   {33177, PutSpacingTable},
     {32786, PutGaps},          {57606, PutPaper},     {32776, PutMargins},
     {32777, PutStaffForm},     {32787, PutIndent},    {32798, PutTimesShown},
-    {33088, PutGrace}, {33090, PutFont},          {32782, PutNumbering}, {40011, PutTitle},
-    {40012, PutStaffName},
+    {33088, PutGrace},         {33090, PutFont},      {32782, PutNumbering},
+    {40011, PutTitle},         {40012, PutStaffName},
 };
 
 }  // namespace
