@@ -8,6 +8,7 @@
 #include "edit/Signs.h"
 #include "edit/TarnDestroy.h"
 #include "edit/TarnSelect.h"
+#include "edit/Texts.h"
 #include "edit/ToolState.h"
 #include "layout/Spacing.h"
 #include "model/Par.h"
@@ -45,16 +46,23 @@ void ClearList(Clearing& clearing) {
     for (auto* record : list) Delete(clearing.window, record);
 }
 void DeleteSign(WindowTarn&, StaffMeasureSymbol* sign) { DestroyStaffMeasureSymbol(sign); }
-void DeleteHairpin(WindowTarn&, Hairpin* hairpin) { DestroyStaffMeasureSymbol(hairpinMarks.First(hairpin)); }
-void DeleteSlur(WindowTarn&, Slur* slur) { DestroyStaffMeasureSymbol(slurMarks.First(slur)); }
+template <const auto& marks>
+constexpr auto kDeleteSpanner =
+    [](WindowTarn&, auto* spanner) { DestroyStaffMeasureSymbol(marks.First(spanner)); };
+constexpr auto kPageTexts = [](const MeasureStaff*) { return SelectedPageText(); };
 
 constexpr void (*kLists[])(Clearing&) = {
     ClearEvents,
     ClearList<SelectedMovingClaf, DeleteClaf>,
     ClearList<SelectedDinamiche, DeleteSign>,
     ClearList<SelectedMeasureStaffText, DeleteSign>,
-    ClearList<SelectedHairpins, DeleteHairpin>,
-    ClearList<SelectedSlurs, DeleteSlur>,
+    ClearList<SelectedSimboliVari, DeleteSign>,
+    ClearList<SelectedHairpins, kDeleteSpanner<hairpinMarks>>,
+    ClearList<SelectedSlurs, kDeleteSpanner<slurMarks>>,
+    ClearList<SelectedOttave, kDeleteSpanner<ottavaMarks>>,
+    ClearList<SelectedTrilli, kDeleteSpanner<trilloMarks>>,
+    ClearList<SelectedPedali, kDeleteSpanner<pedaleMarks>>,
+    ClearList<kPageTexts, DeletePageText>,
 };
 
 void Respace(const Clearing& clearing) {

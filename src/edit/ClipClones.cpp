@@ -17,6 +17,7 @@ VoiceSymbol* ClipClones::CloneEvent(const VoiceSymbol* original, Voice* voice, V
                                     int32_t x) {
     VoiceSymbol* clone = Clone(_target, original);
     _event = clone;
+    _events[original] = clone;
     voiceSymbols.Insert(voice, clone, before);
     if (auto* chord = As<Chords>(clone)) {
         ChordSymbol* column = ColumnFor(As<Chords>(original), voice);
@@ -86,7 +87,13 @@ void ClipClones::CloneEventAttributes(const VoiceSymbol* original, VoiceSymbol* 
     }
 }
 
+VoiceSymbol* ClipClones::CloneOf(const VoiceSymbol* original) const {
+    const auto found = _events.find(original);
+    return found == _events.end() ? nullptr : found->second;
+}
+
 void ClipClones::Forget(const VoiceSymbol* clone) {
+    std::erase_if(_events, [&](const auto& pair) { return pair.second == clone; });
     std::erase_if(_markers, [&](const auto& joint) { return joint.event == clone; });
     std::erase_if(_ties, [&](const auto& joint) { return joint.event == clone; });
     const auto* chord = As<Chords>(clone);

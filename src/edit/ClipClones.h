@@ -15,6 +15,8 @@ public:
     // A clone of the event with its heads and signs, in the voice behind `before` (null: in front), at x per
     // mille. Without sounding events.
     VoiceSymbol* CloneEvent(const VoiceSymbol* original, Voice* voice, VoiceSymbol* before, int32_t x);
+    // What an original became; null if it was not cloned.
+    VoiceSymbol* CloneOf(const VoiceSymbol* original) const;
     // The clone is about to be deleted again.
     void Forget(const VoiceSymbol* clone);
     // Makes the ties, beams and tuplets of which every note is cloned; stems under other beams get flags.
@@ -46,6 +48,7 @@ private:
 
     Document* _target;
     const VoiceSymbol* _event = nullptr;  // the clone being made
+    std::unordered_map<const VoiceSymbol*, VoiceSymbol*> _events;
     std::unordered_map<const ChordSymbol*, ChordSymbol*> _columns;
     std::unordered_map<const Stem*, Stem*> _stems;
     std::unordered_map<const Irregular*, Irregular*> _tuplets;

@@ -5,16 +5,12 @@
 // window, at once, whereupon their window can undo nothing.
 #include "edit/Clipboard.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "base/Assert.h"
 #include "edit/ClipboardState.h"
 #include "edit/TarnSelect.h"
 #include "edit/ToolState.h"
-#include "model/NoteOperations.h"
-#include "model/Par.h"
-#include "play/MIDIUtility.h"
 
 namespace corvane {
 namespace {
@@ -28,53 +24,6 @@ struct CutAside {
 std::vector<CutAside>& CutsAside() {
     static std::vector<CutAside> aside;
     return aside;
-}
-
-std::vector<int16_t> VelocitiesOf(const VoiceSymbol* symbol) {
-    std::vector<int16_t> velocities;
-    if (const auto* chord = As<Chords>(symbol))
-        for (const GenericNote* note : chordNotes.Of(chord)) {
-            const NoteOn* on = NoteOnOf(note);
-            velocities.push_back(on ? on->_velocity.Get() : int16_t{0});
-        }
-    return velocities;
-}
-
-int NumberOf(const DocStaff* staff) {
-    int number = 0;
-    for (const DocStaff* other : documentDocStaffs.Of(documentDocStaffs.ParentOf(staff))) {
-        if (other == staff) break;
-        ++number;
-    }
-    return number;
-}
-
-ClipPlace PlaceOf(const MeasureStaff* crossing, int32_t x, int16_t voice) {
-    return {MeasurePar(crossing)->_number, NumberOf(DocStaffPar(crossing)), voice, ClefInForce(crossing, x)};
-}
-
-void TakeFirst(Clipboard& clips, const ClipPlace& place) {
-    clips.ClipFirstMeasure =
-        clips.ClipFirstMeasure ? std::min(clips.ClipFirstMeasure, place.measure) : place.measure;
-    clips.ClipFirstStaff = clips.ClipHasStaff ? std::min(clips.ClipFirstStaff, place.staff) : place.staff;
-    clips.ClipHasStaff = true;
-}
-
-template <class List>
-void KeepLiving(List& list, const std::unordered_set<const void*>& living) {
-    std::erase_if(list, [&](const auto& clip) { return !living.contains(clip.object); });
-}
-
-template <class List>
-void AddObjects(std::vector<const void*>& objects, const List& list) {
-    for (const auto& clip : list) objects.push_back(clip.object);
-}
-
-std::vector<const void*> ObjectsOf(const Clipboard& clips) {
-    std::vector<const void*> objects;
-    AddObjects(objects, clips.ClipVoiceSymbols);
-    AddObjects(objects, clips.ClipDinamiche);
-    return objects;
 }
 
 }  // namespace
@@ -95,34 +44,6 @@ void EndLastCut() {
     const PoolScope scope(source->Pool());
     ClipboardCommandBegins(*source);
     source->ForgetUndo();
-}
-
-Clipboard CollectClips(WindowTarn& window, int voice) {
-    Clipboard clips;
-    clips.sourceWindow = &window;
-    for (VoiceSymbol* symbol : SelectedVoiceSymbols(voice)) {
-        const ClipPlace place = PlaceOf(MeasureStaffPar(symbol), XOf(symbol), VoicePar(symbol)->_number);
-        clips.ClipVoiceSymbols.push_back({{symbol, place}, VelocitiesOf(symbol)});
-        TakeFirst(clips, place);
-    }
-    for (Dinamiche* sign : SelectedDinamiche()) {
-        const ClipPlace place = PlaceOf(MeasureStaffPar(sign), sign->_x, 0);
-        clips.ClipDinamiche.push_back({sign, place});
-        TakeFirst(clips, place);
-    }
-    return clips;
-}
-
-void DropDeadClips(Clipboard& clips) {
-    const auto living = clips.sourceWindow->Pool()->Living(ObjectsOf(clips));
-    KeepLiving(clips.ClipVoiceSymbols, living);
-    KeepLiving(clips.ClipDinamiche, living);
-    std::erase_if(clips.ClipVoiceSymbols, [](const ClipVoiceSymbol& clip) {
-        return !VoiceSymbol::IsHeir(ClassNumberOf(clip.object));
-    });
-    std::erase_if(clips.ClipDinamiche, [](const Clip<Dinamiche>& clip) {
-        return ClassNumberOf(clip.object) != Dinamiche::kClass;
-    });
 }
 
 void Copy(WindowTarn& window) {

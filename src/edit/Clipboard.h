@@ -13,8 +13,9 @@ namespace corvane {
 
 // Where an object stood. Numbers, so that they hold whatever becomes of the score.
 struct ClipPlace {
-    int32_t measure = 1;  // number
+    int32_t measure = 0;  // number; 0 for what stands in no measure of its own
     int staff = 0;        // among the score's staffs, from 0
+    int32_t x = 0;        // per mille of the measure
     int16_t voice = 0;    // 1 to 8; 0 for what belongs to no voice
     int clef = kTreble;   // code in force there
 };
@@ -29,16 +30,25 @@ struct ClipVoiceSymbol : Clip<VoiceSymbol> {
     std::vector<int16_t> velocities;  // of its heads in their order; 0 for one that a tie spares
 };
 
+struct ClipHairpin : Clip<Hairpin> {
+    int32_t further = 0;  // measures from the one it begins in to the one it ends in
+};
+
 struct Clipboard {
     WindowTarn* sourceWindow = nullptr;
     bool cutInSourcePending = false;                // the objects are unlinked, but not destroyed
     std::vector<ClipVoiceSymbol> ClipVoiceSymbols;  // in score order
     std::vector<Clip<Dinamiche>> ClipDinamiche;
+    std::vector<Clip<MeasureStaffText>> ClipMeasureStaffText;
+    std::vector<ClipHairpin> ClipHairpins;
+    std::vector<Clip<Slur>> ClipSlurs;  // both of whose events are in the list
+    std::vector<Clip<PageText>> ClipPageText;
     int32_t ClipFirstMeasure = 0;
+    int32_t ClipFirstX = 0;  // per mille in it
     int ClipFirstStaff = 0;
     bool ClipHasStaff = false;
 
-    bool IsEmpty() const { return ClipVoiceSymbols.empty() && ClipDinamiche.empty(); }
+    bool IsEmpty() const;
 };
 const Clipboard& TheClipboard();
 

@@ -97,6 +97,7 @@ void KeepWholeColumns(Clipboard& clips) {
             if (!cut.contains(other)) return true;
         return false;
     });
+    SettleClips(clips);
 }
 
 template <class Visit>
@@ -155,6 +156,12 @@ void CutVoiceSymbols(WindowTarn& window, const std::vector<ClipVoiceSymbol>& cli
     Mend(voices);
 }
 
+// A slur without its notes could come back nowhere; those that go with their notes are off the score by now.
+void DeleteStayingSlurs(WindowTarn& window, const std::vector<Slur*>& slurs) {
+    for (Slur* slur : slurs)
+        if (MarkSlur* mark = slurMarks.First(slur); MeasureStaffPar(mark)) DeleteSpanner(window, mark);
+}
+
 }  // namespace
 
 void Cut(WindowTarn& window) {
@@ -163,15 +170,17 @@ void Cut(WindowTarn& window) {
     SetSelectionAnchors(window);
     Clipboard clips = CollectClips(window, Tools().OneVoice());
     KeepWholeColumns(clips);
+    const std::vector<Slur*> slurs = SelectedSlurs();
     ClearSelectionAnchors();
-    if (clips.IsEmpty()) return;
+    if (clips.IsEmpty() && slurs.empty()) return;
     EndLastCut();
     {
         const EditStep step(window);
         const PageRedraw redraw(window);
         DissolvePartialBeams(clips.ClipVoiceSymbols);
+        CutSigns(clips);
+        DeleteStayingSlurs(window, slurs);
         CutVoiceSymbols(window, clips.ClipVoiceSymbols);
-        for (const Clip<Dinamiche>& clip : clips.ClipDinamiche) staffSymbols.Remove(clip.object);
         clips.cutInSourcePending = true;
         ClipboardState() = std::move(clips);
         window.TheSelection().Clear();

@@ -22,6 +22,7 @@ CommandFamily SwitchCommands();
 CommandFamily ClipboardCommands();
 CommandFamily SignCommands();
 CommandFamily NoteCommands();
+CommandFamily GraceCommands();
 CommandFamily BeamCommands();
 CommandFamily SelectionCommands();
 CommandFamily StructureCommands();

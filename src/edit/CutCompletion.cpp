@@ -61,12 +61,32 @@ void DestroyEvent(Document* document, VoiceSymbol* symbol) {
     DropRecord(document, static_cast<VoiceSymbol*>(pause));
 }
 
+template <class List, class Marks>
+void DestroySpanners(Document* document, const List& list, const Marks& marks) {
+    for (const auto& clip : list) {
+        while (auto* mark = marks.First(clip.object)) {
+            marks.Remove(mark);
+            DropRecord(document, mark);
+        }
+        DropRecord(document, clip.object);
+    }
+}
+
+template <class List>
+void DropAll(Document* document, const List& list) {
+    for (const auto& clip : list) DropRecord(document, clip.object);
+}
+
 }  // namespace
 
 void DestroyCutObjects(const Clipboard& cut) {
     Document* document = cut.sourceWindow->GetDocument();
+    DestroySpanners(document, cut.ClipSlurs, slurMarks);
     for (const ClipVoiceSymbol& clip : cut.ClipVoiceSymbols) DestroyEvent(document, clip.object);
-    for (const Clip<Dinamiche>& clip : cut.ClipDinamiche) DropRecord(document, clip.object);
+    DestroySpanners(document, cut.ClipHairpins, hairpinMarks);
+    DropAll(document, cut.ClipDinamiche);
+    DropAll(document, cut.ClipMeasureStaffText);
+    DropAll(document, cut.ClipPageText);
 }
 
 }  // namespace corvane

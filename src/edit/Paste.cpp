@@ -9,15 +9,14 @@
 #include "edit/ClipboardState.h"
 #include "edit/Deletion.h"
 #include "edit/Insertion.h"
+#include "edit/PasteSteps.h"
 #include "edit/ToolState.h"
 #include "layout/BeamGroups.h"
 #include "layout/Beaming.h"
-#include "layout/Frames.h"
 #include "layout/NotePitches.h"
 #include "layout/Spacing.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
-#include "model/RecordClone.h"
 #include "play/MIDIGrace.h"
 #include "play/MIDIUtility.h"
 
@@ -32,16 +31,13 @@ public:
     Pasting(WindowTarn& window, const Clipboard& clips)
         : _clips(clips),
           _clones(window.GetDocument()),
+          _places(window.caret, clips),
           _clipSameVoice(Tools().AllVoices()),
-          _document(window.GetDocument()),
-          _staff(window.caret.staff),
-          _measures{window.caret.measure},
-          _offset(std::clamp(FrameOf(window.caret.measure).PerMilleOfX(window.caret.x), 0, 1000)),
           _window(window) {}
 
     // False where a measure is full; Refused() is the event that is too much then.
     bool PasteVoiceSymbols();
-    void PasteDinamiche();
+    void PasteSigns() { corvane::PasteSigns(_window, _clips, _places, _clones); }
     // Beams, ties, spacing, accidentals: the score is sound behind it.
     void Finish();
     VoiceSymbol* Refused() const { return _refused; }
@@ -53,8 +49,6 @@ private:
         VoiceSymbol* last;
         int32_t dx;
     };
-    Measure* MeasureFromCaret(int32_t count);
-    MeasureStaff* Destination(const ClipPlace& place, int further);
     Target TargetFor(Voice* voice, const VoiceSymbol* original);
     void PartBeam(Voice* voice, VoiceSymbol* before);
     VoiceSymbol* Insert(const ClipVoiceSymbol& clip, Voice* voice, const Target& target);
@@ -62,11 +56,8 @@ private:
 
     const Clipboard& _clips;
     ClipClones _clones;
+    PastePlaces _places;
     const bool _clipSameVoice;
-    Document* const _document;
-    const DocStaff* const _staff;
-    std::vector<Measure*> _measures;  // from the caret's on, as far as was asked for
-    const int32_t _offset;            // per mille in the first of them
     WindowTarn& _window;
     int _further = 0;     // measures by which events that no measure holds have wandered on
     int _lastStaff = -1;  // of the source
@@ -76,29 +67,11 @@ private:
     VoiceSymbol* _refused = nullptr;
 };
 
-Measure* Pasting::MeasureFromCaret(int32_t count) {
-    while (static_cast<int32_t>(_measures.size()) <= count) {
-        Measure* next = NextMeasure(_measures.back());
-        if (!next) return nullptr;
-        _measures.push_back(next);
-    }
-    return _measures[static_cast<size_t>(count)];
-}
-
-// As many staffs below the caret's and measures behind it as in the source; null beyond the score and for a
-// staff that is not shown.
-MeasureStaff* Pasting::Destination(const ClipPlace& place, int further) {
-    const DocStaff* staff = _staff;
-    for (int i = _clips.ClipFirstStaff; staff && i < place.staff; ++i) staff = documentDocStaffs.Next(staff);
-    const Measure* measure = MeasureFromCaret(place.measure - _clips.ClipFirstMeasure + further);
-    return staff && measure ? MeasureStaffAt(measure, staff) : nullptr;
-}
-
 Pasting::Target Pasting::TargetFor(Voice* voice, const VoiceSymbol* original) {
     const auto known = _targets.find(voice);
     if (known != _targets.end()) return known->second;
-    if (MeasurePar(voice) != _measures.front()) return {nullptr, 0};
-    return {EventBefore(voice, _offset), _offset - XOf(original)};
+    if (MeasurePar(voice) != _places.First()) return {nullptr, 0};
+    return {EventBefore(voice, _places.Offset()), _places.Offset() - XOf(original)};
 }
 
 // A beam into which something comes is none any more.
@@ -149,7 +122,7 @@ void Discard(WindowTarn& window, VoiceSymbol* clone) {
 bool Pasting::PasteOne(const ClipVoiceSymbol& clip) {
     if (clip.place.staff != _lastStaff) _further = 0;
     _lastStaff = clip.place.staff;
-    while (MeasureStaff* crossing = Destination(clip.place, _further)) {
+    while (MeasureStaff* crossing = _places.Destination(clip.place, _further)) {
         if (!crossing->_staff.Get()) return true;
         Voice* voice = FindOrMakeVoice(crossing, _clipSameVoice ? clip.place.voice : Tools().OneVoice());
         const Target target = TargetFor(voice, clip.object);
@@ -176,12 +149,6 @@ bool Pasting::PasteVoiceSymbols() {
     for (const ClipVoiceSymbol& clip : _clips.ClipVoiceSymbols)
         if (!PasteOne(clip)) return false;
     return true;
-}
-
-void Pasting::PasteDinamiche() {
-    for (const Clip<Dinamiche>& clip : _clips.ClipDinamiche)
-        if (MeasureStaff* crossing = Destination(clip.place, 0))
-            staffSymbols.Add(crossing, Clone(_document, clip.object));
 }
 
 void Pasting::Finish() {
@@ -222,7 +189,7 @@ bool Paste(WindowTarn& window) {
         const EditStep step(window);
         Pasting pasting(window, TheClipboard());
         window.caret.visible = false;
-        if (pasting.PasteVoiceSymbols()) pasting.PasteDinamiche();
+        if (pasting.PasteVoiceSymbols()) pasting.PasteSigns();
         pasting.Finish();
         refused = pasting.Refused();
         illegal = !refused && pasting.HasIllegalBeam();

@@ -1,5 +1,6 @@
 // Symbols of a measure and of a staff in a measure.
 #include "edit/TarnDestroy.h"
+#include "edit/Texts.h"
 #include "layout/Beaming.h"
 #include "model/Par.h"
 #include "model/RecordRelease.h"
@@ -29,11 +30,7 @@ void DestroySpanner(Document* document, StaffMeasureSymbol* symbol) {
 
 void DestroyText(Document* document, StaffMeasureSymbol* symbol) {
     auto* text = static_cast<MeasureStaffText*>(symbol);
-    while (MarkText* mark = textMarks.First(text)) {
-        textMarks.Remove(mark);
-        if (allStaffTextMarks.ParentOf(mark)) allStaffTextMarks.Remove(mark);
-        Release(mark);
-    }
+    DropTextMarks(text);
     staffSymbols.Remove(text);
     DropRecord(document, text);
 }

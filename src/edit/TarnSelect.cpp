@@ -272,6 +272,19 @@ std::vector<Slur*> SelectedSlurs(const MeasureStaff* msc) {
     return OfSpanners<Slur, MarkSlur>(slurMarks, msc);
 }
 
+std::vector<Ottava*> SelectedOttave(const MeasureStaff* msc) {
+    return OfSpanners<Ottava, MarkOttava>(ottavaMarks, msc);
+}
+std::vector<Trillo*> SelectedTrilli(const MeasureStaff* msc) {
+    return OfSpanners<Trillo, MarkTrillo>(trilloMarks, msc);
+}
+std::vector<Pedale*> SelectedPedali(const MeasureStaff* msc) {
+    return OfSpanners<Pedale, MarkPedale>(pedaleMarks, msc);
+}
+std::vector<SimboliVari*> SelectedSimboliVari(const MeasureStaff* msc) {
+    return OfStaffSymbols<SimboliVari>(msc);
+}
+
 std::vector<PageText*> SelectedPageText() {
     std::vector<PageText*> found;
     ForEachSelected<PageText>([&](PageText* text) { found.push_back(text); });

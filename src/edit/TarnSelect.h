@@ -60,6 +60,11 @@ std::vector<MovingClaf*> SelectedMovingClaf(const MeasureStaff* msc = nullptr);
 // A spanner is selected by any of its marks.
 std::vector<Hairpin*> SelectedHairpins(const MeasureStaff* msc = nullptr);
 std::vector<Slur*> SelectedSlurs(const MeasureStaff* msc = nullptr);
+std::vector<Ottava*> SelectedOttave(const MeasureStaff* msc = nullptr);
+std::vector<Trillo*> SelectedTrilli(const MeasureStaff* msc = nullptr);
+std::vector<Pedale*> SelectedPedali(const MeasureStaff* msc = nullptr);
+std::vector<SimboliVari*> SelectedSimboliVari(const MeasureStaff* msc = nullptr);
+// Of no staff.
 std::vector<PageText*> SelectedPageText();
 std::vector<GraphicObj*> SelectedGraphicObjs();
 

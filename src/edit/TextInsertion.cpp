@@ -17,14 +17,6 @@ void FileText(WindowTarn& window, void* text, const Page* page) {
     if (page == window.CurrentPage()) window.Sheet().AddObject(PatchOf(text), 0);
 }
 
-void DropMarks(MeasureStaffText* text) {
-    while (MarkText* mark = textMarks.First(text)) {
-        textMarks.Remove(mark);
-        if (allStaffTextMarks.ParentOf(mark)) allStaffTextMarks.Remove(mark);
-        Release(mark);
-    }
-}
-
 }  // namespace
 
 TextLook StaffTextLook(const Document* document) {
@@ -83,9 +75,17 @@ void ChangePageText(WindowTarn& window, PageText* field, std::string_view text, 
     FileText(window, field, pageTexts.ParentOf(field));
 }
 
+void DropTextMarks(MeasureStaffText* text) {
+    while (MarkText* mark = textMarks.First(text)) {
+        textMarks.Remove(mark);
+        if (allStaffTextMarks.ParentOf(mark)) allStaffTextMarks.Remove(mark);
+        Release(mark);
+    }
+}
+
 void DeleteMeasureStaffText(WindowTarn& window, MeasureStaffText* text) {
     TakeOff(window, text);
-    DropMarks(text);
+    DropTextMarks(text);
     staffSymbols.Remove(text);
     DropRecord(window.GetDocument(), text);
 }
@@ -99,7 +99,7 @@ void DeletePageText(WindowTarn& window, PageText* text) {
 void ChangeTextStaves(WindowTarn& window, MeasureStaffText* text, bool allStaves) {
     const EditStep step(window);
     TakeOff(window, text);
-    DropMarks(text);
+    DropTextMarks(text);
     const Staff* own = MeasureStaffPar(text)->_staff;
     if (allStaves && own)
         for (Staff* staff : StaffsFromTop(SystemPar(own)))

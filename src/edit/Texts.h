@@ -22,6 +22,8 @@ void ChangeMeasureStaffText(WindowTarn& window, MeasureStaffText* field, std::st
 void ChangePageText(WindowTarn& window, PageText* field, std::string_view text, const TextLook& look);
 void DeleteMeasureStaffText(WindowTarn& window, MeasureStaffText* text);
 void DeletePageText(WindowTarn& window, PageText* text);
+// It stands at its own staff alone; belongs to the caller's step.
+void DropTextMarks(MeasureStaffText* text);
 // The text is repeated at the other staves of its system, or stands at its own alone.
 void ChangeTextStaves(WindowTarn& window, MeasureStaffText* text, bool allStaves);
 

@@ -111,6 +111,14 @@ bool AreSignsShown(MainFrame& frame) {
 
 bool IsColouring(MainFrame& frame) { return frame.ColoursVoices(); }
 void ToggleColours(MainFrame& frame) { frame.ColourVoices(!frame.ColoursVoices()); }
+bool IsThruOn(MainFrame& frame) { return IsOn(frame.TheSession().Preferences(), SessionWord::MidiThru); }
+void ToggleThru(MainFrame& frame) {
+    SessionPreferences& preferences = frame.TheSession().Preferences();
+    SetWord(preferences, SessionWord::MidiThru, !IsThruOn(frame));
+    frame.KeepSwitches();
+    if (IsThruOn(frame) && GetWord(preferences, SessionWord::RecordPort) < 0)
+        frame.Tell("Select a port for the keyboard using the Record Setup dialog in the MIDI menu");
+}
 void Play(MainFrame& frame) { frame.Player().Start(*frame.CurrentScore()); }
 
 template <bool EditSwitches::*Switch>
@@ -122,9 +130,10 @@ using S = EditSwitches;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
 constexpr int kOpenBackupId = 40001;
 constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kScore = "&Score",
-                     *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove", *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
-                     *kNotesBeams = "&Notes/&Beams",
-                     *kTools = "&Tools", *kMidi = "&MIDI", *kHelp = "&Help";
+                     *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove",
+                     *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
+                     *kNotesBeams = "&Notes/&Beams", *kTools = "&Tools",
+                     *kMidi = "&MIDI", *kHelp = "&Help";
 
 // clang-format off
 const MenuRow kRows[] = {
@@ -222,6 +231,7 @@ const MenuRow kRows[] = {
     {kNotes, 40024, "Tr&ill Line", ""},
     {kNotes, 40025, "Pedal Li&ne", ""},
     {kNotes, 0},
+    {kNotes, 33088, "Grace Notes Options...", "Ctrl+G"},
     {kNotes, 32819, "Trans&pose..."},
     {kNotes, 32817, "Change &Durations..."},
     {kNotes, 33036, "En&harmonic", "Ctrl+E"},
@@ -261,6 +271,7 @@ const MenuRow kRows[] = {
     {kMidi, 33053, "Accompany - &Record Setup", "", [](MainFrame& f) { RecordSetup(f).exec(); }, IsQuiet},
     {kMidi, 0},
     {kMidi, 33130, "Playback &notes", "", {}, {}, IsSwitchOn<&S::playbackNotes>},
+    {kMidi, 33179, "MIDI &Thru", "", ToggleThru, {}, IsThruOn},
 
     {kHelp, 33115, "&About Corvane", "", [](MainFrame& f) { ShowAboutBox(&f); }},
 };

@@ -1,0 +1,35 @@
+// What the parts of a paste share.
+#pragma once
+
+#include "edit/ClipClones.h"
+
+namespace corvane {
+
+// Where clips come to: as many staffs below the caret's and measures behind it as in their source.
+class PastePlaces {
+public:
+    PastePlaces(const Caret& caret, const Clipboard& clips);
+
+    // Null beyond the score and for a staff that is not shown. `further`: measures behind the clip's own.
+    MeasureStaff* Destination(const ClipPlace& place, int32_t further = 0);
+    // Where it comes to in its measure. What comes to the first measure keeps its distance from the leftmost.
+    int32_t XOf(const ClipPlace& place) const;
+
+    Measure* First() const { return _measures.front(); }
+    int32_t Offset() const { return _offset; }  // per mille in the first measure
+    // Measures behind the clip's own that the score has, at most so many.
+    int32_t MeasuresBehind(const ClipPlace& place, int32_t count);
+
+private:
+    Measure* MeasureFromCaret(int32_t count);
+
+    const Clipboard& _clips;
+    const DocStaff* const _staff;
+    std::vector<Measure*> _measures;  // from the caret's on, as far as was asked for
+    const int32_t _offset;
+};
+
+// Clones all that is no event; the events must be there.
+void PasteSigns(WindowTarn& window, const Clipboard& clips, PastePlaces& places, const ClipClones& clones);
+
+}  // namespace corvane
