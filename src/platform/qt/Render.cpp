@@ -51,8 +51,9 @@ bool PrintPages(QPagedPaintDevice& device, const PagesToRender& pages) {
     const int dpi = device.logicalDpiX();
     const QRectF paper = device.pageLayout().fullRectPixels(dpi),
                  printable = device.pageLayout().paintRectPixels(dpi);
-    const QPointF middle(0.5 * (paper.width() - PaperInches(pages).width() * dpi),
-                         0.5 * (paper.height() - PaperInches(pages).height() * dpi));
+    // To whole dots: coordinates with a long fraction are half of a file.
+    const QPointF middle(Round(0.5 * (paper.width() - PaperInches(pages).width() * dpi)),
+                         Round(0.5 * (paper.height() - PaperInches(pages).height() * dpi)));
     for (int page = pages.firstPage; page <= pages.lastPage; ++page) {
         if (page != pages.firstPage && !device.newPage()) return false;
         painter.save();
