@@ -165,6 +165,35 @@ TEST_F(Render, APrintedPageHasItsTrueSizeInTheMiddleAndShrinksToSmallerPaper) {
     EXPECT_NEAR(small.top(), usual.top() * fit + (a5.height() - letter.height() * fit) / 2, kPixel);
 }
 
+// A file is told ink of one colour together; what lies on ink of another still covers it.
+TEST_F(Render, InkCoversWhatWasPaintedBefore) {
+    PagesToRender pages = Pages(1);
+    pages.draw = [](GraphicPort& port, int) {
+        port.SetColor(kBlack);
+        port.SetPenSize(1000, 1000);
+        port.DrawLine(1000, 2000, 9000, 2000);
+        port.SetColor(kWhite);
+        port.DrawLine(3000, 2000, 7000, 2000);
+        port.SetColor(kBlack);
+        port.SetFontName("Marcelane");
+        port.SetFontSize(2000);
+        port.DrawChar(207, 4500, 2000);
+        port.FillPolygon({{6000, 1800}, {6800, 1800}, {6800, 2200}, {6000, 2200}});
+        port.SetColor(kWhite);
+        port.DrawLine(8000, 2000, 8500, 2000);
+    };
+    ASSERT_TRUE(RenderPdf(In("a.pdf"), pages).ok());
+    Run("pdftoppm", {"-r", "100", "-png", "-singlefile", folder.filePath("a.pdf"), folder.filePath("pdf")});
+    const QImage pdf(folder.filePath("pdf.png"));
+    ASSERT_FALSE(pdf.isNull());
+    const auto darkAt = [&](int units) {
+        return qGray(pdf.pixel(units * 850 / kWide, 2000 * 850 / kWide)) < 128;
+    };
+    std::string seen;
+    for (const int x : {500, 2000, 3500, 4900, 6400, 7500, 8250, 8750}) seen += darkAt(x) ? '#' : '.';
+    EXPECT_EQ(seen, ".#.###.#");
+}
+
 TEST_F(Render, EverySurfaceGetsTheSameCalls) {
     std::vector<std::vector<std::string>> traces;
     PagesToRender traced = Pages(1);

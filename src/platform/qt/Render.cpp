@@ -56,8 +56,9 @@ bool PrintPages(QPagedPaintDevice& device, const PagesToRender& pages) {
     // Within half a pixel a page is as large as the paper: sizes of paper are rounded by printers.
     const double fit =
         std::min({1.0, (paper.width() + 0.5) / trueSize.width(), (paper.height() + 0.5) / trueSize.height()});
-    const QPointF middle(0.5 * (paper.width() - fit * trueSize.width()),
-                         0.5 * (paper.height() - fit * trueSize.height()));
+    // To whole dots: coordinates with a long fraction are half of a file.
+    const QPointF middle(Round(0.5 * (paper.width() - fit * trueSize.width())),
+                         Round(0.5 * (paper.height() - fit * trueSize.height())));
     for (int page = pages.firstPage; page <= pages.lastPage; ++page) {
         if (page != pages.firstPage && !device.newPage()) return false;
         painter.save();
