@@ -2,6 +2,7 @@
 
 #include "layout/PageFiling.h"
 #include "model/Par.h"
+#include "play/MIDIUtility.h"
 
 namespace corvane {
 
@@ -13,6 +14,7 @@ MeasureRedraw::MeasureRedraw(WindowTarn& window, const MeasureStaff* measureStaf
 }
 
 MeasureRedraw::~MeasureRedraw() {
+    RenewHeightsByClefs(_measureStaff);
     if (PagePar(MeasurePar(_measureStaff)) != _window.Sheet().CurrentPage()) return;
     const auto add = [&](const DrawPatch& patch, int voice) { _window.Sheet().AddObject(patch, voice); };
     ForEachPatch(_measureStaff, add);
