@@ -2,6 +2,7 @@
 
 #include "layout/PageFiling.h"
 #include "model/Par.h"
+#include "play/MIDIUtility.h"
 
 namespace corvane {
 namespace {
@@ -39,6 +40,7 @@ MeasureRedraw::MeasureRedraw(WindowTarn& window, const MeasureStaff* measureStaf
 MeasureRedraw::~MeasureRedraw() {
     const auto add = [&](const DrawPatch& patch, int voice) { _window.Sheet().AddObject(patch, voice); };
     for (const MeasureStaff* crossing : _crossings) {
+        RenewHeightsByClefs(crossing);
         if (PagePar(MeasurePar(crossing)) != _window.Sheet().CurrentPage()) continue;
         ForEachPatch(crossing, add);
         ForEachSpannerOver(crossing, add);

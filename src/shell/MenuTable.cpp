@@ -128,7 +128,7 @@ bool IsSwitchOn(MainFrame&) {
 
 using S = EditSwitches;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
-constexpr int kOpenBackupId = 40001;
+constexpr int kOpenBackupId = 40001, kPreviewId = 40030;
 constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kScore = "&Score",
                      *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove",
                      *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
@@ -149,6 +149,7 @@ const MenuRow kRows[] = {
     {kFile, 32772, "&Import MIDI...", "", [](MainFrame& f) { f.Files().ImportMidi(); }, IsQuiet},
     {kFile, 32771, "Export &MIDI...", "", WithScore<&FileActions::ExportMidi>, IsQuietWithScore},
     {kFile, 57606, "Page Set&up..."},
+    {kFile, kPreviewId, "Print Previe&w...", "Ctrl+Alt+P", WithScore<&FileActions::Preview>, IsQuietWithScore},
     {kFile, 57607, "&Print...", "Ctrl+P", WithScore<&FileActions::Print>, IsQuietWithScore},
     {kFile, 0},
     {kFile, 57665, "E&xit", "Ctrl+Q", [](MainFrame& f) { f.close(); }},
