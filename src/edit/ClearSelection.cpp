@@ -12,6 +12,7 @@
 #include "edit/ToolState.h"
 #include "layout/Spacing.h"
 #include "model/Par.h"
+#include "play/MIDIUtility.h"
 
 namespace corvane {
 namespace {
@@ -66,9 +67,11 @@ constexpr void (*kLists[])(Clearing&) = {
 };
 
 void Respace(const Clearing& clearing) {
-    for (MeasureStaff* crossing : clearing.crossings)
+    for (MeasureStaff* crossing : clearing.crossings) {
         for (Voice* voice : measureStaffVoices.Of(crossing))
             if (!voiceSymbols.IsEmpty(voice)) SpaceVoice(voice);
+        RenewHeightsByClefs(crossing);
+    }
 }
 
 }  // namespace

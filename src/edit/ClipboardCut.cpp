@@ -134,6 +134,7 @@ void Mend(const std::vector<Voice*>& voices) {
         }
         DropEmptyVoice(voice);
         RedoAccidentals(crossing);
+        RenewHeightsByClefs(crossing);
     }
 }
 

@@ -23,6 +23,7 @@ CommandFamily ClipboardCommands();
 CommandFamily SignCommands();
 CommandFamily NoteCommands();
 CommandFamily GraceCommands();
+CommandFamily BeamCommands();
 CommandFamily SelectionCommands();
 CommandFamily StructureCommands();
 CommandFamily SpannerCommands();

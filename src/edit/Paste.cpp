@@ -161,6 +161,7 @@ void Pasting::Finish() {
         if (MeasureStaff* crossing = MeasureStaffPar(voice); crossings.insert(crossing).second)
             RefitLines(crossing);
     }
+    for (const MeasureStaff* crossing : crossings) RenewHeightsByClefs(crossing);
 }
 
 // What came before stays and cannot be undone: the event that was too much goes outside of any step.

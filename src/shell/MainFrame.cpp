@@ -8,6 +8,7 @@
 
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
+#include "layout/Beaming.h"
 #include "shell/ActionSet.h"
 #include "shell/AuditionPlayer.h"
 #include "shell/MixerDock.h"
@@ -94,7 +95,8 @@ MainFrame::~MainFrame() {
     EndAuditions();
     for (SignDock* dock : _signs) dock->disconnect(this);
     _safety.stop();
-    for (QObject* part : std::initializer_list<QObject*>{_palette, _playPalette, _mixer, _toolStrip, _tabs}) part->disconnect(this);
+    for (QObject* part : std::initializer_list<QObject*>{_palette, _playPalette, _mixer, _toolStrip, _tabs})
+        part->disconnect(this);
     delete _tabs;  // the views before the scores that they show
 }
 
@@ -169,12 +171,14 @@ void MainFrame::TakeSwitches() {
     const SessionPreferences& preferences = _session.Preferences();
     Switches().playbackNotes = IsOn(preferences, SessionWord::PlaybackNotes);
     Switches().deleteNotesToRests = IsOn(preferences, SessionWord::DeleteNotesToRests);
+    SetAngledBeams(IsOn(preferences, SessionWord::AngledBeam));
 }
 
 void MainFrame::KeepSwitches() {
     SessionPreferences& preferences = _session.Preferences();
     SetWord(preferences, SessionWord::PlaybackNotes, Switches().playbackNotes);
     SetWord(preferences, SessionWord::DeleteNotesToRests, Switches().deleteNotesToRests);
+    SetWord(preferences, SessionWord::AngledBeam, AngledBeams());
     if (const Status status = _session.StorePreferences(); !status) Tell(status.message());
 }
 
