@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "layout/AccidentalColumns.h"
 #include "layout/MovingClefs.h"
 #include "layout/NoteGeometry.h"
 #include "layout/SymbolInk.h"
@@ -11,9 +12,6 @@
 
 namespace corvane {
 namespace {
-
-// Accidentals so many steps apart share a column.
-constexpr int kColumnSteps = 6;
 
 int32_t WidthOf(const VoiceSymbol* symbol) {
     const auto* pause = As<Pause>(symbol);
@@ -37,7 +35,7 @@ int32_t AccidentRoom(const Chords* chord, int32_t noteGap, int32_t columnGap) {
         const int32_t width = RectOf(accident).Width();
         if (!last)
             room += noteGap + width;
-        else if (std::abs(note->_line - last->_line) < kColumnSteps)
+        else if (std::abs(note->_line - last->_line) < kAccidentalColumnSteps)
             room += columnGap + width;
         last = note;
     }
