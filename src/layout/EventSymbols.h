@@ -13,10 +13,12 @@ public:
     VoiceSymbol* Symbol() const { return _symbol; }
     Extents Measure(const ListaEventi& list, int32_t before) const override;
     bool Put(const ListaEventi& list, const Event& event) const override;
-    // Of the grace chords, one behind the other.
-    int32_t GraceRoom() const;
+    // Of the grace chords, one behind the other, each with some air behind it.
+    int32_t GraceRoom(const ListaEventi& list) const;
 
 private:
+    int32_t AccidentalRoom(const ListaEventi& list) const;
+
     VoiceSymbol* _symbol;
     std::vector<VoiceSymbol*> _graces;
 };

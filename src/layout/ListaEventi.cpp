@@ -125,7 +125,7 @@ void ListaEventi::MeasureEvents() {
 void ListaEventi::Place(const SpacingTable& table) {
     int32_t pos = 0;
     for (const auto& symbol : events.front().symbols)
-        pos = std::max(pos, static_cast<const MusicSymbol&>(*symbol).GraceRoom());
+        pos = std::max(pos, static_cast<const MusicSymbol&>(*symbol).GraceRoom(*this));
     // Accidentals that do not fit in the gap before the first note move it.
     pos = std::max(pos, events.front().leftExtent + lineDistance / 2 - GapsOf(_document).firstNote);
     const std::vector<SyllableNeed> needs =
