@@ -92,16 +92,22 @@ void VoiceWriting::TieBack(const PlannedNote& note, GenericNote* written) {
     TieNotes(before, written);
 }
 
-void SpaceCrossing(MeasureStaff* crossing) {
+void SettleCrossing(MeasureStaff* crossing) {
     if (HeldVoices(crossing) == 0)
         InsertPauseBehind(measureStaffVoices.First(crossing), nullptr, kBehindAll, RestKindOf(1));
-    const bool several = HeldVoices(crossing) > 1;
-    for (Voice* voice : measureStaffVoices.Of(crossing)) {
-        if (voiceSymbols.IsEmpty(voice)) continue;
-        if (several) RestemVoice(voice);
-        SpaceVoice(voice);
-    }
+    if (HeldVoices(crossing) > 1)
+        for (Voice* voice : measureStaffVoices.Of(crossing))
+            if (!voiceSymbols.IsEmpty(voice)) RestemVoice(voice);
     RedoAccidentals(crossing);
+}
+
+void RespaceMeasure(Measure* measure) {
+    SpaceMeasure(measure, SpacingRoom());
+    for (const MeasureStaff* crossing : measureStaffs.Of(measure))
+        for (Voice* voice : measureStaffVoices.Of(crossing)) {
+            const auto* rest = As<Pause>(voiceSymbols.First(voice));
+            if (rest && rest->_value == 1 && rest == voiceSymbols.Last(voice)) SpaceVoice(voice);
+        }
 }
 
 void BeamCrossing(MeasureStaff* crossing) {
