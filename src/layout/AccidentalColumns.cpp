@@ -14,7 +14,9 @@
 namespace corvane {
 namespace {
 
-constexpr int32_t kDefaultSpacing = 20;  // hundredths of a line distance
+// Hundredths of a line distance. The preferred spacing counts from left edge to left edge of what accidentals
+// usually measure, so that what is wider keeps the same distance.
+constexpr int32_t kUsualWidth = 90, kDefaultSpacing = 100, kLeastGap = 15;
 
 struct Standing {
     const Accident* accident;
@@ -67,8 +69,9 @@ int32_t AccidentalShift(const Accident* accident) {
     }
     const auto* preferences = Preferences<NotePref>(DocumentPar(note));
     const int32_t spacing = preferences ? preferences->_accidentalSpacing.Get() : kDefaultSpacing;
+    const int32_t gap = std::max(kLeastGap, spacing - kUsualWidth) * distance / 100;
     int32_t shift = 0;
-    for (size_t i = 0; i < own; ++i) shift += columns[i].width + spacing * distance / 100;
+    for (size_t i = 0; i < own; ++i) shift += columns[i].width + gap;
     return shift;
 }
 

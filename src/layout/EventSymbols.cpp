@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "layout/AccidentalColumns.h"
+#include "layout/Frames.h"
 #include "layout/MovingClefs.h"
 #include "layout/NoteGeometry.h"
 #include "layout/SymbolInk.h"
@@ -89,6 +90,17 @@ int32_t MusicSymbol::GraceRoom(const ListaEventi& list) const {
     for (const VoiceSymbol* grace : _graces)
         room += WidthOf(grace) + kGraceAirPercent * list.lineDistance / 100;
     return room;
+}
+
+int32_t MusicSymbol::AccidentReach() const {
+    const auto* chord = As<Chords>(_symbol);
+    int32_t reach = 0;
+    if (!chord) return reach;
+    for (const GenericNote* note : chordNotes.Of(chord))
+        if (const Accident* accident = AccidentOf(note))
+            reach = std::max(reach,
+                             FrameOf(MeasurePar(_symbol)).XOf(corvane::XOf(_symbol)) - RectOf(accident).left);
+    return reach;
 }
 
 // Grace chords stand directly before the event and its accidentals, the last one next to it.

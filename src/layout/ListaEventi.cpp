@@ -124,10 +124,15 @@ void ListaEventi::MeasureEvents() {
 
 void ListaEventi::Place(const SpacingTable& table) {
     int32_t pos = 0;
-    for (const auto& symbol : events.front().symbols)
-        pos = std::max(pos, static_cast<const MusicSymbol&>(*symbol).GraceRoom(*this));
-    // Accidentals that do not fit in the gap before the first note move it.
-    pos = std::max(pos, events.front().leftExtent + lineDistance / 2 - GapsOf(_document).firstNote);
+    for (const auto& each : events.front().symbols) {
+        const auto& symbol = static_cast<const MusicSymbol&>(*each);
+        const int32_t graces = symbol.GraceRoom(*this);
+        pos = std::max(pos, graces);
+        // Accidentals that do not fit in the gap before the first note move it.
+        if (_room.accidents)
+            pos = std::max(pos,
+                           graces + symbol.AccidentReach() + lineDistance / 4 - GapsOf(_document).firstNote);
+    }
     const std::vector<SyllableNeed> needs =
         _room.lyrics ? SyllableNeedsOf(events) : std::vector<SyllableNeed>();
     auto need = needs.begin();

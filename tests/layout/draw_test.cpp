@@ -102,8 +102,8 @@ TEST_F(DrawingTest, AGraceChordsSlashNeedsAFlag) {
     for (const StemDirection direction : {Up, Down}) {
         SetDirection(StemOf(column), direction);
         InkPort port;
-        Paint(port, *column, {});
-        const Rect rect = RectOf(column).GrownBy(2);
+        PatchOf(column).Draw(port, {});
+        const Rect rect = PatchOf(column).Bounds().GrownBy(2);
         EXPECT_EQ(Union(rect, port.Ink()), rect) << "the slash stands out beyond stem and flag";
     }
     SetDirection(StemOf(column), Up);

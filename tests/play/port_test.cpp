@@ -4,6 +4,7 @@
 #include <set>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "base/Notify.h"
@@ -125,6 +126,16 @@ TEST(SoundPort, SilenceStopsWhatSoundsThenEveryUsedChannelThenTheDevices) {
     port.Clear();
     port.Reset();
     ExpectSent(port, channels);
+}
+
+TEST(SoundPort, PanicReachesEveryChannelOfADeviceThatNobodyHasUsed) {
+    QuietingPort port(1);
+    port.Panic();
+    std::set<std::pair<int16_t, uint8_t>> stopped;
+    for (const SentMessage& sent : port.Messages())
+        if (sent.data1 == 123) stopped.emplace(sent.port, sent.status);
+    EXPECT_EQ(stopped.size(), 2u * 16);
+    EXPECT_EQ(port.wasReset, (std::vector<int16_t>{-1, 0}));
 }
 
 TEST(SoundPort, TheInstanceIsMadeOnRequestAndFreedByClose) {
