@@ -187,9 +187,12 @@ void PutNumbering(Values& values) {
 
 // The selected measures, else the whole score.
 void PutSpacing(Values& values) {
-    if (!values.Window().TheSelection().IsEmpty()) return PutRange(values);
-    values.Put("from", 1);
-    values.PutMeasure("to", LastMeasure(values.Score()));
+    if (!values.Window().TheSelection().IsEmpty()) {
+        PutRange(values);
+    } else {
+        values.Put("from", 1);
+        values.PutMeasure("to", LastMeasure(values.Score()));
+    }
     const SpacingRoom room = PreferredRoom(values.Score());
     values.Put("dots", room.dots);
     values.Put("clefs", room.clefs);
