@@ -112,7 +112,7 @@ std::optional<GraceSlash> SlashOf(const Column& column) {
 }
 
 Rect GraceSlash::Ink() const {
-    return Rect{from.x, std::min(from.y, to.y), to.x, std::max(from.y, to.y)}.GrownBy((weight + 1) / 2);
+    return Rect{from.x, std::min(from.y, to.y), to.x, std::max(from.y, to.y)}.GrownBy(weight);
 }
 
 Rect RectOf(const ChordSymbol* chordSymbol) {
