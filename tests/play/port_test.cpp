@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <set>
 #include <string>
 #include <thread>
@@ -232,9 +233,11 @@ TEST(SoundPort, TheKeyboardPlaysOnWhilePortsComeAndGo) {
     SoundPort::SetThruChannel(1);
     std::atomic<bool> over = false;
     std::thread keyboard([&] {
-        for (uint32_t key = 0; !over; key = (key + 1) % 128)
+        for (uint32_t key = 0; !over; key = (key + 1) % 128) {
             for (const uint32_t velocity : {80, 0})
                 SoundPort::PassInput(0x90 | key << 8 | velocity << 16, SoundPort::InputUse::Echo);
+            std::this_thread::sleep_for(std::chrono::microseconds(20));
+        }
     });
     for (int i = 0; i < 50; ++i) {
         const int before = heard;
