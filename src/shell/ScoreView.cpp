@@ -252,7 +252,7 @@ void ScoreView::PaintDesk(QPainter& painter, const QRect& paper) const {
 void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
     const OverlayPaint paint{painter, _scale, corner, palette().color(QPalette::Highlight)};
     PaintSelection(paint, _window);
-    PaintCaret(paint, _window.caret);
+    PaintCaret(paint, _window.caret, _window.CurrentPage());
     if (_hover) PaintGhost(paint, _window, *_hover);
     if (_playMark) PaintPlayMark(paint, *_playMark);
 }
