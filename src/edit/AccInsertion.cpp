@@ -55,15 +55,6 @@ void SetBracketed(GenericNote* note, Alteration alteration) {
     AttachAccident(note, alteration, true);
 }
 
-void SetDotsOf(WindowTarn& window, VoiceSymbol* symbol, int count) {
-    Voice* voice = VoicePar(symbol);
-    const MeasureRedraw redraw(window, MeasureStaffPar(voice));
-    SetDots(symbol, count);
-    RebuildVoiceEvents(voice);
-    if (Switches().autoSpace) SpaceVoice(voice);
-    if (Switches().autoBeam) BeamVoice(voice);
-}
-
 }  // namespace
 
 DrawPatch EventUnder(WindowTarn& window, Point p) {
@@ -99,12 +90,21 @@ void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
     AuditionNote(note);
 }
 
+void ChangeDots(WindowTarn& window, VoiceSymbol* symbol, int count) {
+    Voice* voice = VoicePar(symbol);
+    const MeasureRedraw redraw(window, MeasureStaffPar(voice));
+    SetDots(symbol, count);
+    RebuildVoiceEvents(voice);
+    if (Switches().autoSpace) SpaceVoice(voice);
+    if (Switches().autoBeam) BeamVoice(voice);
+}
+
 void DotInsertion(const InsertionPlace& place, int count) {
     const DrawPatch patch = EventUnder(place.window, place.point);
     if (!patch) return;
-    if (auto* pause = patch.Record<Pause>()) SetDotsOf(place.window, pause, count);
+    if (auto* pause = patch.Record<Pause>()) ChangeDots(place.window, pause, count);
     if (auto* chordSymbol = patch.Record<ChordSymbol>())
-        for (Chords* chord : chordSymbolChords.Of(chordSymbol)) SetDotsOf(place.window, chord, count);
+        for (Chords* chord : chordSymbolChords.Of(chordSymbol)) ChangeDots(place.window, chord, count);
 }
 
 }  // namespace corvane

@@ -28,7 +28,7 @@ bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
 const Command* FindCommand(int id) {
     for (const CommandFamily family :
          {CommandFamily(kUndo), ClipboardCommands(), SwitchCommands(), SignCommands(), NoteCommands(),
-          SelectionCommands(), StructureCommands(), SpannerCommands(), LayoutCommands(), FontCommands(),
+          SelectionCommands(), WalkCommands(), StructureCommands(), SpannerCommands(), LayoutCommands(), FontCommands(),
           MixerCommands(), TextCommands()})
         for (const Command& command : family)
             if (command.id == id) return &command;

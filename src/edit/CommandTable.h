@@ -23,6 +23,7 @@ CommandFamily ClipboardCommands();
 CommandFamily SignCommands();
 CommandFamily NoteCommands();
 CommandFamily SelectionCommands();
+CommandFamily WalkCommands();
 CommandFamily StructureCommands();
 CommandFamily SpannerCommands();
 CommandFamily LayoutCommands();

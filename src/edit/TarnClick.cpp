@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "edit/Deletion.h"
+#include "edit/Insertion.h"
 #include "edit/Lyrics.h"
 #include "edit/MeasureRedraw.h"
 #include "edit/PaletteTable.h"
@@ -83,6 +84,16 @@ bool EraseTremolo(const Press& press, const DrawPatch& patch) {
     if (tremolo) DeleteTremolo(press.window, tremolo);
     return tremolo != nullptr;
 }
+// All dots of what they lengthen, and of the other voices that share its heads.
+bool EraseDots(const Press& press, const DrawPatch& patch) {
+    const auto* dot = patch.Record<Dot>();
+    if (!dot) return false;
+    VoiceSymbol* event = voiceSymbolAttributes.ParentOf(dot);
+    const auto* chord = As<Chords>(event);
+    if (!chord) return ChangeDots(press.window, event, 0), true;
+    for (Chords* each : chordSymbolChords.Of(ChordSymbolPar(chord))) ChangeDots(press.window, each, 0);
+    return true;
+}
 bool EraseTuplet(const Press& press, const DrawPatch& patch) {
     auto* mark = patch.Record<MarkIrreg>();
     if (mark) DeleteIrregular(press.window, irregularMarks.ParentOf(mark));
@@ -109,6 +120,7 @@ constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
     Erase<Dinamiche, DeleteDinamiche>,
     EraseNoteAttribute,
     EraseTremolo,
+    EraseDots,
     EraseTuplet,
     EraseSpanner,
     Erase<SimboliVari, DeleteSimboliVari>,

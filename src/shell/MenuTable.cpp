@@ -120,8 +120,8 @@ bool IsSwitchOn(MainFrame&) {
 using S = EditSwitches;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
 constexpr int kOpenBackupId = 40001;
-constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kScore = "&Score",
-                     *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove", *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
+constexpr const char *kFile = "&File", *kEdit = "&Edit", *kEditGo = "&Edit/&Go", *kView = "&View", *kScore = "&Score",
+                     *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove", *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes", *kNotesMove = "&Notes/Mo&ve and Alter",
                      *kTools = "&Tools", *kMidi = "&MIDI", *kHelp = "&Help";
 
 // clang-format off
@@ -152,6 +152,14 @@ const MenuRow kRows[] = {
     {kEdit, 0},
     {kEdit, 57642, "Select &All", "Ctrl+Shift+A"},
     {kEdit, 57641, "Select &Nothing", "Esc"},
+    {kEditGo, 40030, "&Next\tRight"},
+    {kEditGo, 40031, "&Previous\tLeft"},
+    {kEditGo, 40032, "&Add Next\tShift+Right"},
+    {kEditGo, 40033, "A&dd Previous\tShift+Left"},
+    {kEditGo, 40034, "Next &Measure\tCtrl+Right"},
+    {kEditGo, 40035, "Pre&vious Measure\tCtrl+Left"},
+    {kEditGo, 40036, "&Staff Above\tAlt+Up"},
+    {kEditGo, 40037, "Staff &Below\tAlt+Down"},
 
     {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
     {kView, 32868, "C&lefs Palette", "", ToggleSigns<0>, {}, AreSignsShown<0>},
@@ -222,6 +230,14 @@ const MenuRow kRows[] = {
     {kNotes, 32819, "Trans&pose..."},
     {kNotes, 32817, "Change &Durations..."},
     {kNotes, 33036, "En&harmonic", "Ctrl+E"},
+    {kNotesMove, 40040, "Step &Up\tUp"},
+    {kNotesMove, 40041, "Step &Down\tDown"},
+    {kNotesMove, 40042, "&Octave Up\tCtrl+Up"},
+    {kNotesMove, 40043, "O&ctave Down\tCtrl+Down"},
+    {kNotesMove, 0},
+    {kNotesMove, 32900, "&Sharp"},
+    {kNotesMove, 32901, "&Flat"},
+    {kNotesMove, 33035, "&Natural"},
     {kNotes, 0},
     {kNotes, 32815, "&Up", "Ctrl+U"},
     {kNotes, 32816, "Do&wn", "Ctrl+D"},
