@@ -41,7 +41,7 @@ void TouchAgain(benchmark::State& state) {
     while (static_cast<int>(pool->BlockCount()) < state.range(0));
     pool->EnableUndo();
     pool->BeginCommand();
-    for (auto _ : state) pool->Touch(note);
+    for (auto _ : state) pool->Touch(note, 4);
     pool->EndCommand();
     MemoryManager::Instance().DeletePool(pool);
 }

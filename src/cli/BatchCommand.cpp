@@ -3,12 +3,15 @@
 #include <spawn.h>
 #include <sys/wait.h>
 
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <map>
 #include <set>
 #include <thread>
 
+#include "base/Assert.h"
 #include "cli/ImportArguments.h"
 #include "cli/Program.h"
 #include "shell/ScoreExport.h"
@@ -28,6 +31,7 @@ struct Job {
 // done.
 bool IsDone(const Job& job) {
     std::error_code noOut, noIn;
+    if (!fs::is_regular_file(job.out, noOut)) return false;
     const auto out = fs::last_write_time(job.out, noOut), in = fs::last_write_time(job.in, noIn);
     return !noOut && !noIn && out >= in;
 }
@@ -76,10 +80,12 @@ private:
 
     void WaitForOne() {
         int status = 0;
-        const pid_t child = waitpid(-1, &status, 0);
+        pid_t child = 0;
+        while ((child = waitpid(-1, &status, 0)) < 0 && errno == EINTR) {
+        }
+        CORVANE_ASSERT_AS(child > 0, "child");
         const auto job = _running.find(child);
-        if (child < 0) _running.clear();
-        if (job == _running.end()) return;
+        if (job == _running.end()) return;  // of the process that this one was before
         if (WIFSIGNALED(status))
             RefuseJob(job->second, "ended by signal " + std::to_string(WTERMSIG(status)));
         else
@@ -103,6 +109,11 @@ private:
 
 int RunBatch(const ConvertOptions& options) {
     if (options.outDir.empty() || options.to.empty()) return Misuse("--out-dir and --to go together");
+    const std::string sample = "a." + options.to;
+    if (!ExportKindOf(sample) && SavedExtension(sample) != ExtensionOf(sample))
+        return Misuse("\"" + options.to + "\": only " + Listed(WrittenExtensions()) + " can be written");
+    // A parent that ignores the ends of its children hands that on, and nobody would learn how ours ended.
+    std::signal(SIGCHLD, SIG_DFL);
     std::error_code failed;
     fs::create_directories(options.outDir, failed);
     if (failed) return Refuse(options.outDir + ": " + failed.message());

@@ -26,7 +26,7 @@ struct ToolState {
 
 ToolState& Tools();
 
-class Document;
+struct Document;
 
 // How entering and erasing go on by themselves. Spacing and beaming are the score's own: they are read from its
 // preferences when its window becomes the active one, and kept there; no undo changes them.

@@ -72,34 +72,34 @@ bool NoteGeneration::Write(const PendingChords& pending, const Piece& piece) {
     while (_written < piece.end) {
         const int number = _bars.BarAt(_written);
         if (number < 0) return false;
-        WriteFirst(_bars[static_cast<size_t>(number)], piece.end, notes);
+        if (!WriteFirst(_bars[static_cast<size_t>(number)], piece.end, notes)) return false;
         tieOn();
     }
     return true;
 }
 
 // One symbol of what lasts until `end`, or of its measure.
-void NoteGeneration::WriteFirst(const Bar& bar, FineTime end, const std::vector<PlannedNote>& notes) {
+bool NoteGeneration::WriteFirst(const Bar& bar, FineTime end, const std::vector<PlannedNote>& notes) {
     end = std::min(end, bar.End());
     if (const TupletCell* cell = _cells.CellAt(_written))
         return WriteInCell(*cell, std::min(end, cell->End()), notes);
     end = _cells.NextStart(_written, end);
     const Figure figure =
         notes.empty() ? RestAt(bar, _written, end) : *FigureOf(FirstPiece(bar, _written, end));
-    Add({figure.value, figure.dots, figure.length}, nullptr, notes);
+    return Add({figure.value, figure.dots, figure.length}, nullptr, notes);
 }
 
-void NoteGeneration::WriteInCell(const TupletCell& cell, FineTime end,
+bool NoteGeneration::WriteInCell(const TupletCell& cell, FineTime end,
                                  const std::vector<PlannedNote>& notes) {
     const auto first = static_cast<int>((_written - cell.start) / cell.Part());
     const auto parts = static_cast<int>((end - _written) / cell.Part());
     int taken = 1;
     while (taken * 2 <= parts && (!notes.empty() || first % (taken * 2) == 0)) taken *= 2;
     const bool dotted = !notes.empty() && taken > 1 && parts == taken * 3 / 2;
-    Add({cell.figure / taken, dotted, cell.Part() * (dotted ? parts : taken)}, &cell, notes);
+    return Add({cell.figure / taken, dotted, cell.Part() * (dotted ? parts : taken)}, &cell, notes);
 }
 
-void NoteGeneration::Add(const Figure& figure, const TupletCell* cell,
+bool NoteGeneration::Add(const Figure& figure, const TupletCell* cell,
                          const std::vector<PlannedNote>& notes) {
     PlannedSymbol symbol;
     symbol.firstNote = static_cast<uint32_t>(_plan.notes.size());
@@ -112,10 +112,12 @@ void NoteGeneration::Add(const Figure& figure, const TupletCell* cell,
         symbol.inTimeOf = static_cast<uint8_t>(cell->inTimeOf);
         symbol.startsTuplet = cell != _openCell;
     }
+    if (!_budget.Spend(symbol)) return false;
     _openCell = cell;
     _plan.symbols.push_back(symbol);
     _plan.notes.insert(_plan.notes.end(), notes.begin(), notes.end());
     _written += figure.length;
+    return true;
 }
 
 // Measures in which the voice is silent are left out.
@@ -126,8 +128,8 @@ bool NoteGeneration::FillRests(FineTime to) {
         const Bar& bar = _bars[static_cast<size_t>(number)];
         if (_written == bar.start && to >= bar.End())
             _written = bar.End();
-        else
-            WriteFirst(bar, to, {});
+        else if (!WriteFirst(bar, to, {}))
+            return false;
     }
     return true;
 }

@@ -33,7 +33,7 @@ void SetSound(DocStaff* staff, int number, int channel, const ChannelSound& soun
     if (sound.program < 0) return;
     voice._program = static_cast<int16_t>(sound.program + 1);
     const std::string_view name = GeneralMidiName(sound.program + 1);
-    Touch(voice._name);
+    Touch(voice._name, sizeof voice._name);
     std::memset(voice._name, 0, sizeof voice._name);
     std::memcpy(voice._name, name.data(), std::min(name.size(), sizeof voice._name - 1));
 }
@@ -53,13 +53,6 @@ int32_t FreeHeight(const Page* page) {
 }
 
 }  // namespace
-
-int ScoreFrame::MeasuresPerSystem(int staves) {
-    constexpr struct { int staves, measures; } kRows[] = {{2, 5}, {3, 4}, {6, 3}, {8, 2}};
-    for (const auto& row : kRows)
-        if (staves <= row.staves) return row.measures;
-    return 1;
-}
 
 std::vector<int> ScoreFrame::KeysOf(const StaffColumn& column, const ScorePlan& plan) {
     // The tempo map's hold until the track tells its own.

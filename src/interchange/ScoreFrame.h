@@ -29,7 +29,6 @@ public:
 
     // Sharps less flats of a column in each measure.
     static std::vector<int> KeysOf(const StaffColumn& column, const ScorePlan& plan);
-    static int MeasuresPerSystem(int staves);
 
 private:
     void MakeColumns();

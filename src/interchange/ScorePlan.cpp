@@ -9,37 +9,13 @@
 namespace corvane {
 namespace {
 
-constexpr size_t kMostCrossings = 500000, kMostStaves = 1000, kNarrowStaves = 8, kHeadBytes = 320;
+constexpr size_t kMostCrossings = 500000, kMostStaves = 1000;
 constexpr int kMiddleC = 60;
-
-// Bytes of memory that parts of a score take, generously, and how many a file may ask for: enough for any
-// music, too few to be harmed by a file that lies.
-constexpr size_t kChordBytes = 340, kNoteBytes = 240, kRestBytes = 80, kCrossingBytes = 130, kBarBytes = 120;
-constexpr size_t kFreeBytes = size_t{40} << 20, kBytesOfByte = 200;
-
-// Adds up what a plan will cost.
-class Budget {
-public:
-    explicit Budget(size_t fileSize) : _left(kFreeBytes + kBytesOfByte * fileSize) {}
-    bool Spend(const VoicePlan& voice) {
-        size_t bytes = 0;
-        for (const PlannedSymbol& symbol : voice.symbols)
-            bytes += symbol.noteCount ? kChordBytes + symbol.noteCount * kNoteBytes : kRestBytes;
-        return Spend(bytes);
-    }
-    bool Spend(size_t bytes) {
-        if (bytes > _left) return false;
-        _left -= bytes;
-        return true;
-    }
-
-private:
-    size_t _left;
-};
 
 class TrackPlanner {
 public:
-    TrackPlanner(ScorePlan& plan, const ImportOptions& options, Budget& budget, ImportProgress& progress)
+    TrackPlanner(ScorePlan& plan, const ImportOptions& options, ImportBudget& budget,
+                 ImportProgress& progress)
         : _plan(plan), _options(options), _budget(budget), _progress(progress) {}
 
     Status Plan(MidiBytes bytes, TrackPlan& track) {
@@ -93,21 +69,18 @@ private:
                 pending.NoteOn(time, event.key);
             else
                 pending.NoteOff(time, event.key);
-            if (pending.Notes().size() > kMostParts) return false;
+            if (!_budget.Bears(pending.Notes().size())) return false;
         }
         pending.Finish(cells.Settle(events.back()));
         VoicePlan& voice = track.voices.emplace_back();
         voice.staff = place.staff;
         voice.voice = place.voice;
-        NoteGeneration generation(_plan.bars, cells, _options, voice);
-        return generation.Generate(pending) && _budget.Spend(voice);
+        return NoteGeneration(_plan.bars, cells, _options, _budget, voice).Generate(pending);
     }
-
-    static constexpr size_t kMostParts = 1000000;
 
     ScorePlan& _plan;
     const ImportOptions& _options;
-    Budget& _budget;
+    ImportBudget& _budget;
     ImportProgress& _progress;
 };
 
@@ -119,13 +92,20 @@ int StavesOf(const ScorePlan& plan) {
     return staves;
 }
 
+int MeasuresPerSystem(int staves) {
+    constexpr struct { int staves, measures; } kRows[] = {{2, 5}, {3, 4}, {6, 3}, {8, 2}};
+    for (const auto& row : kRows)
+        if (staves <= row.staves) return row.measures;
+    return 1;
+}
+
 Status PlanScore(const MidiFile& file, size_t fileSize, const ImportOptions& options,
                  ImportProgress& progress, ScorePlan& plan) {
     const int parts = static_cast<int>(file.tracks.size());
     if (!progress.At("Measures Generation...", 0, parts)) return ImportCancelled();
     if (Status status = plan.bars.Read(file.tracks[0]); !status) return status;
     plan.splitVoice = options.splitVoice;
-    Budget budget(fileSize);
+    ImportBudget budget(fileSize);
     TrackPlanner planner(plan, options, budget, progress);
     for (int i = 1; i < parts; ++i) {
         if (!progress.At("Reading track:", i, parts)) return ImportCancelled();
@@ -134,11 +114,9 @@ Status PlanScore(const MidiFile& file, size_t fileSize, const ImportOptions& opt
         plan.isSingle = plan.isSingle && track.channels.IsSingle();
     }
     const auto staves = static_cast<size_t>(std::max(1, StavesOf(plan)));
-    const size_t bars = plan.bars.Size(), crossings = bars * staves;
-    // A system of many staves is a measure wide.
-    const size_t heads = staves > kNarrowStaves ? crossings : 0;
-    const bool fits = crossings <= kMostCrossings && staves <= kMostStaves &&
-                      budget.Spend(heads * kHeadBytes + crossings * kCrossingBytes + bars * kBarBytes);
+    const auto perSystem = static_cast<size_t>(MeasuresPerSystem(static_cast<int>(staves)));
+    const bool fits = staves <= kMostStaves && plan.bars.Size() * staves <= kMostCrossings &&
+                      budget.SpendOnFrame(staves, plan.bars.Size(), perSystem);
     return fits ? Status::Ok() : InvalidMidiFile();
 }
 

@@ -34,6 +34,8 @@ struct ScorePlan {
 // The staves that the score will have: one for each track and one more for a track of more than eight
 // channels.
 int StavesOf(const ScorePlan& plan);
+// Of a score of so many staves.
+int MeasuresPerSystem(int staves);
 
 // Reads the tempo map and all tracks of a file. Damaged for bytes that mean nothing, and for what no score
 // holds.

@@ -53,7 +53,7 @@ constexpr DefaultRecord kDefaults[] = {
 
 template <class T>
 void PutField(uint8_t* place, int32_t value) {
-    Touch(place);
+    Touch(place, sizeof(T));
     const T narrow = static_cast<T>(value);
     std::memcpy(place, &narrow, sizeof narrow);
 }

@@ -49,7 +49,7 @@ std::string_view TitleOf(const Document* document) {
 
 void SetTitle(Document* document, std::string_view title) {
     title = CutText(title, kMostTitleBytes);
-    Touch(document->_text);
+    Touch(document->_text, sizeof document->_text);
     std::memset(document->_text, 0, sizeof document->_text);
     std::memcpy(document->_text, title.data(), title.size());
 }

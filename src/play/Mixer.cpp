@@ -39,7 +39,7 @@ void KeepSoloOfDocument(Document* document) {
 }
 
 void Rename(VoiceRecord& record, std::string_view name) {
-    Touch(record._name);
+    Touch(record._name, sizeof record._name);
     const size_t length = std::min(name.size(), sizeof record._name - 1);
     std::memset(record._name, 0, sizeof record._name);
     std::copy_n(name.data(), length, record._name);

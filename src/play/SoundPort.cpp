@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <bit>
+#include <thread>
 #include <utility>
 
 #include "base/Assert.h"
 #include "base/Notify.h"
-#include "play/SoundClock.h"
 
 namespace corvane {
 namespace {
@@ -19,9 +19,9 @@ constexpr int kProgram = 0xBF;
 constexpr uint8_t kVolume = 7, kPan = 10, kPedal = 64, kAllNotesOff = 123;
 
 std::atomic<SoundPort*> _instance{nullptr};
-std::atomic<int16_t> thruPort{SoundPort::kNone};
-std::atomic<int16_t> thruChannel{SoundPort::kNone};
 std::atomic<bool> portError{false};
+std::atomic<SoundPort*> inputPort{nullptr};  // finished, unlike the instance that is still being made
+std::atomic<int> inputsUnderWay{0};
 
 SoundPort::Factory& TheFactory() {
     static SoundPort::Factory factory;
@@ -40,18 +40,36 @@ void SoundPort::SetFactory(Factory factory) { TheFactory() = std::move(factory);
 SoundPort* SoundPort::Existing() { return _instance.load(std::memory_order_acquire); }
 
 SoundPort* SoundPort::Instance() {
-    if (!Existing() && TheFactory()) MadeByFactory() = TheFactory()();
+    if (!Existing() && TheFactory()) {
+        MadeByFactory() = TheFactory()();
+        inputPort = MadeByFactory().get();
+    }
     return Existing();
 }
 
-void SoundPort::Close() { MadeByFactory().reset(); }
+void SoundPort::Close() {
+    inputPort = nullptr;
+    while (inputsUnderWay > 0) std::this_thread::yield();
+    MadeByFactory().reset();
+}
 
-SoundPort::SoundPort() {
+void SoundPort::PassInput(uint32_t message, InputUse use) {
+    ++inputsUnderWay;
+    if (SoundPort* port = inputPort)
+        use == InputUse::Record ? port->RecordInput(message) : port->EchoInput(message);
+    --inputsUnderWay;
+}
+
+SoundPort::SoundPort(Standing standing) {
+    if (standing == Standing::Apart) return;
     CORVANE_ASSERT(!_instance);
     _instance.store(this, std::memory_order_release);
 }
 
-SoundPort::~SoundPort() { _instance = nullptr; }
+SoundPort::~SoundPort() {
+    SoundPort* self = this;
+    _instance.compare_exchange_strong(self, nullptr);
+}
 
 // The port tested is the one before: what goes to device 0 depends on the synthesiser being open.
 bool SoundPort::Passes(int16_t port, int channel) const {
@@ -133,30 +151,6 @@ void SoundPort::Silence() {
     for (int16_t port = kBuiltIn; port < count; ++port) StopChannels(port);
     for (int16_t port = kBuiltIn; port < count; ++port)
         if (IsOpen(port)) ResetDevice(port);
-}
-
-int16_t SoundPort::GetThruPort() { return thruPort; }
-void SoundPort::SetThruPort(int16_t port) { thruPort = port; }
-int16_t SoundPort::GetThruChannel() { return thruChannel; }
-void SoundPort::SetThruChannel(int16_t channel) { thruChannel = channel; }
-
-void SoundPort::RecordInput(uint32_t message) {
-    const InputFlags& flags = TheInputFlags();
-    if (!flags.ignore) {
-        const SoundClock* clock = SoundClock::Instance();
-        if (clock && flags.running)
-            _input.Push(message, static_cast<uint32_t>(clock->Time()));
-        else if (flags.mode == InputMode::Step)
-            _input.Push(message, 0);
-    }
-    EchoInput(message);
-}
-
-void SoundPort::EchoInput(uint32_t message) {
-    const int16_t port = thruPort;
-    if (port == kNone) return;
-    const bool noteOff = (message & 0xF0) == 0x80;
-    SendNote(port, thruChannel, message >> 8 & 0xFF, noteOff ? 0 : static_cast<int>(message >> 16 & 0xFF));
 }
 
 void SoundPort::NoteError() { portError.store(true, std::memory_order_relaxed); }

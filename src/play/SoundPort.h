@@ -18,7 +18,7 @@ namespace corvane {
 class SoundPort {
 public:
     static constexpr int16_t kBuiltIn = -1;
-    static constexpr int16_t kNone = -10;       // no port, no channel
+    static constexpr int16_t kNone = -10;  // no port, no channel
     static constexpr int kFullVolume = 127;
     static constexpr int16_t kMaxDevices = 64;  // outputs beyond these are not offered
 
@@ -32,7 +32,8 @@ public:
     // The port if there is one. Any thread.
     static SoundPort* Existing();
     // Destroys the port that `Instance` made, so that devices are free until the next request; a port that
-    // somebody else owns stays. Main thread, with no clock and no input running.
+    // somebody else owns stays. Waits for a message of the keyboard that is under way. Main thread, with no
+    // clock running.
     static void Close();
 
     virtual ~SoundPort();
@@ -60,16 +61,23 @@ public:
     // The same, for the shutdown of the MIDI setup.
     void Reset() { Silence(); }
 
-    // Where the keyboard's notes are echoed; kNone at first. Kept over the ports' lives. Any thread.
+    // Where the keyboard's notes are echoed from now on; kNone at first. Kept over the ports' lives. Any
+    // thread.
     static int16_t GetThruPort();
     static void SetThruPort(int16_t port);
     static int16_t GetThruChannel();
     static void SetThruChannel(int16_t channel);
 
     // What the input thread does with a message (status, first and second data from the lowest byte up):
-    // stores it while recording and echoes it, or only echoes it. Every kind is echoed as a note.
+    // stores it while recording and echoes it, or only echoes it. Every kind is echoed as a note. A note ends
+    // where it began, whatever has been chosen since.
     void RecordInput(uint32_t message);
     void EchoInput(uint32_t message);
+    // The same with the port that `Instance` made, which may come and go meanwhile; lost while there is none.
+    enum class InputUse : uint8_t { Record, Echo };
+    static void PassInput(uint32_t message, InputUse use);
+    // Ends what the echo has left sounding. With no input open.
+    void EndEchoes();
     InputRing& Input() { return _input; }
 
     // Shows "MIDI device already in use." the first time that a program or volume could not be sent, never
@@ -80,7 +88,9 @@ public:
     static void PollSilence();
 
 protected:
-    SoundPort();
+    // A port that stands apart is nobody's `Instance`: a rendering goes beside whatever sounds.
+    enum class Standing : uint8_t { Instance, Apart };
+    explicit SoundPort(Standing standing = Standing::Instance);
 
     // Puts out one message, of two bytes for a program. False if it could not. Must neither wait nor
     // allocate.
@@ -108,6 +118,7 @@ private:
 
     std::array<Asked, kMaxDevices + 1> _asked;
     InputRing _input;
+    std::array<std::atomic<uint32_t>, 128> _echoed{};  // by key: where it sounds, 0 for nowhere
 };
 
 }  // namespace corvane

@@ -1,4 +1,5 @@
 // A port all of whose outputs are one synthesiser: for rendering, where a score's devices may not be there.
+// It stands apart from what is heard meanwhile.
 #pragma once
 
 #include "play/BuiltInSynth.h"
@@ -9,7 +10,7 @@ namespace corvane {
 class SynthPort : public SoundPort {
 public:
     // `synth` must outlive the port.
-    explicit SynthPort(BuiltInSynth& synth) : _synth(synth) {}
+    explicit SynthPort(BuiltInSynth& synth) : SoundPort(Standing::Apart), _synth(synth) {}
     int16_t Count() const override { return kMaxDevices; }
 
 protected:

@@ -22,7 +22,7 @@ T LoadShared(const Stored<T>& field) {
 template <class T>
 void StoreShared(Stored<T>& field, T value) {
     typedef T __attribute__((may_alias)) Shared;
-    Touch(&field);
+    Touch(&field, sizeof field);
     __atomic_store_n(reinterpret_cast<Shared*>(&field), value, __ATOMIC_RELAXED);
 }
 

@@ -237,6 +237,7 @@ void MainFrame::RefreshActions() {
     for (SignDock* dock : _signs) dock->setEnabled(CurrentScore() && !IsPlaying());
     _playPalette->Refresh();
     _mixer->Refresh();
+    _player.RefreshThru();
 }
 
 void MainFrame::ShowWindowTitle() {

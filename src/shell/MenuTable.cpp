@@ -110,6 +110,14 @@ bool AreSignsShown(MainFrame& frame) {
 
 bool IsColouring(MainFrame& frame) { return frame.ColoursVoices(); }
 void ToggleColours(MainFrame& frame) { frame.ColourVoices(!frame.ColoursVoices()); }
+bool IsThruOn(MainFrame& frame) { return IsOn(frame.TheSession().Preferences(), SessionWord::MidiThru); }
+void ToggleThru(MainFrame& frame) {
+    SessionPreferences& preferences = frame.TheSession().Preferences();
+    SetWord(preferences, SessionWord::MidiThru, !IsThruOn(frame));
+    frame.KeepSwitches();
+    if (IsThruOn(frame) && GetWord(preferences, SessionWord::RecordPort) < 0)
+        frame.Tell("Select a port for the keyboard using the Record Setup dialog in the MIDI menu");
+}
 void Play(MainFrame& frame) { frame.Player().Start(*frame.CurrentScore()); }
 
 template <bool EditSwitches::*Switch>
@@ -120,9 +128,11 @@ bool IsSwitchOn(MainFrame&) {
 using S = EditSwitches;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
 constexpr int kOpenBackupId = 40001;
-constexpr const char *kFile = "&File", *kEdit = "&Edit", *kEditGo = "&Edit/&Go", *kView = "&View", *kScore = "&Score",
-                     *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove", *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes", *kNotesMove = "&Notes/Mo&ve and Alter",
-                     *kTools = "&Tools", *kMidi = "&MIDI", *kHelp = "&Help";
+constexpr const char *kFile = "&File", *kEdit = "&Edit", *kEditGo = "&Edit/&Go", *kView = "&View",
+                     *kScore = "&Score", *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove",
+                     *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
+                     *kNotesMove = "&Notes/Mo&ve and Alter", *kTools = "&Tools", *kMidi = "&MIDI",
+                     *kHelp = "&Help";
 
 // clang-format off
 const MenuRow kRows[] = {
@@ -259,6 +269,7 @@ const MenuRow kRows[] = {
     {kMidi, 33053, "Accompany - &Record Setup", "", [](MainFrame& f) { RecordSetup(f).exec(); }, IsQuiet},
     {kMidi, 0},
     {kMidi, 33130, "Playback &notes", "", {}, {}, IsSwitchOn<&S::playbackNotes>},
+    {kMidi, 33179, "MIDI &Thru", "", ToggleThru, {}, IsThruOn},
 
     {kHelp, 33115, "&About Corvane", "", [](MainFrame& f) { ShowAboutBox(&f); }},
 };

@@ -29,6 +29,7 @@ PlayControl::PlayControl(MainFrame& frame) : _frame(frame) {
 PlayControl::~PlayControl() {
     _idle.stop();
     _task.Stop();
+    _thru.TurnOff();
     SoundPort::Close();
     SoundPort::SetFactory(nullptr);
 }
@@ -89,6 +90,13 @@ void PlayControl::Seek(int number) {
 void PlayControl::Panic() {
     Stop();
     if (SoundPort* port = SoundPort::Instance()) port->Reset();
+}
+
+void PlayControl::RefreshThru() {
+    const WindowTarn* window = _frame.CurrentScore();
+    const Status status =
+        _thru.Refresh(_frame.TheSession().Preferences(), window ? window->GetDocument() : nullptr);
+    if (!status) _frame.Tell(status.message());
 }
 
 void PlayControl::Leave(const WindowTarn& window) {

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "platform/fluidsynth/FluidSynth.h"
+#include "platform/rtmidi/MidiThru.h"
 #include "play/TaskPlay.h"
 #include "shell/PlayFollower.h"
 #include "shell/PlayReport.h"
@@ -31,6 +32,8 @@ public:
     // Before a score goes: stops a play of it.
     void Leave(const WindowTarn& window);
     bool IsOn() const { return _window != nullptr; }
+    // The keyboard sounds as things stand now: after settings, mixer or the current score changed.
+    void RefreshThru();
 
     // The tempo slider, 0 (slowest) to 200; 100 is the written tempo. At once.
     void SetTempo(int place);
@@ -49,6 +52,7 @@ private:
     PlayReport _report;  // before the play that tells it
     PlayFollower _follower{_report.cursor};
     TaskPlay _task;
+    MidiThru _thru;
     QTimer _idle;
     PlayLimits _limits;
     int _tempo = 100;

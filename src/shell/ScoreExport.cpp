@@ -42,7 +42,6 @@ private:
 
 // Plays the score into the file, a look at the clock each millisecond as live play has them.
 Status ToSound(WindowTarn& window, const ExportJob& job) {
-    SoundPort::Close();  // what a note that was entered has opened
     std::unique_ptr<SynthPort> port;
     PlayFlags flags;
     TarnPlay play(flags);

@@ -62,11 +62,11 @@ void MemoryManager::EndCommand() {
     if (_observer) _observer->CommandEnds(Current());
 }
 
-void Touch(const void* place) {
+void Touch(const void* place, size_t bytes) {
     if (!place) return;
     NewMemoryPool* pool = MemoryManager::Instance().GetCurrentPool();
     CORVANE_ASSERT_AS(pool, "_instance->_currentPool");
-    pool->Touch(place);
+    pool->Touch(place, bytes);
 }
 
 }  // namespace corvane

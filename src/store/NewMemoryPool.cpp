@@ -1,6 +1,7 @@
 #include "store/NewMemoryPool.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "base/Assert.h"
 #include "base/StoredSpace.h"
@@ -36,6 +37,7 @@ void ForEachHole(BlockTrailer& trailer, Visit visit) {
 }  // namespace
 
 NewMemoryPool::NewMemoryPool(uint32_t size) : _newpoolsize(size ? size + kTrailerSize : kDefaultPoolSize) {
+    _pageShift = std::bit_width((_newpoolsize - 1) / kMostPages);
     CORVANE_ASSERT_AS(AddBlock(nullptr), "startPointer");
     _blocks.front()->Trailer().added = 0;
 }
@@ -146,9 +148,11 @@ uint8_t* NewMemoryPool::TakeFrom(PoolBlock& block, uint32_t span) {
         largest = std::max(largest, size);
         if (size < span) return false;
         taken = reinterpret_cast<uint8_t*>(&hole);
-        Touch(taken);
+        const bool split = size >= span + kGranule;
+        Touch(taken, split ? span + kGranule : span);
+        TouchLink(link);
         uint32_t rest = hole.next.Get();
-        if (size >= span + kGranule) {
+        if (split) {
             uint8_t* newBuco = taken + span;
             MakeHole(newBuco, size - span, rest);
             rest = StoredSpace::DistanceOf(newBuco);
@@ -169,8 +173,8 @@ void NewMemoryPool::Release(void* object) {
     if (!object) return;
     PoolBlock* block = Find(object);
     CORVANE_ASSERT_AS(block && block->Holds(object), "block");
-    Touch(object);
     uint8_t* place = static_cast<uint8_t*>(object) - kWordSize;
+    Touch(place, sizeof(Hole));
     const int16_t word = WordAt(place);
     CORVANE_ASSERT(word != 0 && word != kHoleWord && word != kTrailerWord);
     if (word > 0)
@@ -191,11 +195,14 @@ void NewMemoryPool::Release(void* object) {
         const uint32_t size = hole.size.Get();
         const bool before = start + size == place;
         if (!before && place + span != start) return false;
+        TouchLink(link);
         link.Put(hole.next.Get());
         if (before) place = start;
         span += size;
         return ++merged == 2;
     });
+    Touch(place, sizeof(Hole));
+    TouchLink(trailer.firstHole);
     MakeHole(place, span, trailer.firstHole.Get());
     trailer.firstHole.Put(StoredSpace::DistanceOf(place));
     if (span == block->Usable()) {

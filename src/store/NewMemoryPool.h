@@ -1,5 +1,6 @@
 // The pool of one score: a ring of equal blocks in ascending address order, each packed with objects behind
-// their 16-bit words. Undo is a copy of each block made before its first change in a command.
+// their 16-bit words. Undo is a copy of each page of a block, made before the page first changes in a
+// command.
 //
 // Not for threads: main thread only. Running out of address space for a block is an assertion, but for blocks
 // that a load asks for.
@@ -35,8 +36,10 @@ public:
     // ignored.
     void Release(void* object);
 
-    // The write barrier: the first touch of a block in a recorded command copies the block aside.
-    void Touch(const void* place);
+    // The write barrier, before bytes of a block change: the first touch of a page of a block in a recorded
+    // command copies the page aside. Once a command has touched a block, pages of it that are written after
+    // the command are kept too, so that undo brings back the whole block as it was.
+    void Touch(const void* place, size_t bytes);
     void BeginCommand();
     void EndCommand() { _recording = false; }
     // Each exchanges the touched blocks with their copies; done twice they cancel out.
@@ -99,7 +102,13 @@ private:
     uint8_t* TakeSpan(uint32_t span);
     uint8_t* TakeFrom(PoolBlock& block, uint32_t span);
     void SetBound(PoolBlock& block, uint32_t bound);
-    void Snapshot(PoolBlock& block);
+    static constexpr size_t kMostPages = 64;  // of a block
+    uint64_t PagesOf(size_t from, size_t end) const;
+    template <class Visit>
+    void ForEachRun(const PoolBlock& block, uint64_t pages, Visit visit) const;
+    void Keep(PoolBlock& block, uint64_t pages);
+    void TouchLink(const Packed2<uint32_t>& link) { Touch(&link, sizeof link); }
+    void StartSnapshot(PoolBlock& block);
     void FreeSnapshot(PoolBlock& block);
     void Exchange(bool redo);
     void Account(const PoolBlock& block, int sign);
@@ -114,6 +123,7 @@ private:
     uint8_t* _cursor = nullptr;
     uint64_t _total = 0, _free = 0;
     uint32_t _newpoolsize = kDefaultPoolSize;
+    int _pageShift = 0;  // a page has two to the power of this many bytes, so that a block has kMostPages
     uint64_t _changes = 0;
     bool _modified = false, _undoEnabled = false, _recording = false, _unrecorded = false;
 };

@@ -16,7 +16,7 @@ struct BlockTrailer {
     uint8_t unused8[12];
     Packed2<uint32_t> next, prev;  // trailers; a ring in ascending address order
     uint8_t unused28[4];
-    Packed2<uint32_t> undoSnapshot;  // the block's first size - 28 bytes before the command
+    Packed2<uint32_t> undoSnapshot;  // as the block before the command, in its kept pages
     uint8_t touched;                 // in the current command
     uint8_t added;                   // in the current command
     uint8_t released;                // wholly free: takes no part in the score
@@ -39,6 +39,7 @@ struct PoolBlock {
     uint32_t largestHole = 0;  // never less than the largest hole; more until a search finds out
     uint32_t place = 0;        // among the pool's blocks, by address
     uint64_t change = 0;       // of the pool's changes, the last that it saw
+    uint64_t kept = 0;         // a bit for each page that stands in the snapshot
     bool noted = false;        // among the blocks that the command has changed
 
     BlockTrailer& Trailer() const { return *reinterpret_cast<BlockTrailer*>(start + size - kTrailerSize); }

@@ -1,5 +1,6 @@
 // The write barrier and the one step of undo of a pool.
 #include <algorithm>
+#include <bit>
 #include <utility>
 
 #include "base/Assert.h"
@@ -27,17 +28,50 @@ bool IsEmptyBlock(const PoolBlock& block) {
 
 }  // namespace
 
-void NewMemoryPool::Touch(const void* place) {
-    if (!_recording || !_undoEnabled) {
+void NewMemoryPool::Touch(const void* place, size_t bytes) {
+    const bool recorded = _recording && _undoEnabled;
+    if (!recorded) {
         _unrecorded = true;
-        return;
+        if (_changed.empty()) return;
     }
     PoolBlock* block = Find(place);
-    CORVANE_ASSERT_AS(block, "block");
-    if (!block->Trailer().touched) Snapshot(*block);
+    CORVANE_ASSERT_AS(block || !recorded, "block");
+    if (!block) return;
+    if (!block->Trailer().touched) {
+        if (!recorded) return;
+        StartSnapshot(*block);
+    }
+    const auto from = static_cast<size_t>(static_cast<const uint8_t*>(place) - block->start);
+    const uint64_t pages = PagesOf(from, from + bytes);
+    if (pages & ~block->kept) Keep(*block, pages & ~block->kept);
 }
 
-void NewMemoryPool::Snapshot(PoolBlock& block) {
+// A bit for each page that holds one of these bytes of a block.
+uint64_t NewMemoryPool::PagesOf(size_t from, size_t end) const {
+    const size_t first = from >> _pageShift, last = (end - 1) >> _pageShift;
+    return (~uint64_t{0} >> (kMostPages - 1 - last)) & (~uint64_t{0} << first);
+}
+
+// Visits the bytes of a block that these pages hold, as from and end, neighbouring pages at once.
+template <class Visit>
+void NewMemoryPool::ForEachRun(const PoolBlock& block, uint64_t pages, Visit visit) const {
+    while (pages) {
+        const auto first = static_cast<size_t>(std::countr_zero(pages));
+        const auto count = static_cast<size_t>(std::countr_one(pages >> first));
+        visit(first << _pageShift,
+              std::min((first + count) << _pageShift, size_t{block.size - kSnapshotGap}));
+        pages &= first + count < kMostPages ? ~uint64_t{0} << (first + count) : 0;
+    }
+}
+
+void NewMemoryPool::Keep(PoolBlock& block, uint64_t pages) {
+    auto* copy = StoredSpace::At<uint8_t>(block.Trailer().undoSnapshot.Get());
+    ForEachRun(block, pages,
+               [&](size_t from, size_t end) { std::memcpy(copy + from, block.start + from, end - from); });
+    block.kept |= pages;
+}
+
+void NewMemoryPool::StartSnapshot(PoolBlock& block) {
     BlockTrailer& trailer = block.Trailer();
     uint8_t* copy = nullptr;
     if (_spareSnapshots.empty()) {
@@ -47,7 +81,6 @@ void NewMemoryPool::Snapshot(PoolBlock& block) {
         _spareSnapshots.pop_back();
     }
     CORVANE_ASSERT_AS(copy, "undoSnapshot");
-    std::memcpy(copy, block.start, block.size - kSnapshotGap);
     trailer.undoSnapshot.Put(StoredSpace::DistanceOf(copy));
     trailer.touched = 1;
     block.change = ++_changes;
@@ -64,6 +97,7 @@ void NewMemoryPool::FreeSnapshot(PoolBlock& block) {
     }
     trailer.undoSnapshot.Put(0);
     trailer.touched = 0;
+    block.kept = 0;
 }
 
 void NewMemoryPool::BeginCommand() {
@@ -107,7 +141,9 @@ void NewMemoryPool::Exchange(bool redo) {
         CORVANE_ASSERT_AS(copy, "undoSnapshot");
         block->change = ++_changes;
         Account(*block, -1);
-        std::swap_ranges(block->start, block->start + block->size - kSnapshotGap, copy);
+        ForEachRun(*block, block->kept, [&](size_t from, size_t end) {
+            std::swap_ranges(block->start + from, block->start + end, copy + from);
+        });
         if (trailer.added && !trailer.released)
             trailer.released = 1;
         else if (redo ? trailer.added && trailer.released : trailer.released && !trailer.added) {

@@ -2,6 +2,7 @@
 // it. A field lives in a pool of the current score; main thread only for writes.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "base/StoredSpace.h"
@@ -9,8 +10,9 @@
 
 namespace corvane {
 
-// The write barrier: to be called before any byte of an object in the current pool changes. Null is ignored.
-void Touch(const void* place);
+// The write barrier: to be called before any of these bytes of an object in the current pool changes. Null is
+// ignored.
+void Touch(const void* place, size_t bytes);
 
 // A number of a record. `field = value` touches and writes.
 template <class T>
@@ -21,7 +23,7 @@ public:
     operator T() const { return _value.Get(); }
     T Get() const { return _value.Get(); }
     Stored& operator=(T value) {
-        Touch(this);
+        Touch(this, sizeof *this);
         _value.Put(value);
         return *this;
     }
@@ -44,7 +46,7 @@ public:
     operator T*() const { return Get(); }
     T* operator->() const { return Get(); }
     Ptr& operator=(T* target) {
-        Touch(this);
+        Touch(this, sizeof *this);
         _distance.Put(StoredSpace::DistanceOf(target));
         return *this;
     }
@@ -61,7 +63,7 @@ class Filler {
 public:
     uint8_t operator[](int i) const { return _bytes[i]; }
     void Put(int i, uint8_t value) {
-        Touch(_bytes);
+        Touch(_bytes + i, 1);
         _bytes[i] = value;
     }
 

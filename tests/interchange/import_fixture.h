@@ -79,6 +79,11 @@ protected:
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
+    // Gives back the score of the last import.
+    void Drop() {
+        if (_pool) MemoryManager::Instance().DeletePool(_pool);
+        _pool = nullptr;
+    }
     Status Import(const Bytes& bytes) {
         Drop();
         _pool = MemoryManager::Instance().NewPool();
@@ -148,10 +153,6 @@ private:
             if (TiedToAfter(note)) keys += "~";
         }
         return text + keys;
-    }
-    void Drop() {
-        if (_pool) MemoryManager::Instance().DeletePool(_pool);
-        _pool = nullptr;
     }
 
     NewMemoryPool* _pool = nullptr;

@@ -2,14 +2,19 @@
 
 #include <atomic>
 #include <chrono>
+#include <functional>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "base/Notify.h"
+#include "model/ClassTable.h"
+#include "model/Relations.h"
 #include "platform/rtmidi/MidiKeyboard.h"
 #include "platform/rtmidi/MidiSystems.h"
+#include "platform/rtmidi/MidiThru.h"
 #include "platform/rtmidi/RtMidiPort.h"
 #include "rtmidi_jackd.h"
 
@@ -22,12 +27,20 @@ using std::chrono::milliseconds;
 class NotingSynth : public BuiltInSynth {
 public:
     bool Send(uint8_t status, uint8_t data1, uint8_t data2) override {
-        sent.push_back({status, data1, data2});
+        const std::lock_guard lock(_mutex);
+        _sent.push_back({status, data1, data2});
         return true;
     }
     void Reset() override { ++resets; }
-    std::vector<Bytes> sent;
+    std::vector<Bytes> Sent() const {
+        const std::lock_guard lock(_mutex);
+        return _sent;
+    }
     int resets = 0;
+
+private:
+    mutable std::mutex _mutex;
+    std::vector<Bytes> _sent;
 };
 
 // Some other program's MIDI input, which our port finds as a device.
@@ -80,7 +93,7 @@ TEST(RtMidiPort, WithoutDevicesEverythingForTheBuiltInPortReachesTheSynthesiser)
     }
     const std::vector<Bytes> expected = {
         {0xC1, 0, 0}, {0x91, 60, 100}, {0x91, 60, 0}, {0xB1, 64, 0}, {0xB1, 123, 0}};
-    EXPECT_EQ(synth.sent, expected) << "closing leaves nothing sounding";
+    EXPECT_EQ(synth.Sent(), expected) << "closing leaves nothing sounding";
     EXPECT_EQ(synth.resets, 1);
     RtMidiPort(nullptr).SendNote(-1, 1, 60, 100);
     unsetenv("JACK_DEFAULT_SERVER");
@@ -114,7 +127,7 @@ TEST(RtMidiPort, AnotherProgramReceivesEveryMessageInOrderOnceAndNoNoteHangs) {
         }
     }
     EXPECT_EQ(receiver.Wait(expected.size()), expected);
-    EXPECT_TRUE(synth.sent.empty());
+    EXPECT_TRUE(synth.Sent().empty());
 }
 
 TEST(RtMidiPort, ThreadsThatSendAtOnceDoNotMixTheirMessages) {
@@ -170,36 +183,118 @@ TEST(RtMidiPort, AServerThatEndsIsAFailureAndNobodyWaitsForIt) {
     SetNotifySink(nullptr);
 }
 
-TEST(MidiKeyboard, WhatIsPlayedReachesTheRingAndIsEchoed) {
-    const TestJackd jackd;
-    if (!jackd.Runs()) GTEST_SKIP() << jackd.WhyNot();
-    RtMidiOut keys(RtMidi::UNIX_JACK, "keys");
-    keys.openVirtualPort("out");
-    int16_t number = -1;
-    for (const MidiDevice& device : ListMidiDevices())
-        if (!device.isOutput && device.name.find("keys") != std::string::npos) number = device.number;
-    ASSERT_GE(number, 0);
+// A keyboard of another program's, and the port behind the factory as the program has it.
+class Keyboard : public testing::Test {
+protected:
+    Keyboard() {
+        SoundPort::SetFactory([this] { return std::make_unique<RtMidiPort>(&synth); });
+    }
+    ~Keyboard() override {
+        SoundPort::Close();
+        SoundPort::SetFactory(nullptr);
+        SoundPort::SetThruPort(SoundPort::kNone);
+    }
+    // Its number among the inputs; false without a JACK server.
+    bool PlugIn() {
+        if (!jackd.Runs()) return false;
+        keys.emplace(RtMidi::UNIX_JACK, "keys");
+        keys->openVirtualPort("out");
+        for (const MidiDevice& device : ListMidiDevices())
+            if (!device.isOutput && device.name.find("keys") != std::string::npos) number = device.number;
+        return number >= 0;
+    }
+    static void WaitForTheServer() { std::this_thread::sleep_for(milliseconds(100)); }  // some periods
+    void Press(const Bytes& message) { keys->sendMessage(&message); }
+    static void WaitUntil(const std::function<bool()>& holds) {
+        for (int i = 0; i < 2000 && !holds(); ++i) std::this_thread::sleep_for(milliseconds(1));
+    }
 
+    TestJackd jackd;
     NotingSynth synth;
-    RtMidiPort port(&synth);
+    std::optional<RtMidiOut> keys;
+    int16_t number = -1;
+};
+
+TEST_F(Keyboard, WhatIsPlayedReachesTheRingAndIsEchoed) {
+    if (!jackd.Runs()) GTEST_SKIP() << jackd.WhyNot();
+    ASSERT_TRUE(PlugIn());
     MidiKeyboard keyboard;
-    EXPECT_EQ(keyboard.Open(99, port, MidiKeyboard::Use::Record).message(), "Invalid input port/device");
-    ASSERT_TRUE(keyboard.Open(number, port, MidiKeyboard::Use::Record).ok());
-    std::this_thread::sleep_for(milliseconds(100));  // some periods until the server knows of it
+    constexpr auto record = SoundPort::InputUse::Record;
+    EXPECT_EQ(keyboard.Open(99, record).message(), "Invalid input port/device");
+    ASSERT_TRUE(keyboard.Open(number, record).ok());
+    SoundPort& port = *SoundPort::Instance();
+    WaitForTheServer();
     SoundPort::SetThruPort(SoundPort::kBuiltIn);
     SoundPort::SetThruChannel(2);
     TheInputFlags().mode = InputMode::Step;
-    const Bytes on{0x93, 64, 70};
-    keys.sendMessage(&on);
-    for (int i = 0; i < 2000 && port.Input().IsEmpty(); ++i) std::this_thread::sleep_for(milliseconds(1));
+    Press({0x93, 64, 70});
+    WaitUntil([&] { return !port.Input().IsEmpty(); });
     std::this_thread::sleep_for(milliseconds(20));
     keyboard.Close();
-    InputRecord record;
-    ASSERT_FALSE(port.Input().Pop(record));
-    EXPECT_EQ(record.message, 0x464093u);
-    EXPECT_EQ(synth.sent, (std::vector<Bytes>{{0x91, 64, 70}}));
+    InputRecord got;
+    ASSERT_FALSE(port.Input().Pop(got));
+    EXPECT_EQ(got.message, 0x464093u);
+    EXPECT_EQ(synth.Sent(), (std::vector<Bytes>{{0x91, 64, 70}}));
     TheInputFlags().mode = InputMode::RealTime;
-    SoundPort::SetThruPort(SoundPort::kNone);
+}
+
+TEST_F(Keyboard, SoundsWhereTheScoreSaysWhilePortsComeAndGoUntilThruIsTurnedOff) {
+    if (!jackd.Runs()) GTEST_SKIP() << jackd.WhyNot();
+    ASSERT_TRUE(PlugIn());
+    RegisterClasses();
+    NewMemoryPool* pool = MemoryManager::Instance().NewPool();
+    auto* document = Make<Document>();
+    auto* staff = Make<DocStaff>();
+    staff->_active = 1;
+    staff->_voiceCount = 1;
+    staff->_voices[0]._recordActive = 1;
+    staff->_voices[0]._port = SoundPort::kBuiltIn;
+    staff->_voices[0]._channel = 5;
+    documentDocStaffs.Add(document, staff);
+    SessionPreferences preferences;
+    SetWord(preferences, SessionWord::MidiThru, 1);
+    SetWord(preferences, SessionWord::RecordPort, 99);
+    MidiThru thru;
+    EXPECT_EQ(thru.Refresh(preferences, document).message(), "Invalid input port/device");
+    EXPECT_TRUE(thru.Refresh(preferences, document).ok()) << "told once";
+    SetWord(preferences, SessionWord::RecordPort, number);
+    ASSERT_TRUE(thru.Refresh(preferences, document).ok());
+    WaitForTheServer();
+    Press({0x90, 60, 70});
+    WaitUntil([&] { return synth.Sent().size() == 1; });
+    SoundPort::Close();  // as a play does that ends
+    const std::vector<Bytes> closed = {{0x94, 60, 70}, {0x94, 60, 0}, {0xB4, 64, 0}, {0xB4, 123, 0}};
+    EXPECT_EQ(synth.Sent(), closed);
+    ASSERT_TRUE(thru.Refresh(preferences, document).ok());
+    staff->_voices[0]._channel = 6;
+    ASSERT_TRUE(thru.Refresh(preferences, document).ok());
+    Press({0x90, 62, 70});
+    WaitUntil([&] { return synth.Sent().size() == closed.size() + 1; });
+    SetWord(preferences, SessionWord::MidiThru, 0);
+    ASSERT_TRUE(thru.Refresh(preferences, document).ok());
+    EXPECT_FALSE(thru.IsOpen());
+    const auto sent = synth.Sent();
+    ASSERT_GE(sent.size(), closed.size() + 2);
+    EXPECT_EQ(sent[closed.size()], (Bytes{0x95, 62, 70}));
+    EXPECT_EQ(sent[closed.size() + 1], (Bytes{0x95, 62, 0})) << "no key hangs";
+    EXPECT_EQ(SoundPort::Existing(), nullptr) << "the devices are free";
+    MemoryManager::Instance().DeletePool(pool);
+}
+
+TEST_F(Keyboard, OfAServerThatHasEndedIsClosedWithoutWaiting) {
+    if (!jackd.Runs()) GTEST_SKIP() << jackd.WhyNot();
+    ASSERT_TRUE(PlugIn());
+    MidiKeyboard keyboard;
+    ASSERT_TRUE(keyboard.Open(number, SoundPort::InputUse::Echo).ok());
+    WaitForTheServer();
+    SoundPort::Instance();
+    jackd.Stop();
+    keys.reset();
+    std::this_thread::sleep_for(milliseconds(100));
+    EXPECT_TRUE(ListMidiDevices().empty()) << "asked while the port and the keyboard are still open";
+    keyboard.Close();
+    SoundPort::Close();
+    EXPECT_EQ(keyboard.Open(number, SoundPort::InputUse::Echo).message(), "Invalid input port/device");
 }
 
 }  // namespace

@@ -18,6 +18,7 @@
 #include "platform/fluidsynth/RenderSound.h"
 #include "platform/fluidsynth/SoundFile.h"
 #include "platform/fluidsynth/SoundFont.h"
+#include "platform/rtmidi/RtMidiPort.h"
 #include "play/SynthPort.h"
 #include "rtmidi_jackd.h"
 
@@ -225,8 +226,9 @@ std::vector<std::string> told;
 TEST(FluidSynth, WithoutASoundSystemEverythingIsTakenInSilenceAndToldOnce) {
     setenv("CORVANE_AUDIO", "none", 1);
     SetNotifySink([](Severity, std::string_view text) { told.emplace_back(text); });
+    setenv("JACK_DEFAULT_SERVER", "corvane-no-such-server", 1);
     FluidSynth synth;
-    SynthPort port(synth);
+    RtMidiPort port(&synth);
     SoundPort::PollSilence();
     EXPECT_TRUE(told.empty()) << "not yet known";
     for (int i = 0; i < 5000; ++i) {
@@ -242,6 +244,7 @@ TEST(FluidSynth, WithoutASoundSystemEverythingIsTakenInSilenceAndToldOnce) {
     EXPECT_EQ(told, std::vector<std::string>{"There is no sound card: playing is silent."});
     SetNotifySink(nullptr);
     unsetenv("CORVANE_AUDIO");
+    unsetenv("JACK_DEFAULT_SERVER");
 }
 
 TEST(FluidSynth, IsHeardThroughAJackServer) {

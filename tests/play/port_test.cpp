@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <set>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "base/Notify.h"
@@ -171,6 +173,70 @@ TEST(SoundPort, TheKeyboardIsEchoedAsNotesAndKeptOnlyWhileAsked) {
     EXPECT_TRUE(port.Input().IsEmpty());
     TheInputFlags().ignore = false;
     TheInputFlags().mode = InputMode::RealTime;
+    SoundPort::SetThruPort(SoundPort::kNone);
+    SoundPort::SetThruChannel(SoundPort::kNone);
+}
+
+TEST(SoundPort, AnEchoedKeyEndsWhereItBeganWhateverWasChosenMeanwhile) {
+    RecordingPort port(2);
+    const auto on = [](uint32_t key) { return 0x90 | key << 8 | 80 << 16; };
+    const auto choose = [](int16_t to, int16_t channel) {
+        SoundPort::SetThruPort(to);
+        SoundPort::SetThruChannel(channel);
+    };
+    choose(0, 5);
+    port.EchoInput(on(60));
+    port.EchoInput(on(61));
+    port.EchoInput(on(62));
+    choose(1, 7);
+    port.EchoInput(0x80 | 60 << 8);
+    port.EchoInput(on(61));  // struck again, without an end
+    choose(SoundPort::kNone, SoundPort::kNone);
+    port.EchoInput(0x90 | 61 << 8);
+    port.EchoInput(on(63));
+    port.EndEchoes();
+    port.EndEchoes();
+    ExpectSent(port, {{0, 0, 0x94, 60, 80},
+                      {0, 0, 0x94, 61, 80},
+                      {0, 0, 0x94, 62, 80},
+                      {0, 0, 0x94, 60, 0},
+                      {0, 0, 0x94, 61, 0},
+                      {0, 1, 0x96, 61, 80},
+                      {0, 1, 0x96, 61, 0},
+                      {0, 0, 0x94, 62, 0}});
+}
+
+// The thread sanitizer watches.
+TEST(SoundPort, TheKeyboardPlaysOnWhilePortsComeAndGo) {
+    std::atomic<int> heard = 0, tooLate = 0;
+    std::atomic<bool> open = false;
+    SoundPort::SetFactory([&] {
+        return std::make_unique<RecordingPort>(int16_t{1}, [&](const SentMessage&) {
+            ++heard;
+            tooLate += !open;
+        });
+    });
+    SoundPort::SetThruPort(0);
+    SoundPort::SetThruChannel(1);
+    std::atomic<bool> over = false;
+    std::thread keyboard([&] {
+        for (uint32_t key = 0; !over; key = (key + 1) % 128)
+            for (const uint32_t velocity : {80, 0})
+                SoundPort::PassInput(0x90 | key << 8 | velocity << 16, SoundPort::InputUse::Echo);
+    });
+    for (int i = 0; i < 300; ++i) {
+        const int before = heard;
+        open = true;
+        SoundPort* port = SoundPort::Instance();
+        while (heard == before) std::this_thread::yield();
+        if (i % 2) port->Silence();
+        SoundPort::Close();
+        open = false;
+    }
+    over = true;
+    keyboard.join();
+    EXPECT_EQ(tooLate, 0) << "a closed port is played on no more";
+    SoundPort::SetFactory({});
     SoundPort::SetThruPort(SoundPort::kNone);
     SoundPort::SetThruChannel(SoundPort::kNone);
 }

@@ -237,7 +237,7 @@ TEST_F(WindowJournalTest, AStateThatOurOwnFaultSpoiltGivesWayToTheOneBefore) {
     {
         const EditStep step(*window);
         Measure* measure = systemMeasures.First(pageSystems.First(window->CurrentPage()));
-        Touch(measure);
+        Touch(measure, sizeof *measure);
         const uint32_t wild = 0x12345678;
         std::memcpy(reinterpret_cast<uint8_t*>(measure) + 4, &wild, sizeof wild);
     }
@@ -309,7 +309,7 @@ TEST_F(WindowJournalTest, WritesThatNeverEndDoNotKeepAStateFromBeingGiven) {
     Journal journal(thread, disk, "busy.journal", *window);
     int slices = 0;
     for (; journal.Safe() == 0 && slices < 100; ++slices) {
-        Touch(window->GetDocument());  // outside of a command
+        Touch(window->GetDocument(), 1);  // outside of a command
         JournalBudget budget{4, Journal::Time::max()};
         journal.Slice(std::chrono::steady_clock::now(), budget);
         thread.Wait();

@@ -139,19 +139,19 @@ TEST_F(Pool, OneCopyIsMadeOfABlockInACommandAndOnlyThen) {
     void* object = Voice();
     const auto used = [] { return StoredSpace::BytesInUse(); };
     const uint64_t before = used();
-    Touch(object);
+    Touch(object, 2);
     pool->BeginCommand();
-    Touch(object);
+    Touch(object, 2);
     EXPECT_EQ(used(), before) << "undo is not armed";
     pool->EnableUndo();
-    Touch(object);
+    Touch(object, 2);
     EXPECT_GT(used(), before + 150000);
     const uint64_t once = used();
-    Touch(static_cast<uint8_t*>(object) + 16);
+    Touch(static_cast<uint8_t*>(object) + 16, 2);
     EXPECT_EQ(used(), once);
     pool->EndCommand();
     pool->BeginCommand();
-    Touch(object);
+    Touch(object, 2);
     EXPECT_EQ(used(), once) << "the copy of the command before is gone";
 }
 
@@ -237,6 +237,29 @@ public:
     std::map<const uint8_t*, std::vector<Hole>> blocks;  // by start; wholly free ones are none
 };
 
+TEST_F(Pool, UndoBringsBackTheWholeBlockAlsoWhatWasWrittenBetweenCommands) {
+    constexpr int32_t kBytes = 20000;
+    auto* near = static_cast<uint8_t*>(pool->AllocateRaw(kBytes));
+    auto* far = static_cast<uint8_t*>(pool->AllocateRaw(kBytes));
+    pool->EnableUndo();
+    const auto write = [](uint8_t* place, uint8_t value) {
+        Touch(place, 3 * 4096);
+        std::memset(place, value, 3 * 4096);
+    };
+    write(far, 1);
+    pool->BeginCommand();
+    write(near + 4000, 2);
+    pool->EndCommand();
+    write(far + 4000, 3);
+    pool->Undo();
+    EXPECT_EQ(std::count(near, near + kBytes, 0), kBytes);
+    EXPECT_EQ(std::count(far, far + 3 * 4096, 1), 3 * 4096);
+    EXPECT_EQ(std::count(far + 3 * 4096, far + kBytes, 0), kBytes - 3 * 4096);
+    pool->Redo();
+    EXPECT_EQ(std::count(near, near + kBytes, 2), 3 * 4096);
+    EXPECT_EQ(std::count(far, far + kBytes, 3), 3 * 4096);
+}
+
 class PoolModel : public ::testing::Test {
 protected:
     PoolModel() {
@@ -267,6 +290,14 @@ protected:
         live.pop_back();
         pool->Release(object);
         naive.Give(object - kWordSize, span);
+    }
+    // New bytes somewhere inside of an object, as a setter writes them.
+    void Write() {
+        const auto [object, span] = live[random() % live.size()];
+        const uint32_t from = static_cast<uint32_t>(random() % (span - 12)),
+                       bytes = 1 + static_cast<uint32_t>(random() % (span - 12 - from));
+        Touch(object + from, bytes);
+        std::memset(object + from, static_cast<int>(random()), bytes);
     }
     // Every byte that undo answers for, block by block.
     std::map<const uint8_t*, Bytes> Image() const {
@@ -299,6 +330,8 @@ TEST_F(PoolModel, RandomCommandsPlaceObjectsAsTheNaiveModelAndUndoRestoresEveryt
         for (unsigned i = 1 + random() % 6; i > 0; --i)
             if (live.size() < 2 || random() % 100 < growing)
                 Take();
+            else if (random() % 2)
+                Write();
             else
                 Give();
         pool->EndCommand();

@@ -80,7 +80,9 @@ bool FluidSynth::OpenSound() {
         if (!IsWanted(system.name) || !system.isThere()) continue;
         fluid_settings_setstr(settings, "audio.driver", system.name);
         _driver = new_fluid_audio_driver(settings, _engine->Synth());
-        if (_driver) return true;
+        if (!_driver) continue;
+        if (system.isThere == JackServerRuns) _jack = std::make_unique<JackWatch>();
+        return true;
     }
     return false;
 }

@@ -12,6 +12,7 @@ struct _fluid_audio_driver_t;
 
 namespace corvane {
 
+class JackWatch;
 class SynthEngine;
 
 // Starts in the background, some 60 ms; what is sent meanwhile sounds when it is ready. Without a sound card,
@@ -43,6 +44,7 @@ private:
     std::atomic<State> _state{State::Idle};
     MessageQueue _queue{true};
     std::unique_ptr<SynthEngine> _engine;
+    std::unique_ptr<JackWatch> _jack;  // while it is heard through that server
     _fluid_audio_driver_t* _driver = nullptr;
     std::thread _starter;
 };

@@ -21,6 +21,8 @@ Function Find(const char* name) {
     return Library() ? reinterpret_cast<Function>(dlsym(Library(), name)) : nullptr;
 }
 
+std::atomic<int> goneButWatched{0};
+
 void* Join(const char* name) {
     constexpr int kNoStartServer = 1;
     const auto open = Find<void* (*)(const char*, int, int*, ...)>("jack_client_open");
@@ -52,6 +54,8 @@ int JackPeriod() {
     KeepJackQuiet();
     const auto frames = Find<uint32_t (*)(void*)>("jack_get_buffer_size");
     const auto rate = Find<uint32_t (*)(void*)>("jack_get_sample_rate");
+    // To join in vain would take the library from under those who still hold on to a server that has gone.
+    if (goneButWatched > 0) return 0;
     void* client = frames && rate ? Join("corvane-look") : nullptr;
     if (!client) return 0;
     const int period = static_cast<int>(frames(client) * uint64_t{1000} / std::max(rate(client), 1u)) + 1;
@@ -65,14 +69,20 @@ JackWatch::JackWatch() {
     const auto callWhenGone = Find<void (*)(void*, void (*)(void*), void*)>("jack_on_shutdown");
     const auto activate = Find<int (*)(void*)>("jack_activate");
     if (!_client || !callWhenGone || !activate) return;
-    const auto noteGone = [](void* gone) { static_cast<std::atomic<bool>*>(gone)->store(true); };
     _gone = false;
-    callWhenGone(_client, noteGone, &_gone);
-    if (activate(_client) != 0) _gone = true;
+    callWhenGone(
+        _client, [](void* watch) { static_cast<JackWatch*>(watch)->NoteGone(); }, this);
+    if (activate(_client) != 0) NoteGone();
+}
+
+void JackWatch::NoteGone() {
+    if (!_gone.exchange(true)) ++goneButWatched;
 }
 
 JackWatch::~JackWatch() {
-    if (_client) Leave(_client);
+    if (!_client) return;
+    Leave(_client);
+    if (_gone) --goneButWatched;
 }
 
 }  // namespace corvane

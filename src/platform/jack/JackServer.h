@@ -10,13 +10,14 @@ namespace corvane {
 // before other threads run, since the environment changes.
 void KeepJackQuiet();
 
-// The period, in milliseconds and rounded up, of the server that runs and takes clients; 0 where none does.
-// Joins and leaves it to find out: some milliseconds where one runs, far less else.
+// The period, in milliseconds and rounded up, of the server that runs and takes clients; 0 where none does,
+// and as long as a JackWatch stays with one that is gone. Joins and leaves it to find out: some milliseconds
+// where one runs, far less else.
 int JackPeriod();
 inline bool JackServerRuns() { return JackPeriod() > 0; }
 
 // Stays with the server that runs now, to notice when it ends: libraries wait for ever for a server that is
-// gone.
+// gone. Whoever is a client of the server by a library holds one, and lets it go after that.
 class JackWatch {
 public:
     JackWatch();
@@ -28,6 +29,8 @@ public:
     bool ServerIsGone() const { return _gone.load(std::memory_order_relaxed); }
 
 private:
+    void NoteGone();
+
     void* _client;
     std::atomic<bool> _gone{true};
 };

@@ -24,7 +24,8 @@ template <typename Write>
 Status ReplaceFile(const std::string& path, Write write) {
     QSaveFile file(QString::fromStdString(path));
     if (!file.open(QIODevice::WriteOnly)) return CannotWrite(path);
-    if (!write(file)) return CannotWrite(path);
+    // Committing would pass over a failure to write what is still buffered.
+    if (!write(file) || !file.flush()) return CannotWrite(path);
     return file.commit() ? Status::Ok() : CannotWrite(path);
 }
 

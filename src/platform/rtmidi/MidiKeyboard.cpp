@@ -1,7 +1,7 @@
 #include "platform/rtmidi/MidiKeyboard.h"
 
+#include "platform/jack/JackServer.h"
 #include "platform/rtmidi/MidiSystems.h"
-#include "play/SoundPort.h"
 
 namespace corvane {
 namespace {
@@ -14,9 +14,9 @@ uint32_t MessageOf(const std::vector<unsigned char>& bytes) {
     return message;
 }
 
-template <void (SoundPort::*Take)(uint32_t)>
-void Receive(double, std::vector<unsigned char>* bytes, void* port) {
-    if (const uint32_t message = MessageOf(*bytes)) (static_cast<SoundPort*>(port)->*Take)(message);
+template <SoundPort::InputUse Use>
+void Receive(double, std::vector<unsigned char>* bytes, void*) {
+    if (const uint32_t message = MessageOf(*bytes)) SoundPort::PassInput(message, Use);
 }
 
 }  // namespace
@@ -24,20 +24,24 @@ void Receive(double, std::vector<unsigned char>* bytes, void* port) {
 MidiKeyboard::MidiKeyboard() = default;
 MidiKeyboard::~MidiKeyboard() = default;
 
-void MidiKeyboard::Close() { _device.reset(); }
+void MidiKeyboard::Close() {
+    _device.reset();
+    _jack.reset();
+}
 
 bool MidiKeyboard::IsOpen() const { return _device != nullptr; }
 
-Status MidiKeyboard::Open(int16_t number, SoundPort& port, Use use) {
+Status MidiKeyboard::Open(int16_t number, SoundPort::InputUse use) {
     Close();
     const Status invalid(Fault::NotFound, "Invalid input port/device");
     const auto places = InputPlaces();
     if (number < 0 || static_cast<size_t>(number) >= places.size()) return invalid;
     const MidiPlace& place = places[static_cast<size_t>(number)];
+    if (place.api == RtMidi::UNIX_JACK) _jack = std::make_unique<JackWatch>();
     try {
         auto device = std::make_unique<RtMidiIn>(place.api, "Corvane");
-        device->setCallback(
-            use == Use::Record ? Receive<&SoundPort::RecordInput> : Receive<&SoundPort::EchoInput>, &port);
+        using Use = SoundPort::InputUse;
+        device->setCallback(use == Use::Record ? Receive<Use::Record> : Receive<Use::Echo>);
         device->openPort(place.index, "in");
         if (!device->isPortOpen()) return invalid;
         _device = std::move(device);

@@ -10,7 +10,6 @@
 namespace corvane {
 
 class JackWatch;
-class JackWatch;
 class MidiOutput;
 
 // Opens every output for its lifetime, which takes some periods where a JACK server runs, as does closing: it
