@@ -3,6 +3,7 @@ import os
 import re
 import shutil
 import subprocess
+import sys
 import tempfile
 import time
 
@@ -26,6 +27,19 @@ def wait_for(condition, what):
             return result
         time.sleep(0.02)
     raise Failure(f"waited in vain for {what}")
+
+
+def take(journey):
+    """Takes a journey(desk, corvane) with the program and the folder for pictures that the script was told."""
+    corvane, pictures = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
+    with Desk(pictures) as desk:
+        try:
+            journey(desk, corvane)
+        except Failure as failure:
+            desk.picture("failure")
+            print(f"FAILED: {failure}")
+            return 1
+    return 0
 
 
 class Desk:
