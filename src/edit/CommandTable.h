@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <vector>
 
 #include "base/Status.h"
 #include "edit/CommandArguments.h"
@@ -22,6 +23,7 @@ CommandFamily SwitchCommands();
 CommandFamily ClipboardCommands();
 CommandFamily SignCommands();
 CommandFamily NoteCommands();
+CommandFamily GraceCommands();
 CommandFamily SelectionCommands();
 CommandFamily WalkCommands();
 CommandFamily StructureCommands();
@@ -30,6 +32,9 @@ CommandFamily LayoutCommands();
 CommandFamily FontCommands();
 CommandFamily TextCommands();
 CommandFamily MixerCommands();
+
+// All of them.
+std::vector<CommandFamily> CommandFamilies();
 
 // When commands can act.
 bool NotPlaying(const WindowTarn& window);

@@ -78,6 +78,18 @@ void PutMeter(Values& values) {
     if (!values.First()) return;
     values.Put("num", values.First()->_num);
     values.Put("den", values.First()->_den);
+    const MeasureStaff* crossing = measureStaffs.First(values.First());
+    const auto* sign = crossing ? SignOf<TimeSignature>(crossing) : nullptr;
+    values.Put("pickup", sign && sign->_pickup ? 1 : 0);
+}
+
+void PutGrace(Values& values) {
+    const auto* preferences = Preferences<GracePref>(values.Score());
+    if (!preferences) return;
+    values.Put("time", preferences->_mode == GracePref::kPrecedingNote ? "preceding" : "following");
+    values.Put("assigned", preferences->_percentAssigned);
+    values.Put("cut", preferences->_percentCut);
+    values.Put("slash", preferences->_type == GracePref::kSlashed);
 }
 
 void PutKey(Values& values) {
@@ -259,7 +271,7 @@ constexpr struct {
     {32817, PutDuration},      {32807, PutSpacing},   {33177, PutSpacingTable},
     {32786, PutGaps},          {57606, PutPaper},     {32776, PutMargins},
     {32777, PutStaffForm},     {32787, PutIndent},    {32798, PutTimesShown},
-    {33090, PutFont},          {32782, PutNumbering}, {40011, PutTitle},
+    {33088, PutGrace}, {33090, PutFont},          {32782, PutNumbering}, {40011, PutTitle},
     {40012, PutStaffName},
 };
 

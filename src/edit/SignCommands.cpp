@@ -35,7 +35,9 @@ Status TimeSignatureCommand(WindowTarn& window, const CommandArguments& argument
                                                : std::vector<int>{reader.Number("num", 1, kMostBeats)};
     meter.den = told ? reader.Number("den", 1, kMostParts, usual) : reader.Number("den", 1, kMostParts);
     if (meter.kind == MeterKind::Normal && meter.summands.size() > 1) meter.kind = MeterKind::Sum;
-    const MeasureRange range = ReadRange(reader, window);
+    meter.pickup = reader.Number("pickup", 0, 1, 0) != 0;
+    MeasureRange range = ReadRange(reader, window);
+    if (meter.pickup && !range.last) range.last = range.first;  // no second one follows
     if (const Status status = reader.Result(); !status) return status;
     return ChangeMeter(window, range, meter);
 }

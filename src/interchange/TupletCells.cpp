@@ -31,16 +31,18 @@ void TupletCells::Find(const std::vector<NoteEvent>& events) {
     for (const NoteEvent& event : events)
         if (const FineTime time = _bars.Fine(event.time); event.isOn && (ons.empty() || ons.back() != time))
             ons.push_back(time);
-    for (size_t i = 0; i < ons.size(); ++i) {
+    for (const NoteEvent& event : events) {
         TupletCell cell;
-        if (IsPlain(ons[i]) || (!_cells.empty() && ons[i] < _cells.back().End())) continue;
-        if (FindCell(ons, i, cell)) _cells.push_back(cell);
+        const FineTime time = _bars.Fine(event.time);
+        if (!event.isOn && _options.level != 0) continue;
+        if (IsPlain(time) || (!_cells.empty() && time < _cells.back().End())) continue;
+        if (FindCell(ons, time, cell)) _cells.push_back(cell);
     }
 }
 
-bool TupletCells::FindCell(const std::vector<FineTime>& ons, size_t i, TupletCell& cell) const {
+bool TupletCells::FindCell(const std::vector<FineTime>& ons, FineTime time, TupletCell& cell) const {
     const FineTime free = _cells.empty() ? 0 : _cells.back().End();
-    const Bar& bar = _bars[_bars.BarOf(ons[i])];
+    const Bar& bar = _bars[_bars.BarOf(time)];
     for (const FineTime length : kLengths)
         for (int place = 0; place < _options.tupletKind; ++place) {
             const TupletRatioOf ratio = TupletOfPlace(place);
@@ -48,23 +50,24 @@ bool TupletCells::FindCell(const std::vector<FineTime>& ons, size_t i, TupletCel
             cell.inTimeOf = ratio.inTimeOf;
             cell.length = length;
             cell.figure = static_cast<int>(kWholeNote * ratio.inTimeOf / length);
-            cell.start = bar.start + (ons[i] - bar.start) / length * length;
+            cell.start = bar.start + (time - bar.start) / length * length;
             if (cell.figure > std::min(_options.tupletResolution, 128)) continue;
             if (cell.start < free || cell.End() > bar.End()) continue;
-            if (Fits(ons, i, cell)) return true;
+            if (HasPlace(time, cell) && Fits(ons, cell)) return true;
         }
     return false;
 }
 
-bool TupletCells::Fits(const std::vector<FineTime>& ons, size_t i, const TupletCell& cell) const {
-    const auto begins = [&](size_t at) { return ons[at] + _tolerance >= cell.start; };
-    while (i > 0 && begins(i - 1)) --i;
-    for (; i < ons.size() && ons[i] + _tolerance < cell.End(); ++i) {
-        const FineTime late = ons[i] - cell.start;
-        if (std::abs(late - RoundedTo(std::max<FineTime>(0, late), cell.Part())) > 2 * _tolerance)
-            return false;
-    }
+bool TupletCells::Fits(const std::vector<FineTime>& ons, const TupletCell& cell) const {
+    auto on = std::lower_bound(ons.begin(), ons.end(), cell.start - _tolerance);
+    for (; on != ons.end() && *on + _tolerance < cell.End(); ++on)
+        if (!HasPlace(*on, cell)) return false;
     return true;
+}
+
+bool TupletCells::HasPlace(FineTime time, const TupletCell& cell) const {
+    const FineTime late = time - cell.start;
+    return std::abs(late - RoundedTo(std::max<FineTime>(0, late), cell.Part())) <= 2 * _tolerance;
 }
 
 FineTime TupletCells::Settle(const NoteEvent& event) const {

@@ -23,7 +23,8 @@ class TupletCells {
 public:
     TupletCells(const BarGrid& bars, const ImportOptions& options);
 
-    // Finds the cells of notes of one voice, in time order; the grid holds a measure for each of them.
+    // Finds the cells of notes of one voice, in time order; the grid holds a measure for each of them. Where
+    // every tick counts an end may ask for a cell too.
     void Find(const std::vector<NoteEvent>& events);
     // The place of an event: the nearest of its cell's parts, or of the plain grid.
     FineTime Settle(const NoteEvent& event) const;
@@ -35,9 +36,10 @@ public:
 
 private:
     bool IsPlain(FineTime time) const;
-    // A cell in which the note at `ons[i]`, that is off the plain grid, has its place; false for none.
-    bool FindCell(const std::vector<FineTime>& ons, size_t i, TupletCell& cell) const;
-    bool Fits(const std::vector<FineTime>& ons, size_t i, const TupletCell& cell) const;
+    // A cell in which what is at `time`, off the plain grid, has its place; false for none.
+    bool FindCell(const std::vector<FineTime>& ons, FineTime time, TupletCell& cell) const;
+    bool Fits(const std::vector<FineTime>& ons, const TupletCell& cell) const;
+    bool HasPlace(FineTime time, const TupletCell& cell) const;
 
     const BarGrid& _bars;
     const ImportOptions& _options;

@@ -12,6 +12,8 @@ namespace corvane {
 namespace {
 
 constexpr int kNoteOn = 0x90, kController = 0xB0, kProgram = 0xC0, kVolumeController = 7, kMost = 127;
+// At most, of a place in a measure: less than a quarter of a tick.
+constexpr int kClocksCutOff = 8;
 
 bool HasChannel(const VoiceRecord& voice) { return voice._channel >= 1 && voice._channel <= 16; }
 
@@ -103,11 +105,13 @@ const TimeElement* VoiceTracks::Behind(const TimeElement* element) {
     return EnterNext() ? FirstFromHere() : nullptr;
 }
 
-// Counted from the measure's start each time: what is cut off never adds up.
+// Counted from the measure's start each time: what is cut off never adds up. Clocks are cut off too, so that
+// the parts of a triplet would begin a tick early, each as its beat happens to lie.
 int32_t VoiceTracks::DueTime(const TimeElement* element) const {
     const int64_t num = std::max<int>(1, _measure->_num), ticks = _length;
     const int64_t due =
-        _start + (ticks * element->_clock / kClocksPerBeat + ticks * (element->_beat - 1)) / num;
+        _start +
+        (ticks * (element->_clock + kClocksCutOff) / kClocksPerBeat + ticks * (element->_beat - 1)) / num;
     return static_cast<int32_t>(std::min<int64_t>(due, _start + _length));
 }
 

@@ -75,6 +75,7 @@ void SetTime(MeasureStaff* crossing, const Meter& meter) {
     const auto kind = static_cast<uint8_t>(meter.kind);
     bool changed = false;
     if (sign->_kind != kind) sign->_kind = kind;
+    if (sign->_pickup != uint8_t{meter.pickup}) sign->_pickup = meter.pickup;
     Document* document = DocumentPar(crossing);
     Rename(document, sign->_symbol, SymbolNameOf(document, meter), changed);
 }

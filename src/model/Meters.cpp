@@ -81,6 +81,7 @@ std::string SymbolNameOf(const Document* document, const Meter& meter) {
 Meter MeterOf(const TimeSignature* sign) {
     const Measure* measure = MeasurePar(sign);
     Meter meter{{measure->_num}, measure->_den, static_cast<MeterKind>(sign->_kind.Get())};
+    meter.pickup = sign->_pickup != 0;
     if (meter.kind != MeterKind::Sum && meter.kind != MeterKind::SumOfFractions) return meter;
     std::vector<int> summands = SummandsIn(SymbolName(sign->_symbol));
     if (std::accumulate(summands.begin(), summands.end(), 0) == measure->_num)

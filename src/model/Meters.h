@@ -34,6 +34,7 @@ struct Meter {
     std::vector<int> summands{4};  // the numerator, in parts where it is written so
     int den = 4;
     MeterKind kind = MeterKind::Normal;
+    bool pickup = false;  // shorter than the meter that it leads to, which a count-off takes
 
     int Num() const;
     friend bool operator==(const Meter&, const Meter&) = default;

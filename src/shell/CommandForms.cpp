@@ -22,6 +22,7 @@ constexpr O kMeters[] = {
     {"A sum of fractions", "kind=fractions"}, {"A note below", "kind=note"}, {"The numerator alone", "kind=numerator"},
     {"In brackets", "kind=bracketed"},
 };
+constexpr O kPickups[] = {{"No", ""}, {"Yes, for one measure", "pickup=1"}};
 constexpr O kKeys[] = {
     {"Cb maj./Ab min.", "fifths=-7"}, {"Gb maj./Eb min.", "fifths=-6"}, {"Db maj./Bb min.", "fifths=-5"},
     {"Ab maj./F min.", "fifths=-4"}, {"Eb maj./C min.", "fifths=-3"}, {"Bb maj./G min.", "fifths=-2"},
@@ -75,6 +76,8 @@ constexpr O kTupletFigures[] = {
 constexpr O kTupletBrackets[] = {
     {"Unless one beam holds the notes", "bracket=unbeamed"}, {"Always", "bracket=always"}, {"None", "bracket=none"},
 };
+constexpr O kGraceTimes[] = {{"The following note", "time=following"}, {"The preceding note", "time=preceding"}};
+constexpr O kSlashes[] = {{"No", "slash=0"}, {"Yes", "slash=1"}};
 constexpr O kOctaves[] = {
     {"Octave up", "kind=8up"}, {"Octave down", "kind=8down"}, {"Two octaves up", "kind=15up"},
     {"Two octaves down", "kind=15down"},
@@ -102,6 +105,7 @@ constexpr F kMeter[] = {
     {.label = "&Written as:", .name = "", .options = kMeters},
     {.label = "&Numerator:", .name = "num", .usual = "4", .modes = kNumbered},
     {.label = "&Denominator:", .name = "den", .usual = "4", .least = 1, .most = 128, .modes = kNumbered},
+    {.label = "&Pickup:", .name = "", .options = kPickups, .modes = kNumbered},
     kFrom, kToNext,
 };
 constexpr F kKey[] = {{.label = "&Key:", .name = "", .usual = "fifths=0", .options = kKeys}, kFrom, kToNext};
@@ -176,6 +180,12 @@ constexpr F kTuplet[] = {
     {.label = "&Figure:", .name = "", .options = kTupletFigures},
     {.label = "&Bracket:", .name = "", .options = kTupletBrackets},
 };
+constexpr F kGrace[] = {
+    {.label = "&Time is taken from:", .name = "", .options = kGraceTimes},
+    {.label = "Percent of &assigned duration:", .name = "assigned", .usual = "80", .least = 0, .most = 100},
+    {.label = "Percent of &cut note:", .name = "cut", .usual = "50", .least = 0, .most = 100},
+    {.label = "New ones have a &slash:", .name = "", .options = kSlashes},
+};
 constexpr F kOctaveLine[] = {{.label = "&Sounding:", .name = "", .options = kOctaves}};
 
 constexpr const char* kManyMeasures = "Are you sure you want to insert more than 15 measures?";
@@ -189,6 +199,7 @@ constexpr CommandForm kForms[] = {
     {32788, kFlowMeasures, "", false, kManyMeasures}, {32789, kFlowSystems, "", false, kManySystems},
     {32782, kNumbers}, {40011, kTitle}, {40012, kStaffName, "The short name stands at all systems but the first."},
     {32805, kTuplet, "The same tuplet again takes it away.", true}, {40023, kOctaveLine, "", true},
+    {33088, kGrace, "For new grace notes and those that are selected."},
     {32817, kDurations, "", true}, {32819, kTranspose, "", true},
 };
 // clang-format on

@@ -237,6 +237,7 @@ const MenuRow kRows[] = {
     {kNotes, 40024, "Tr&ill Line", ""},
     {kNotes, 40025, "Pedal Li&ne", ""},
     {kNotes, 0},
+    {kNotes, 33088, "Grace Notes Options...", "Ctrl+G"},
     {kNotes, 32819, "Trans&pose..."},
     {kNotes, 32817, "Change &Durations..."},
     {kNotes, 33036, "En&harmonic", "Ctrl+E"},

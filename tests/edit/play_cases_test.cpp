@@ -1,15 +1,13 @@
 // Scores made by the same steps that a person takes, and the ticks that they are played at, worked out by
 // hand: the first beat at 120, a quarter at 60 lasting 240.
-#include "model/Preferences.h"
 #include "play/DryPlay.h"
-#include "play/TarnPlaySound.h"
 #include "sign_fixture.h"
 
 namespace corvane {
 namespace {
 
 constexpr int kTime = 32779, kTempo = 32778, kBarline = 32783, kEndings = 32796, kAddPages = 32790,
-              kTieNotes = 32804;
+              kTieNotes = 32804, kGraceOptions = 33088, kMixer = 33050;
 constexpr int k64th = 15;  // of the palette
 
 class PlayCases : public SignTest {
@@ -57,6 +55,22 @@ protected:
 
 // Lines from 0: d' 62, e' 64, f' 65, g' 67, a' 69.
 
+TEST_F(PlayCases, PlainNotesOfTwoStaves) {
+    Do(kMixer, {{"staff", "1"}, {"port", "2"}, {"channel", "3"}, {"program", "41"}, {"volume", "100"}});
+    Do(kMixer, {{"staff", "2"}, {"channel", "4"}, {"transposition", "-12"}});
+    Append(kQuarter, 1, 0);
+    Append(kQuarterRest, 1, 4);
+    Append(kHalf, 1, 2);
+    Enter(kHalf, 1, 2, 100, 5);  // d, two octaves below the d'
+    // The program and full volume first; velocity 64 of 127, with a volume of 100 fifty of it.
+    EXPECT_EQ(DryPlay(Score()),
+              "0 2 194 40 0\n0 2 178 7 127\n"
+              "120 2 146 62 50\n120 -1 147 38 64\n"
+              "360 2 146 62 0\n"
+              "600 -1 147 38 0\n600 2 146 65 50\n"
+              "1080 2 146 65 0\n");
+}
+
 TEST_F(PlayCases, MetersAndTheirCarry) {
     // A beat of 5/6 is two thirds of a quarter: 160 ticks, a measure 800.
     Do(kTime, {{"num", "5"}, {"den", "6"}, {"from", "1"}, {"to", "2"}});
@@ -82,10 +96,10 @@ TEST_F(PlayCases, TempoChangesInsideMeasures) {
 }
 
 TEST_F(PlayCases, PickupAndCountOffOfSevenBeats) {
-    Do(kTime, {{"num", "1"}, {"den", "4"}, {"from", "1"}, {"to", "1"}});
+    Step([&] { Do(kTime, {{"num", "1"}, {"den", "4"}, {"from", "1"}, {"pickup", "1"}}); });
     Append(kQuarter, 1, 0);
     Append(kWhole, 2, 1);
-    SignOf<TimeSignature>(Crossing(1, 1))->_pickup = 1;
+    ExpectSameAfterReload();
     const PlaySetup setup = Clicked(1);
     // Four beats and the three that the pickup lacks, from 120; the pickup at 120 + 7 * 240.
     EXPECT_EQ(Sounds(false, setup), "1800:62 2040:64");
@@ -130,19 +144,19 @@ TEST_F(PlayCases, SoloAndMute) {
     Enter(kWhole, 1, 2, 100, 5);
     const std::string both = Sounds();
     EXPECT_EQ(both.size(), std::string("120:62 120:50").size());
-    StaffNumber(1)->_active = 0;
+    Do(kMixer, {{"staff", "1"}, {"on", "0"}});
     EXPECT_EQ(Sounds(), both.substr(7)) << "the first staff is mute";
-    StaffNumber(1)->_solo = 1;
-    Score()->_hasSolo = 1;
-    EXPECT_EQ(Sounds(), both.substr(0, 6)) << "a soloed staff is heard, whatever its mute says";
+    Do(kMixer, {{"staff", "1"}, {"solo", "1"}});
+    EXPECT_EQ(Sounds(), both.substr(0, 6)) << "solo takes the mute away";
+    Do(kMixer, {{"staff", "2"}, {"solo", "1"}});
+    EXPECT_EQ(Sounds(), both);
+    Do(kMixer, {{"staff", "1"}, {"on", "0"}});
+    EXPECT_EQ(Sounds(), both.substr(7)) << "mute takes the solo away";
 }
 
 TEST_F(PlayCases, GraceNotesBothWays) {
-    auto* grace = Preferences<GracePref>(Score());
-    grace->_percentAssigned = 100;
-    grace->_percentCut = 50;
-    const auto enter = [&](int mode, int measure) {
-        grace->_mode = static_cast<int16_t>(mode);
+    const auto enter = [&](const char* from, int measure) {
+        Do(kGraceOptions, {{"time", from}, {"assigned", "100"}, {"cut", "50"}});
         Append(kQuarter, measure, 0);
         Append(kQuarter, measure, 1);
         ToggleGrace();
@@ -150,11 +164,15 @@ TEST_F(PlayCases, GraceNotesBothWays) {
         Enter(kEighth, measure, 1, XOf(second) - 30, 4);
         ToggleGrace();
     };
-    enter(17, 1);
-    enter(18, 2);
+    enter("following", 1);
+    enter("preceding", 2);
     // An eighth is half a quarter: taken from the next, 360 + 120, and from the one before, 1320 - 120.
     EXPECT_EQ(Sounds(), "120:62 360:69 480:64 1080:62 1200:69 1320:64");
     EXPECT_EQ(Sounds(true), "360:62 480:69 600:64 1200:62 1320:69 1560:64");
+    // Another share for those of the first measure alone: a quarter of the quarter.
+    Step([&] { Do(kGraceOptions, {{"time", "preceding"}, {"cut", "25"}, {"from", "1"}, {"to", "1"}}); });
+    EXPECT_EQ(Sounds(), "120:62 300:69 360:64 1080:62 1200:69 1320:64");
+    EXPECT_EQ(Refusal(kGraceOptions, {{"cut", "101"}}), "cut is a whole number from 0 to 100");
 }
 
 }  // namespace

@@ -9,6 +9,9 @@ from entry import Plan, Program
 BY_HAND = [
     ("key", "Key Signature", "alt+s k", "alt+k d", "command 32781 fifths=2 from=1"),
     ("meter", "Time Signature", "alt+s t", "alt+n 3 alt+f ctrl+a 3", "command 32779 num=3 den=4 from=3"),
+    ("pickup", "Time Signature", "alt+s t", "alt+n 1 alt+p Down alt+f ctrl+a 4",
+     "command 32779 num=1 den=4 pickup=1 from=4"),
+    ("grace", "Grace Notes Options", "ctrl+g", "alt+t Down alt+c ctrl+a 2 5", "command 33088 time=preceding cut=25"),
     ("transpose", "Transpose", "alt+n p", "alt+d Down alt+i Down Down", "command 32819 interval=-m3 from=1 to=2"),
     ("durations", "Change Durations", "alt+n d", "alt+t Down Down", "command 32817 by=half from=1 to=2"),
     ("measures", "Add Measures", "alt+s a m", "alt+n ctrl+a 2 alt+a ctrl+a 1", "command 32791 count=2 after=1"),

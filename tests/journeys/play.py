@@ -62,8 +62,15 @@ def expect_silence(desk, monitor, after):
     expect(not late, f"notes still come: {after}")
 
 
-def watch(desk, monitor):
-    """The cursor goes from beat to beat, and the page turns as its last measure begins."""
+def messages_due(program, path):
+    """What a play sends to output 0, in its order."""
+    lines = [[int(word) for word in line.split()] for line in program.run("play", "--dry", path).splitlines()]
+    return [tuple(line[2:]) for line in lines if line[1] == 0]
+
+
+def watch(desk, monitor, due):
+    """The cursor goes from beat to beat, and the page turns as its last measure begins; every message arrives once, in
+    its order."""
     desk.key("space")
     wait_for_measure(desk, 1)
     seen = []
@@ -83,6 +90,9 @@ def watch(desk, monitor):
     desk.picture("4-second-page")
     expect(monitor.starts(1) and monitor.starts(2), "a staff is not heard")
     expect_silence(desk, monitor, "the end of the score")
+    came = [message[1:] for message in monitor.messages()]
+    expect(came[:len(due)] == due, f"of {len(due)} messages others arrived, or in another order")
+    expect(all(status & 0xF0 == 0xB0 for status, _, _ in came[len(due):]), f"{came[len(due):]} came behind the end")
     quarters = [frame for frame, _ in monitor.starts(1)]
     halves = [frame for frame, _ in monitor.starts(2)]
     expect((len(quarters), len(halves)) == (24, 12), f"{len(quarters)} and {len(halves)} notes arrived")
@@ -154,7 +164,7 @@ def journey(desk, corvane):
     wait_for(lambda: any(w[4:] == ["mixer"] for w in desk.words("widget")), "the mixer")
     desk.settled()
     desk.picture("1-mixer")
-    mix(desk, monitor, watch(desk, monitor))
+    mix(desk, monitor, watch(desk, monitor, messages_due(program, path)))
     seek_and_panic(desk, monitor)
     end_while_playing(desk, monitor, process, lambda _: desk.key("ctrl+q"))
     for end in (signal.SIGTERM, signal.SIGINT):
