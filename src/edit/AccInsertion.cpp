@@ -3,12 +3,12 @@
 #include "edit/Audition.h"
 #include "edit/Insertion.h"
 #include "edit/MeasureRedraw.h"
+#include "edit/Respacing.h"
 #include "edit/Spanners.h"
 #include "edit/ToolState.h"
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
 #include "layout/NoteGeometry.h"
-#include "layout/Spacing.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
@@ -73,8 +73,14 @@ GenericNote* NoteUnder(WindowTarn& window, Point p) {
     return nullptr;
 }
 
-void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
+GenericNote* NoteFor(const InsertionPlace& place) {
     GenericNote* note = NoteUnder(place.window, place.point);
+    if (!note) place.window.Shell().Tell("Press on a note.");
+    return note;
+}
+
+void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
+    GenericNote* note = NoteFor(place);
     if (!note) return;
     const Alteration alteration = AlterationOf(descriptor);
     const MeasureRedraw redraw(place.window, MeasureStaffPar(note));
@@ -95,13 +101,13 @@ void ChangeDots(WindowTarn& window, VoiceSymbol* symbol, int count) {
     const MeasureRedraw redraw(window, MeasureStaffPar(voice));
     SetDots(symbol, count);
     RebuildVoiceEvents(voice);
-    if (Switches().autoSpace) SpaceVoice(voice);
+    if (Switches().autoSpace) Respace(voice);
     if (Switches().autoBeam) BeamVoice(voice);
 }
 
 void DotInsertion(const InsertionPlace& place, int count) {
     const DrawPatch patch = EventUnder(place.window, place.point);
-    if (!patch) return;
+    if (!patch) return place.window.Shell().Tell("Press on a note or a rest.");
     if (auto* pause = patch.Record<Pause>()) ChangeDots(place.window, pause, count);
     if (auto* chordSymbol = patch.Record<ChordSymbol>())
         for (Chords* chord : chordSymbolChords.Of(chordSymbol)) ChangeDots(place.window, chord, count);

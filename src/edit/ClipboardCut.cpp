@@ -6,12 +6,12 @@
 #include "edit/ClipboardState.h"
 #include "edit/Deletion.h"
 #include "edit/DeletionSteps.h"
+#include "edit/Respacing.h"
 #include "edit/Spanners.h"
 #include "edit/TarnSelect.h"
 #include "edit/ToolState.h"
 #include "layout/Beaming.h"
 #include "layout/NotePitches.h"
-#include "layout/Spacing.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/RecordClone.h"
@@ -130,7 +130,7 @@ void Mend(const std::vector<Voice*>& voices) {
         MeasureStaff* crossing = MeasureStaffPar(voice);
         if (!voiceSymbols.IsEmpty(voice)) {
             RebuildVoiceEvents(voice);
-            SpaceVoice(voice);
+            Respace(voice);
         }
         DropEmptyVoice(voice);
         RedoAccidentals(crossing);
@@ -172,7 +172,7 @@ void Cut(WindowTarn& window) {
     KeepWholeColumns(clips);
     const std::vector<Slur*> slurs = SelectedSlurs();
     ClearSelectionAnchors();
-    if (clips.IsEmpty() && slurs.empty()) return;
+    if (clips.IsEmpty() && slurs.empty()) return window.Shell().Tell("Nothing that can be cut is selected.");
     EndLastCut();
     {
         const EditStep step(window);
@@ -185,7 +185,7 @@ void Cut(WindowTarn& window) {
         ClipboardState() = std::move(clips);
         window.TheSelection().Clear();
     }
-    window.cutPending = true;
+    window.MarkCut();
     window.SelectionChanged();
 }
 

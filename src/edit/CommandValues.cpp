@@ -7,6 +7,7 @@
 #include "edit/MeasureRange.h"
 #include "edit/NoteChoice.h"
 #include "edit/ScoreTexts.h"
+#include "edit/ToolState.h"
 #include "layout/PageLayout.h"
 #include "layout/SignRecords.h"
 #include "layout/StaffNames.h"
@@ -259,6 +260,8 @@ void PutFont(Values& values) {
     values.Put("sys", std::string(TheFontList().SystemFont(shown->docFont)));
 }
 
+void PutUndoLevels(Values& values) { values.Put("levels", Switches().undoLevels); }
+
 constexpr struct {
     int id;
     void (*put)(Values&);
@@ -272,7 +275,7 @@ constexpr struct {
     {32786, PutGaps},          {57606, PutPaper},     {32776, PutMargins},
     {32777, PutStaffForm},     {32787, PutIndent},    {32798, PutTimesShown},
     {33088, PutGrace}, {33090, PutFont},          {32782, PutNumbering}, {40011, PutTitle},
-    {40012, PutStaffName},
+    {40012, PutStaffName},     {40050, PutUndoLevels},
 };
 
 }  // namespace

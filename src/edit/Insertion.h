@@ -53,6 +53,8 @@ void DinamicheInsertion(const InsertionPlace& place, std::string_view name);
 
 // The note, or the column or rest, under a press; null or an empty patch for none.
 GenericNote* NoteUnder(WindowTarn& window, Point p);
+// The same for a handler that needs one: without a note the person is told so.
+GenericNote* NoteFor(const InsertionPlace& place);
 DrawPatch EventUnder(WindowTarn& window, Point p);
 
 // A chord with one note, linked in voice, column and stem, its flag attached; x in per mille decides its

@@ -5,6 +5,7 @@
 #include "edit/Deletion.h"
 #include "edit/Insertion.h"
 #include "edit/MeasureRedraw.h"
+#include "edit/Respacing.h"
 #include "edit/Spanners.h"
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
@@ -68,11 +69,10 @@ void InsertAsNewChord(const InsertionPlace& place, MeasureStaff* measureStaff, i
 }
 
 void JoinChord(const InsertionPlace& place, Chords* chord, int line, const NoteKind& kind) {
-    if (HasNoteOn(chord, line)) return;
-    if (ValueOf(chord) != kind.value || IsGrace(chord) != kind.grace) {
-        place.window.Shell().Tell("A chord has one value for all its notes.");
-        return;
-    }
+    EditorShell& shell = place.window.Shell();
+    if (HasNoteOn(chord, line)) return shell.Tell("The chord has this note already.");
+    if (IsGrace(chord) != kind.grace) return shell.Tell("Grace notes and others do not share a chord.");
+    if (ValueOf(chord) != kind.value) return shell.Tell("A chord has one value for all its notes.");
     GenericNote* note = AddNoteToChord(chord, line, kind);
     const bool beamed = BeamOf(StemPar(note)) != nullptr;
     AddEvents(note, true);
@@ -98,7 +98,7 @@ void FollowUp(GenericNote* note, bool joined, bool beamed) {
     UpdateNoteHeight(note);
     if (!beamed) SetDefaultStemLength(stem);
     SetDirection(stem, stem->_direction);
-    if (Switches().autoSpace && !joined) SpaceVoice(voice);
+    if (Switches().autoSpace && !joined) Respace(voice);
     UpdateAccidentals(note, UpdateNoteHeight);
     if (Switches().autoBeam && !beamed) BeamVoice(voice);
     if (beamed) RefitBeam(BeamOf(stem));
@@ -123,7 +123,7 @@ void PauseInsertion(const InsertionPlace& place, std::string_view descriptor) {
     CutTiesOver(place.window, pause);
     RestemOthers(voice);
     if (Switches().autoBeam) BeamVoice(voice);
-    if (Switches().autoSpace) SpaceVoice(voice);
+    if (Switches().autoSpace) Respace(voice);
 }
 
 }  // namespace corvane

@@ -10,6 +10,7 @@
 #include "edit/Deletion.h"
 #include "edit/Insertion.h"
 #include "edit/PasteSteps.h"
+#include "edit/Respacing.h"
 #include "edit/ToolState.h"
 #include "layout/BeamGroups.h"
 #include "layout/Beaming.h"
@@ -41,6 +42,7 @@ public:
     // Beams, ties, spacing, accidentals: the score is sound behind it.
     void Finish();
     VoiceSymbol* Refused() const { return _refused; }
+    bool HasDropped() const { return _places.HasDropped(); }
     bool HasIllegalBeam() const { return _clones.HasIllegalBeam(); }
 
 private:
@@ -151,12 +153,22 @@ bool Pasting::PasteVoiceSymbols() {
     return true;
 }
 
+// From the left to the right, which pasting among events that are not spaced can break.
+bool IsInOrder(const Voice* voice) {
+    const VoiceSymbol* before = nullptr;
+    for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+        if (before && XOf(symbol) < XOf(before)) return false;
+        before = symbol;
+    }
+    return true;
+}
+
 void Pasting::Finish() {
     _clones.JoinBeams();
     _clones.JoinTies();
     std::unordered_set<MeasureStaff*> crossings;
     for (Voice* voice : _voices) {
-        if (Switches().autoSpace) SpaceVoice(voice);
+        if (Switches().autoSpace || !IsInOrder(voice)) Respace(voice);
         if (_parted.contains(voice) && Switches().autoBeam) BeamVoice(voice);
         if (MeasureStaff* crossing = MeasureStaffPar(voice); crossings.insert(crossing).second)
             RefitLines(crossing);
@@ -169,7 +181,7 @@ void TakeBack(WindowTarn& window, VoiceSymbol* refused) {
     { const EditStep empty(window); }
     Voice* voice = VoicePar(refused);
     Discard(window, refused);
-    if (Switches().autoSpace) SpaceVoice(voice);
+    if (Switches().autoSpace || !IsInOrder(voice)) Respace(voice);
 }
 
 }  // namespace
@@ -181,10 +193,13 @@ bool CanPaste(const WindowTarn& window) {
 bool Paste(WindowTarn& window) {
     if (!CanPaste(window)) return false;
     DropDeadClips(ClipboardState());
-    if (TheClipboard().IsEmpty()) return false;
+    if (TheClipboard().IsEmpty()) {
+        window.Shell().Tell("What was copied is gone.");
+        return false;
+    }
     const PageRedraw redraw(window);
     VoiceSymbol* refused = nullptr;
-    bool illegal = false;
+    bool illegal = false, dropped = false;
     {
         const EditStep step(window);
         Pasting pasting(window, TheClipboard());
@@ -192,9 +207,11 @@ bool Paste(WindowTarn& window) {
         if (pasting.PasteVoiceSymbols()) pasting.PasteSigns();
         pasting.Finish();
         refused = pasting.Refused();
+        dropped = pasting.HasDropped();
         illegal = !refused && pasting.HasIllegalBeam();
     }
     if (refused) TakeBack(window, refused);
+    if (dropped && !illegal) window.Shell().Tell("Some of it found no staff or measure here.");
     if (illegal) {
         Notify(Severity::Message, "Illegal paste");
         window.Undo();

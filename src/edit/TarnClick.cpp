@@ -73,7 +73,9 @@ bool EraseNote(const Press& press, const DrawPatch& patch) {
 }
 bool EraseNoteAttribute(const Press& press, const DrawPatch& patch) {
     auto* attribute = patch.Record<NoteAttribute>();
-    if (!attribute || As<Accident>(attribute)) return attribute != nullptr;
+    if (!attribute) return false;
+    if (As<Accident>(attribute))
+        return press.window.Shell().Tell("Take accidentals away with the palette, not with the eraser."), true;
     if (auto* syllable = As<Liriche>(attribute)) return EraseSyllable(press.window, syllable), true;
     const MeasureRedraw redraw(press.window, MeasureStaffPar(noteAttributes.ParentOf(attribute)));
     DeleteNoteAttribute(press.window, attribute);
@@ -116,6 +118,11 @@ bool EraseEndings(const Press& press, const DrawPatch& patch) {
     if (mark) DeleteEndings(press.window, endingsMarks.ParentOf(mark));
     return mark != nullptr;
 }
+bool KeepHead(const Press& press, const DrawPatch& patch) {
+    const bool isHead = patch.Record<StaticClaf>() || patch.Record<ClafSignature>() || patch.Record<TimeSignature>();
+    if (isHead) press.window.Shell().Tell("What a system begins with is changed, not erased.");
+    return isHead;
+}
 constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
     Erase<Dinamiche, DeleteDinamiche>,
     EraseNoteAttribute,
@@ -132,6 +139,7 @@ constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
     Erase<MovingClaf, DeleteClaf>,
     EraseEndings,
     Erase<Time, DeleteTempo>,
+    KeepHead,
 };
 
 void UseEraser(const Press& press) {
@@ -166,7 +174,8 @@ constexpr struct {
 }  // namespace
 
 void MouseDown(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
-    if (IsPlaying() || !window.CurrentPage()) return;
+    if (!window.CurrentPage()) return;
+    if (IsPlaying()) return window.Shell().Tell("Stop the play to edit.");
     window.Activate();
     window.interaction.reset();
     const Point point = OnPlane(x, y);

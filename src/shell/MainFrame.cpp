@@ -169,12 +169,14 @@ void MainFrame::TakeSwitches() {
     const SessionPreferences& preferences = _session.Preferences();
     Switches().playbackNotes = IsOn(preferences, SessionWord::PlaybackNotes);
     Switches().deleteNotesToRests = IsOn(preferences, SessionWord::DeleteNotesToRests);
+    SetUndoLevels(GetWord(preferences, SessionWord::UndoLevels));
 }
 
 void MainFrame::KeepSwitches() {
     SessionPreferences& preferences = _session.Preferences();
     SetWord(preferences, SessionWord::PlaybackNotes, Switches().playbackNotes);
     SetWord(preferences, SessionWord::DeleteNotesToRests, Switches().deleteNotesToRests);
+    SetWord(preferences, SessionWord::UndoLevels, Switches().undoLevels);
     if (const Status status = _session.StorePreferences(); !status) Tell(status.message());
 }
 

@@ -160,6 +160,8 @@ const MenuRow kRows[] = {
     {kEdit, 57637, "&Paste", "Ctrl+V"},
     {kEdit, 32774, "C&lear", "Del"},
     {kEdit, 0},
+    {kEdit, 40050, "Un&do Levels..."},
+    {kEdit, 0},
     {kEdit, 57642, "Select &All", "Ctrl+Shift+A"},
     {kEdit, 57641, "Select &Nothing", "Esc"},
     {kEditGo, 40030, "&Next\tRight"},
