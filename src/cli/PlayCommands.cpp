@@ -30,8 +30,7 @@ PlaySetup SetupOf(const PlayOptions& options) {
 int PlayAloud(const Document* document, const Measure* from, const PlaySetup& setup) {
     FluidSynth synth;
     SoundPort::SetFactory([&] { return std::make_unique<RtMidiPort>(&synth); });
-    std::signal(SIGINT, [](int) { interrupted = 1; });
-    std::signal(SIGTERM, [](int) { interrupted = 1; });
+    for (const int end : {SIGINT, SIGTERM, SIGHUP}) std::signal(end, [](int) { interrupted = 1; });
     TaskPlay task;
     const auto makeClock = [](int resolution, int unit, ClockDealer* out) {
         return std::make_unique<TimerClock>(resolution, unit, out);

@@ -3,12 +3,12 @@
 #include "edit/Audition.h"
 #include "edit/Insertion.h"
 #include "edit/MeasureRedraw.h"
-#include "edit/Respacing.h"
 #include "edit/Spanners.h"
 #include "edit/ToolState.h"
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
 #include "layout/NoteGeometry.h"
+#include "layout/Spacing.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
@@ -101,7 +101,7 @@ void ChangeDots(WindowTarn& window, VoiceSymbol* symbol, int count) {
     const MeasureRedraw redraw(window, MeasureStaffPar(voice));
     SetDots(symbol, count);
     RebuildVoiceEvents(voice);
-    if (Switches().autoSpace) Respace(voice);
+    if (Switches().autoSpace) SpaceVoice(voice);
     if (Switches().autoBeam) BeamVoice(voice);
 }
 

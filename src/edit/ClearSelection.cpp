@@ -6,13 +6,14 @@
 #include "edit/Clipboard.h"
 #include "edit/ClipboardState.h"
 #include "edit/Deletion.h"
-#include "edit/Respacing.h"
 #include "edit/Signs.h"
 #include "edit/TarnDestroy.h"
 #include "edit/TarnSelect.h"
 #include "edit/Texts.h"
 #include "edit/ToolState.h"
+#include "layout/Spacing.h"
 #include "model/Par.h"
+#include "play/MIDIUtility.h"
 
 namespace corvane {
 namespace {
@@ -87,10 +88,12 @@ bool IsAnythingToClear(WindowTarn& window) {
     return any;
 }
 
-void RespaceAll(const Clearing& clearing) {
-    for (MeasureStaff* crossing : clearing.crossings)
+void Respace(const Clearing& clearing) {
+    for (MeasureStaff* crossing : clearing.crossings) {
         for (Voice* voice : measureStaffVoices.Of(crossing))
-            if (!voiceSymbols.IsEmpty(voice)) Respace(voice);
+            if (!voiceSymbols.IsEmpty(voice)) SpaceVoice(voice);
+        RenewHeightsByClefs(crossing);
+    }
 }
 
 }  // namespace
@@ -108,7 +111,7 @@ void ClearSelection(WindowTarn& window) {
             row.clear(clearing);
         }
         ClearSelectionAnchors();
-        if (Switches().autoSpace) RespaceAll(clearing);
+        if (Switches().autoSpace) Respace(clearing);
         window.TheSelection().Clear();
         window.RefilePage();
     }

@@ -6,12 +6,12 @@
 #include "edit/ClipboardState.h"
 #include "edit/Deletion.h"
 #include "edit/DeletionSteps.h"
-#include "edit/Respacing.h"
 #include "edit/Spanners.h"
 #include "edit/TarnSelect.h"
 #include "edit/ToolState.h"
 #include "layout/Beaming.h"
 #include "layout/NotePitches.h"
+#include "layout/Spacing.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/RecordClone.h"
@@ -130,10 +130,11 @@ void Mend(const std::vector<Voice*>& voices) {
         MeasureStaff* crossing = MeasureStaffPar(voice);
         if (!voiceSymbols.IsEmpty(voice)) {
             RebuildVoiceEvents(voice);
-            Respace(voice);
+            SpaceVoice(voice);
         }
         DropEmptyVoice(voice);
         RedoAccidentals(crossing);
+        RenewHeightsByClefs(crossing);
     }
 }
 

@@ -27,7 +27,7 @@ bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
 
 std::vector<CommandFamily> CommandFamilies() {
     return {kUndo,           ClipboardCommands(), SwitchCommands(),    SignCommands(),
-            NoteCommands(),  GraceCommands(),     SelectionCommands(), WalkCommands(),
+            NoteCommands(),  GraceCommands(),     BeamCommands(),      SelectionCommands(), WalkCommands(),
             MixerCommands(), StructureCommands(), SpannerCommands(),   LayoutCommands(),
             FontCommands(),  TextCommands()};
 }

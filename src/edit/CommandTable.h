@@ -24,6 +24,7 @@ CommandFamily ClipboardCommands();
 CommandFamily SignCommands();
 CommandFamily NoteCommands();
 CommandFamily GraceCommands();
+CommandFamily BeamCommands();
 CommandFamily SelectionCommands();
 CommandFamily WalkCommands();
 CommandFamily StructureCommands();

@@ -8,6 +8,7 @@
 #include "edit/NoteChoice.h"
 #include "edit/ScoreTexts.h"
 #include "edit/ToolState.h"
+#include "layout/Engraving.h"
 #include "layout/PageLayout.h"
 #include "layout/SignRecords.h"
 #include "layout/StaffNames.h"
@@ -194,6 +195,7 @@ void PutSpacing(Values& values) {
     values.Put("dots", room.dots);
     values.Put("clefs", room.clefs);
     values.Put("accidentals", room.accidents);
+    values.Put("lyrics", room.lyrics);
 }
 
 void PutSpacingTable(Values& values) {
@@ -244,6 +246,51 @@ void PutIndent(Values& values) {
     if (const auto* staff = Preferences<StaffPref>(values.Score())) values.Put("indent", staff->_nameWidth);
 }
 
+// The word for a code of a row of them.
+template <class Code>
+void PutCode(Values& values, const char* name, std::initializer_list<const char*> words, Code first,
+             Code now) {
+    const int at = static_cast<int>(now) - static_cast<int>(first);
+    if (at >= 0 && at < static_cast<int>(words.size())) values.Put(name, std::string(words.begin()[at]));
+}
+
+void PutGrouping(Values& values) {
+    const auto& pref = *Preferences<NotePref>(values.Score());
+    PutCode(values, "binary", {"beat", "two", "all"}, BinaryGroups::EachBeat, pref._binary.Get());
+    PutCode(values, "ternary", {"beat", "all"}, TernaryGroups::EachBeat, pref._ternary.Get());
+    PutCode(values, "composite", {"two", "three", "all"}, CompositeGroups::TwoBeats, pref._composite.Get());
+    PutCode(values, "five", {"2+3", "3+2", "all"}, FiveGroups::TwoThree, pref._five.Get());
+    PutCode(values, "seven", {"4+3", "3+4", "all"}, SevenGroups::FourThree, pref._seven.Get());
+    PutCode(values, "single", {"beam", "flag"}, SingleNote::Beam, pref._singleNote.Get());
+}
+
+void PutSubGroups(Values& values) {
+    const auto& pref = *Preferences<NotePref>(values.Score());
+    PutCode(values, "connect", {"none", "eighth", "larger"}, SubGroups::NotConnected, pref._subGroups.Get());
+    PutCode(values, "complete", {"yes", "no"}, Completion::Complete, pref._completion.Get());
+    PutCode(values, "by", {"beam", "stems"}, CompletedBy::LongerBeam, pref._completedBy.Get());
+}
+
+void PutDistances(Values& values) {
+    const auto& pref = *Preferences<NotePref>(values.Score());
+    values.Put("thickness", pref.BeamThickness());
+    values.Put("gap", pref.BeamGap());
+    values.Put("distance", pref.BeamMinDistance());
+    values.Put("stem", Preferences<StangPref>(values.Score())->_stemLength);
+    values.Put("accidental", pref._accidentalGap);
+    values.Put("columns", pref._accidentalSpacing);
+    values.Put("dot", pref._dotGap);
+    values.Put("holds", std::string(AccidentalsLast(values.Score()) ? "measure" : "note"));
+}
+
+void PutVoices(Values& values) {
+    const auto& pref = *Preferences<VoicePref>(values.Score());
+    values.Put("automatic", pref._automaticStems != 0);
+    for (size_t i = 0; i < DocStaff::kVoices; ++i)
+        PutCode(values, ("voice" + std::to_string(i + 1)).c_str(), {"number", "up", "down"},
+                ForcedStems::ByNumber, pref._forced[i].Get());
+}
+
 void PutTimesShown(Values& values) { values.Put("show", ShowsTimeSignatures(values.Score())); }
 
 // The first font that another one stands in for, else the first.
@@ -274,8 +321,10 @@ constexpr struct {
     {32817, PutDuration},      {32807, PutSpacing},   {33177, PutSpacingTable},
     {32786, PutGaps},          {57606, PutPaper},     {32776, PutMargins},
     {32777, PutStaffForm},     {32787, PutIndent},    {32798, PutTimesShown},
-    {33088, PutGrace}, {33090, PutFont},          {32782, PutNumbering}, {40011, PutTitle},
-    {40012, PutStaffName},     {40050, PutUndoLevels},
+    {33088, PutGrace},         {33090, PutFont},      {32782, PutNumbering},
+    {40011, PutTitle},         {40012, PutStaffName}, {32810, PutGrouping},
+    {32811, PutSubGroups},     {32820, PutDistances}, {32784, PutVoices},
+    {40050, PutUndoLevels},
 };
 
 }  // namespace

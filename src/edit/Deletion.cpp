@@ -6,10 +6,10 @@
 #include "edit/DeletionSteps.h"
 #include "edit/Insertion.h"
 #include "edit/MeasureRedraw.h"
-#include "edit/Respacing.h"
 #include "edit/Spanners.h"
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
+#include "layout/Spacing.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
@@ -132,7 +132,7 @@ bool DeleteNote(WindowTarn& window, GenericNote* note, const DeletionChoice& cho
         RemoveAccidents(later);
         UpdateAccidentals(later, UpdateNoteHeight);
     }
-    if (choice.space && !voiceDropped) Respace(voice);
+    if (choice.space && !voiceDropped) SpaceVoice(voice);
     return last;
 }
 
@@ -151,7 +151,7 @@ void DeletePause(WindowTarn& window, Pause* pause, const DeletionChoice& choice)
     voiceSymbols.Remove(pause);
     Release(pause);
     RenewAroundGraceNotes(voice);
-    if (choice.space && !voiceSymbols.IsEmpty(voice)) Respace(voice);
+    if (choice.space && !voiceSymbols.IsEmpty(voice)) SpaceVoice(voice);
     DropEmptyVoice(voice);
 }
 

@@ -8,7 +8,6 @@
 #include "edit/Insertion.h"
 #include "edit/MeasureRange.h"
 #include "edit/NoteChanges.h"
-#include "edit/Respacing.h"
 #include "edit/SystemRedraw.h"
 #include "edit/ToolState.h"
 #include "layout/BeamGroups.h"
@@ -128,7 +127,7 @@ void FollowUp(const NewLengths& lengths) {
         if (auto* chord = As<Chords>(event)) RestemChord(chord);
     for (Voice* voice : lengths.Voices()) {
         RebuildVoiceEvents(voice);
-        if (Switches().autoSpace) Respace(voice);
+        if (Switches().autoSpace) SpaceVoice(voice);
         if (Switches().autoBeam) BeamVoice(voice);
         crossings.insert(MeasureStaffPar(voice));
     }

@@ -34,6 +34,7 @@ Status SpacingCommand(WindowTarn& window, const CommandArguments& arguments) {
     choice.room.dots = reader.Number("dots", 0, 1, usual.dots) != 0;
     choice.room.clefs = reader.Number("clefs", 0, 1, usual.clefs) != 0;
     choice.room.accidents = reader.Number("accidentals", 0, 1, usual.accidents) != 0;
+    choice.room.lyrics = reader.Number("lyrics", 0, 1, usual.lyrics) != 0;
     if (const Status status = reader.Result(); !status) return status;
     if (!range.first) return {Fault::Refused, "There is no measure to space"};
     return SpaceMeasures(window, range, choice);

@@ -2,21 +2,49 @@
 
 #include "layout/PageFiling.h"
 #include "model/Par.h"
+#include "play/MIDIUtility.h"
 
 namespace corvane {
+namespace {
+
+bool ReachesOverStaves(const MeasureSymbol* symbol) {
+    if (As<CrossBeam>(symbol)) return true;
+    const auto* column = As<ChordSymbol>(symbol);
+    const Chords* first = column ? chordSymbolChords.First(column) : nullptr;
+    return first && first != chordSymbolChords.Last(column) &&
+           MeasureStaffPar(first) != MeasureStaffPar(chordSymbolChords.Last(column));
+}
+
+std::vector<const MeasureStaff*> CrossingsWith(const MeasureStaff* crossing) {
+    const Measure* measure = MeasurePar(crossing);
+    bool all = false;
+    for (const MeasureSymbol* symbol : measureSymbols.Of(measure)) all = all || ReachesOverStaves(symbol);
+    if (!all) return {crossing};
+    std::vector<const MeasureStaff*> crossings;
+    for (const MeasureStaff* each : measureStaffs.Of(measure))
+        if (each->_staff) crossings.push_back(each);
+    return crossings;
+}
+
+}  // namespace
 
 MeasureRedraw::MeasureRedraw(WindowTarn& window, const MeasureStaff* measureStaff)
-    : _window(window), _measureStaff(measureStaff) {
+    : _window(window), _crossings(CrossingsWith(measureStaff)) {
     const auto remove = [&](const DrawPatch& patch, int) { _window.Sheet().RemoveObject(patch); };
-    ForEachPatch(measureStaff, remove);
-    ForEachSpannerOver(measureStaff, remove);
+    for (const MeasureStaff* crossing : _crossings) {
+        ForEachPatch(crossing, remove);
+        ForEachSpannerOver(crossing, remove);
+    }
 }
 
 MeasureRedraw::~MeasureRedraw() {
-    if (PagePar(MeasurePar(_measureStaff)) != _window.Sheet().CurrentPage()) return;
     const auto add = [&](const DrawPatch& patch, int voice) { _window.Sheet().AddObject(patch, voice); };
-    ForEachPatch(_measureStaff, add);
-    ForEachSpannerOver(_measureStaff, add);
+    for (const MeasureStaff* crossing : _crossings) {
+        RenewHeightsByClefs(crossing);
+        if (PagePar(MeasurePar(crossing)) != _window.Sheet().CurrentPage()) continue;
+        ForEachPatch(crossing, add);
+        ForEachSpannerOver(crossing, add);
+    }
 }
 
 }  // namespace corvane

@@ -4,6 +4,8 @@
 // system.
 #pragma once
 
+#include <vector>
+
 #include "edit/WindowTarn.h"
 
 namespace corvane {
@@ -16,7 +18,8 @@ public:
 
 private:
     WindowTarn& _window;
-    const MeasureStaff* _measureStaff;
+    const std::vector<const MeasureStaff*>
+        _crossings;  // all of a measure in which beams or stems reach over staves
 };
 
 }  // namespace corvane

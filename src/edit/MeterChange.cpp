@@ -2,12 +2,12 @@
 // beamed by it.
 #include <algorithm>
 
-#include "edit/Respacing.h"
 #include "edit/Signs.h"
 #include "edit/SystemRedraw.h"
 #include "edit/ToolState.h"
 #include "layout/Beaming.h"
 #include "layout/SignRecords.h"
+#include "layout/Spacing.h"
 #include "model/Par.h"
 #include "play/MIDIUtility.h"
 
@@ -66,7 +66,7 @@ void SetMeter(Measure* measure, const Meter& meter) {
     for (MeasureStaff* crossing : measureStaffs.Of(measure))
         for (Voice* voice : measureStaffVoices.Of(crossing)) {
             if (oldDen != meter.den) RebuildVoiceEvents(voice);
-            if (Switches().autoSpace) Respace(voice);
+            if (Switches().autoSpace) SpaceVoice(voice);
             if (Switches().autoBeam) BeamVoice(voice);
         }
 }

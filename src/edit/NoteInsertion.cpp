@@ -5,7 +5,6 @@
 #include "edit/Deletion.h"
 #include "edit/Insertion.h"
 #include "edit/MeasureRedraw.h"
-#include "edit/Respacing.h"
 #include "edit/Spanners.h"
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
@@ -35,8 +34,10 @@ bool HasNoteOn(const Chords* chord, int line) {
 // Timed events of a note that is linked in its chord, the chord's first or a further one.
 void AddEvents(GenericNote* note, bool joined) {
     Chords* chord = ChordPar(note);
-    if (IsGrace(chord)) MakeGraceEvents(static_cast<GraceChord*>(chord));
-    else if (!joined) AddChordEvents(chord);
+    if (IsGrace(chord))
+        MakeGraceEvents(static_cast<GraceChord*>(chord));
+    else if (!joined)
+        AddChordEvents(chord);
     else {
         AddNoteEvents(note);
         RenewAroundGraceNotes(VoicePar(chord));
@@ -53,7 +54,8 @@ void RestemOthers(Voice* voice) {
     }
 }
 
-void InsertAsNewChord(const InsertionPlace& place, MeasureStaff* measureStaff, int line, const NoteKind& kind) {
+void InsertAsNewChord(const InsertionPlace& place, MeasureStaff* measureStaff, int line,
+                      const NoteKind& kind) {
     Voice* voice = FindOrMakeVoice(measureStaff, place.voice);
     GenericNote* note = InsertNewChord(voice, PerMilleAt(measureStaff, place.point.x), line, kind);
     AddEvents(note, false);
@@ -87,8 +89,10 @@ void NoteInsertion(const InsertionPlace& place, std::string_view descriptor) {
     if (!measureStaff || !measureStaff->_staff.Get()) return;
     const int line = StaffPosition(FrameOf(measureStaff->_staff.Get()), place.point.y);
     const MeasureRedraw redraw(place.window, measureStaff);
-    if (Chords* chord = ChordAt(measureStaff, place.point.x, place.voice)) JoinChord(place, chord, line, kind);
-    else InsertAsNewChord(place, measureStaff, line, kind);
+    if (Chords* chord = ChordAt(measureStaff, place.point.x, place.voice))
+        JoinChord(place, chord, line, kind);
+    else
+        InsertAsNewChord(place, measureStaff, line, kind);
 }
 
 void FollowUp(GenericNote* note, bool joined, bool beamed) {
@@ -98,9 +102,10 @@ void FollowUp(GenericNote* note, bool joined, bool beamed) {
     UpdateNoteHeight(note);
     if (!beamed) SetDefaultStemLength(stem);
     SetDirection(stem, stem->_direction);
-    if (Switches().autoSpace && !joined) Respace(voice);
+    if (Switches().autoSpace && !joined) SpaceVoice(voice);
     UpdateAccidentals(note, UpdateNoteHeight);
     if (Switches().autoBeam && !beamed) BeamVoice(voice);
+    if (!Switches().autoBeam && !joined) EndPartedBeams(voice);
     if (beamed) RefitBeam(BeamOf(stem));
     AuditionNote(note);
 }
@@ -122,8 +127,11 @@ void PauseInsertion(const InsertionPlace& place, std::string_view descriptor) {
     }
     CutTiesOver(place.window, pause);
     RestemOthers(voice);
-    if (Switches().autoBeam) BeamVoice(voice);
-    if (Switches().autoSpace) Respace(voice);
+    if (Switches().autoBeam)
+        BeamVoice(voice);
+    else
+        EndPartedBeams(voice);
+    if (Switches().autoSpace) SpaceVoice(voice);
 }
 
 }  // namespace corvane

@@ -4,6 +4,7 @@
 
 #include "edit/LayoutSteps.h"
 #include "edit/StructureStep.h"
+#include "layout/CrossBeams.h"
 #include "layout/NoteAreas.h"
 #include "layout/PageFit.h"
 #include "layout/PageLayout.h"
@@ -52,6 +53,7 @@ public:
         }
         _system->_bottom = _system->_top + _staffs.back()->_bottom;
         _areas.Apply();
+        RefitCrossBeams(_system);
     }
 
 private:

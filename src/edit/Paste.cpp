@@ -10,7 +10,6 @@
 #include "edit/Deletion.h"
 #include "edit/Insertion.h"
 #include "edit/PasteSteps.h"
-#include "edit/Respacing.h"
 #include "edit/ToolState.h"
 #include "layout/BeamGroups.h"
 #include "layout/Beaming.h"
@@ -168,11 +167,12 @@ void Pasting::Finish() {
     _clones.JoinTies();
     std::unordered_set<MeasureStaff*> crossings;
     for (Voice* voice : _voices) {
-        if (Switches().autoSpace || !IsInOrder(voice)) Respace(voice);
+        if (Switches().autoSpace || !IsInOrder(voice)) SpaceVoice(voice);
         if (_parted.contains(voice) && Switches().autoBeam) BeamVoice(voice);
         if (MeasureStaff* crossing = MeasureStaffPar(voice); crossings.insert(crossing).second)
             RefitLines(crossing);
     }
+    for (const MeasureStaff* crossing : crossings) RenewHeightsByClefs(crossing);
 }
 
 // What came before stays and cannot be undone: the event that was too much goes outside of any step.
@@ -181,7 +181,7 @@ void TakeBack(WindowTarn& window, VoiceSymbol* refused) {
     { const EditStep empty(window); }
     Voice* voice = VoicePar(refused);
     Discard(window, refused);
-    if (Switches().autoSpace || !IsInOrder(voice)) Respace(voice);
+    if (Switches().autoSpace || !IsInOrder(voice)) SpaceVoice(voice);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <vector>
 
 #include "edit/LayoutSteps.h"
-#include "edit/Respacing.h"
 #include "edit/SystemRedraw.h"
 #include "edit/TarnSelect.h"
 #include "edit/ToolState.h"
@@ -27,12 +26,7 @@ std::vector<Voice*> SelectedVoices(WindowTarn& window) {
 
 void SpaceProportionally(Measure* measure) {
     for (const MeasureStaff* crossing : measureStaffs.Of(measure))
-        for (Voice* voice : measureStaffVoices.Of(crossing)) Respace(voice);
-}
-
-void SpaceByTime(Measure* measure, const SpacingRoom& room) {
-    if (!SpaceMeasure(measure, room)) return;
-    for (MeasureStaff* crossing : measureStaffs.Of(measure)) HearAsRead(crossing);
+        for (Voice* voice : measureStaffVoices.Of(crossing)) SpaceVoice(voice);
 }
 
 // A change of preferences that headers are as wide as.
@@ -61,11 +55,11 @@ Status SpaceMeasures(WindowTarn& window, const MeasureRange& range, const Spacin
     const EditStep step(window);
     const SystemRedraw redraw(window, range.first, range.last);
     for (Voice* voice : selected)
-        if (IsWithin(range, MeasurePar(voice))) Respace(voice);
+        if (IsWithin(range, MeasurePar(voice))) SpaceVoice(voice);
     if (!selected.empty()) return Status::Ok();
     for (Measure* measure = range.first; IsWithin(range, measure); measure = NextMeasure(measure))
         if (engraver)
-            SpaceByTime(measure, choice.room);
+            SpaceMeasure(measure, choice.room);
         else
             SpaceProportionally(measure);
     return Status::Ok();

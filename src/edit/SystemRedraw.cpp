@@ -2,6 +2,7 @@
 
 #include "layout/PageFiling.h"
 #include "model/Par.h"
+#include "play/MIDIUtility.h"
 
 namespace corvane {
 namespace {
@@ -28,6 +29,9 @@ SystemRedraw::SystemRedraw(WindowTarn& window, const Measure* first, const Measu
 
 SystemRedraw::~SystemRedraw() {
     for (const NoteAreas& areas : _areas) areas.Apply();
+    for (const System* system : _systems)
+        for (const Measure* measure : systemMeasures.Of(system))
+            for (const MeasureStaff* crossing : measureStaffs.Of(measure)) RenewHeightsByClefs(crossing);
     for (const System* system : _systems)
         if (IsShown(system))
             ForEachPatch(system,

@@ -5,12 +5,12 @@
 
 #include "base/Assert.h"
 #include "edit/DeletionSteps.h"
-#include "edit/Respacing.h"
 #include "edit/Spanners.h"
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
 #include "layout/NotePitches.h"
 #include "layout/SkeletonRemoval.h"
+#include "layout/Spacing.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/RecordRelease.h"
@@ -34,7 +34,7 @@ void DestroyTuplet(Irregular* irregular, const Voice* dying) {
     DropRecord(document, irregular);
     for (Voice* voice : others) {
         RebuildVoiceEvents(voice);
-        Respace(voice);
+        SpaceVoice(voice);
     }
 }
 

@@ -4,10 +4,10 @@
 #include <unordered_set>
 
 #include "edit/MeasureRedraw.h"
-#include "edit/Respacing.h"
 #include "edit/Spanners.h"
 #include "edit/ToolState.h"
 #include "layout/Beaming.h"
+#include "layout/Spacing.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
@@ -141,7 +141,7 @@ void ReleaseTuplet(Irregular* irregular) {
 // After the durations of a voice's events have changed.
 void RetimeVoice(Voice* voice) {
     RebuildVoiceEvents(voice);
-    if (Switches().autoSpace) Respace(voice);
+    if (Switches().autoSpace) SpaceVoice(voice);
     if (Switches().autoBeam) BeamVoice(voice);
 }
 

@@ -12,14 +12,14 @@ Status Go(WindowTarn& window, const CommandArguments&) {
 
 // Ids of this program's own.
 constexpr Command kWalks[] = {
-    {40030, "Next", Go<Walk::Next>, NotPlaying},
-    {40031, "Previous", Go<Walk::Previous>, NotPlaying},
-    {40032, "Add Next", Go<Walk::Next, true>, NotPlaying},
-    {40033, "Add Previous", Go<Walk::Previous, true>, NotPlaying},
-    {40034, "Next Measure", Go<Walk::NextMeasure>, NotPlaying},
-    {40035, "Previous Measure", Go<Walk::PreviousMeasure>, NotPlaying},
-    {40036, "Staff Above", Go<Walk::StaffAbove>, NotPlaying},
-    {40037, "Staff Below", Go<Walk::StaffBelow>, NotPlaying},
+    {40060, "Next", Go<Walk::Next>, NotPlaying},
+    {40061, "Previous", Go<Walk::Previous>, NotPlaying},
+    {40062, "Add Next", Go<Walk::Next, true>, NotPlaying},
+    {40063, "Add Previous", Go<Walk::Previous, true>, NotPlaying},
+    {40064, "Next Measure", Go<Walk::NextMeasure>, NotPlaying},
+    {40065, "Previous Measure", Go<Walk::PreviousMeasure>, NotPlaying},
+    {40066, "Staff Above", Go<Walk::StaffAbove>, NotPlaying},
+    {40067, "Staff Below", Go<Walk::StaffBelow>, NotPlaying},
 };
 
 }  // namespace

@@ -39,6 +39,15 @@ Status ForAllCrossings(const std::vector<StaffColumn>& columns, const char* stag
     return Status::Ok();
 }
 
+Status Respace(const Document* document, int measures, ImportProgress& progress) {
+    int done = 0;
+    for (Measure* measure = FirstMeasureOf(document); measure; measure = NextMeasure(measure)) {
+        if (!progress.At("Respacing...", done++, measures)) return ImportCancelled();
+        RespaceMeasure(measure);
+    }
+    return Status::Ok();
+}
+
 void PlaceTempoMarks(const Document* document) {
     for (const Measure* measure = FirstMeasureOf(document); measure; measure = NextMeasure(measure))
         for (MeasureSymbol* symbol : measureSymbols.Of(measure))
@@ -57,7 +66,9 @@ Status ImportMidi(Document* document, MidiBytes bytes, const ImportOptions& opti
     ScoreFrame frame(document, plan);
     frame.Build();
     if (Status status = WriteNotes(plan, frame.Columns(), progress); !status) return status;
-    if (Status status = ForAllCrossings(frame.Columns(), "Respacing...", progress, SpaceCrossing); !status)
+    if (Status status = ForAllCrossings(frame.Columns(), "Respacing...", progress, SettleCrossing); !status)
+        return status;
+    if (Status status = Respace(document, static_cast<int>(plan.bars.Size()), progress); !status)
         return status;
     if (Status status = ForAllCrossings(frame.Columns(), "Beaming...", progress, BeamCrossing); !status)
         return status;

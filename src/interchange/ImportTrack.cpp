@@ -83,4 +83,11 @@ Status ReadImportTrack(MidiBytes bytes, ImportTrack& track) {
     return reader.IsDamaged() ? InvalidMidiFile() : Status::Ok();
 }
 
+std::string ReadTitle(MidiBytes tempoMap) {
+    MidiTrackReader reader(tempoMap);
+    for (MidiEvent event; reader.Next(event);)
+        if (event.status == 0xFF && event.kind == MetaKind::Name) return NameIn(event.data);
+    return {};
+}
+
 }  // namespace corvane

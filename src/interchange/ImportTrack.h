@@ -47,5 +47,7 @@ struct ImportTrack {
 };
 // Damaged for bytes that mean nothing.
 Status ReadImportTrack(MidiBytes bytes, ImportTrack& track);
+// What the tempo map is called: the title of the music. Empty for nothing.
+std::string ReadTitle(MidiBytes tempoMap);
 
 }  // namespace corvane

@@ -4,13 +4,17 @@
 #include <cstring>
 
 #include "edit/Signs.h"
+#include "layout/PageFit.h"
 #include "layout/PageLayout.h"
 #include "layout/ScoreBuilder.h"
 #include "layout/ScoreSkeleton.h"
 #include "layout/SignRecords.h"
 #include "layout/SkeletonRemoval.h"
+#include "layout/StaffNames.h"
 #include "model/Clefs.h"
+#include "model/Preferences.h"
 #include "model/SymbolTable.h"
+#include "model/Texts.h"
 #include "play/InstrumentNames.h"
 #include "play/MIDIUtility.h"
 
@@ -19,8 +23,9 @@ namespace {
 
 constexpr int32_t kLeftMargin = 1600, kRightMargin = 450, kTopMargin = 1800, kBottomMargin = 750;
 // From one staff to the next at a line distance of 100: what a system of some staves likes and what it needs.
-constexpr int32_t kEasyPitch = 1300, kLeastPitch = 900;
+constexpr int32_t kEasyPitch = 1050, kLeastPitch = 900;
 constexpr int16_t kFullLineDistance = 100;
+constexpr int32_t kMostNameRoom = 2500;
 
 constexpr int16_t kLeastLineDistance = 4;
 constexpr int kStaffLines = 5;
@@ -89,6 +94,7 @@ void ScoreFrame::Build() {
         MakeMeasure(system, bar);
     }
     LayOutPages(_document);
+    ShowNames();
 }
 
 void ScoreFrame::MakeColumns() {
@@ -209,6 +215,17 @@ void ScoreFrame::MakeTempos(Measure* measure, const Bar& bar) {
         mark->_bpm = static_cast<int16_t>(tempo.metronome);
         InsertTempoAtBeat(measure, mark);
     }
+}
+
+// The title of the score, and the room for the names of its staves, unless they would take too much of it.
+void ScoreFrame::ShowNames() {
+    SetTitle(_document, _plan.title);
+    const int32_t room = WidthOfNames(_document, LongName);
+    const bool fits = room <= kMostNameRoom &&
+                      _lineDistance * kLeastPitch / kFullLineDistance >= StaffNameLook(_document).size;
+    if (room == 0 || !fits) return;
+    Preferences<StaffPref>(_document)->_nameWidth = static_cast<int16_t>(room);
+    FitWidth(FirstSystem(_document));
 }
 
 int16_t ScoreFrame::LineDistance() const {

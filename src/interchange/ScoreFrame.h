@@ -39,6 +39,7 @@ private:
     void MakeStaffs(System* system);
     void MakeMeasure(System* system, size_t bar);
     void MakeTempos(Measure* measure, const Bar& bar);
+    void ShowNames();
     int SystemsPerPage() const;
     int16_t LineDistance() const;
 

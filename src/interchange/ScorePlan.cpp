@@ -104,6 +104,7 @@ Status PlanScore(const MidiFile& file, size_t fileSize, const ImportOptions& opt
     const int parts = static_cast<int>(file.tracks.size());
     if (!progress.At("Measures Generation...", 0, parts)) return ImportCancelled();
     if (Status status = plan.bars.Read(file.tracks[0]); !status) return status;
+    plan.title = ReadTitle(file.tracks[0]);
     plan.splitVoice = options.splitVoice;
     ImportBudget budget(fileSize);
     TrackPlanner planner(plan, options, budget, progress);

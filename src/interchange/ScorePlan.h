@@ -25,6 +25,7 @@ struct TrackPlan {
 struct ScorePlan {
     explicit ScorePlan(int ticksPerQuarter) : bars(ticksPerQuarter) {}
 
+    std::string title;  // empty for none
     BarGrid bars;
     std::vector<TrackPlan> tracks;
     int splitVoice = 0;

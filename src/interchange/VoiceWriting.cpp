@@ -4,6 +4,7 @@
 #include "interchange/Spelling.h"
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
+#include "layout/Frames.h"
 #include "layout/NotePitches.h"
 #include "layout/Spacing.h"
 #include "model/Clefs.h"
@@ -24,6 +25,23 @@ int HeldVoices(const MeasureStaff* crossing) {
     int held = 0;
     for (const Voice* voice : measureStaffVoices.Of(crossing)) held += !voiceSymbols.IsEmpty(voice);
     return held;
+}
+
+bool IsWholeRest(const Voice* voice) {
+    const auto* rest = As<Pause>(voiceSymbols.First(voice));
+    return rest && rest->_value == 1 && rest == voiceSymbols.Last(voice);
+}
+
+// Whether each event of a list that is laid out has room for what stands there. Its places are per mille of
+// its usable width, and will count of the note area.
+bool HasRoom(const ListaEventi& list, int32_t noteArea) {
+    for (size_t i = 0; i < list.events.size(); ++i) {
+        const Event& event = list.events[i];
+        const int32_t end = i + 1 < list.events.size() ? list.events[i + 1].x : 1000;
+        const int32_t width = event.rightExtent - event.leftExtent;
+        if (int64_t{end - event.x} * noteArea < int64_t{width} * list.Usable()) return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -92,16 +110,24 @@ void VoiceWriting::TieBack(const PlannedNote& note, GenericNote* written) {
     TieNotes(before, written);
 }
 
-void SpaceCrossing(MeasureStaff* crossing) {
+void SettleCrossing(MeasureStaff* crossing) {
     if (HeldVoices(crossing) == 0)
         InsertPauseBehind(measureStaffVoices.First(crossing), nullptr, kBehindAll, RestKindOf(1));
-    const bool several = HeldVoices(crossing) > 1;
-    for (Voice* voice : measureStaffVoices.Of(crossing)) {
-        if (voiceSymbols.IsEmpty(voice)) continue;
-        if (several) RestemVoice(voice);
-        SpaceVoice(voice);
-    }
+    if (HeldVoices(crossing) > 1)
+        for (Voice* voice : measureStaffVoices.Of(crossing))
+            if (!voiceSymbols.IsEmpty(voice)) RestemVoice(voice);
     RedoAccidentals(crossing);
+}
+
+void RespaceMeasure(Measure* measure) {
+    ListaEventi list(measure, SpacingRoom());
+    const bool canBe = list.CanBeSpaced();
+    if (canBe) list.LayOut(spacingTable);
+    const bool fits = canBe && HasRoom(list, FrameOf(measure).NoteArea());
+    if (fits) list.Put();
+    for (const MeasureStaff* crossing : measureStaffs.Of(measure))
+        for (Voice* voice : measureStaffVoices.Of(crossing))
+            if (!voiceSymbols.IsEmpty(voice) && (!fits || IsWholeRest(voice))) SpaceVoice(voice);
 }
 
 void BeamCrossing(MeasureStaff* crossing) {

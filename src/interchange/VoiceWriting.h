@@ -26,9 +26,11 @@ private:
     Irregular* _tuplet = nullptr;      // of the symbol written last
 };
 
-// The work on a crossing once all its voices hold their symbols: a rest where there are none, stems, places,
+// The work on a crossing once all its voices hold their symbols: a rest where there are none, stems,
 // accidentals.
-void SpaceCrossing(MeasureStaff* crossing);
+void SettleCrossing(MeasureStaff* crossing);
+// Places of all events of a measure; one whole rest stands in its middle.
+void RespaceMeasure(Measure* measure);
 void BeamCrossing(MeasureStaff* crossing);
 
 }  // namespace corvane

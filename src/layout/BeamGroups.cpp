@@ -63,12 +63,12 @@ struct Timed {
 // A sum of thirds may fall short of the beat that it reaches.
 constexpr double kBeatTolerance = 1e-9;
 
-bool CanBeam(VoiceSymbol* symbol) {
-    const uint8_t value = ValueOf(symbol);
-    return value >= 8 && value != kDoubleWhole && !As<CrossBeam>(BeamOf(BeamSymbolOf(symbol)));
-}
-
 bool IsStem(const BeamMember& member) { return As<Stem>(member.symbol) != nullptr; }
+
+bool WantsToBeAlone(VoiceSymbol* symbol) {
+    const auto* stem = As<Stem>(BeamSymbolOf(symbol));
+    return stem && (stem->_said & kSaidAlone);
+}
 
 // Rests complete the part of a group in which a note stands; parts of rests alone fall off at both ends.
 BeamGroup WithoutEmptyEnds(const BeamGroup& group) {
@@ -82,7 +82,7 @@ BeamGroup WithoutEmptyEnds(const BeamGroup& group) {
     return kept;
 }
 
-// Collects the groups of one voice.
+// Collects the groups of one voice by its meter.
 class Grouping {
 public:
     explicit Grouping(const Voice* voice) : _document(DocumentPar(voice)), _measure(MeasurePar(voice)) {
@@ -124,11 +124,14 @@ private:
 
     // Goes on with a group, or ends it where the event does not connect.
     void Take(BeamGroup& group, VoiceSymbol* symbol, int connection) {
-        const bool takes = CanBeam(symbol) && (_withRests || !As<Pause>(symbol));
-        if (!takes || connection == kNotConnected) Close(group);
+        const bool takes =
+            CanBeam(symbol) && !IsFixed(BeamOf(BeamSymbolOf(symbol))) && (_withRests || !As<Pause>(symbol));
+        const bool alone = takes && WantsToBeAlone(symbol);
+        if (!takes || alone || connection == kNotConnected) Close(group);
         if (!takes) return;
         if (!group.empty()) group.back().connection = connection;
         group.push_back({BeamSymbolOf(symbol), ValueOf(symbol), kNotConnected});
+        if (alone) Close(group);
     }
 
     void Close(BeamGroup& group) {
@@ -142,7 +145,68 @@ private:
     std::vector<BeamGroup> _groups;
 };
 
+// Collects runs of chosen events, main ones and grace chords apart.
+class Runs {
+public:
+    void Take(VoiceSymbol* symbol, bool chosen) {
+        if (!IsGrace(symbol)) Close(_graces);
+        BeamGroup& run = IsGrace(symbol) ? _graces : _mains;
+        if (!chosen || !CanBeam(symbol)) return Close(run);
+        if (!run.empty()) run.back().connection = kFullConnection;
+        run.push_back({BeamSymbolOf(symbol), ValueOf(symbol), kNotConnected});
+    }
+    std::vector<BeamGroup> Done() {
+        Close(_graces);
+        Close(_mains);
+        return std::move(_runs);
+    }
+
+private:
+    void Close(BeamGroup& run) {
+        const auto first = std::find_if(run.begin(), run.end(), IsStem);
+        const auto end = std::find_if(run.rbegin(), run.rend(), IsStem).base();
+        if (first != run.end()) _runs.emplace_back(first, end);
+        if (first != run.end()) _runs.back().back().connection = kNotConnected;
+        run.clear();
+    }
+
+    BeamGroup _mains, _graces;
+    std::vector<BeamGroup> _runs;
+};
+
+template <class Step>
+VoiceSymbol* NeighbourUnderBeam(const VoiceSymbol* symbol, Step step) {
+    VoiceSymbol* other = step(symbol);
+    if (IsGrace(symbol)) return other && IsGrace(other) ? other : nullptr;
+    while (other && IsGrace(other)) other = step(other);
+    return other;
+}
+
 }  // namespace
+
+VoiceSymbol* NextUnderBeam(const VoiceSymbol* symbol) {
+    return NeighbourUnderBeam(symbol, [](const VoiceSymbol* s) { return voiceSymbols.Next(s); });
+}
+
+VoiceSymbol* PrevUnderBeam(const VoiceSymbol* symbol) {
+    return NeighbourUnderBeam(symbol, [](const VoiceSymbol* s) { return voiceSymbols.Prev(s); });
+}
+
+VoiceSymbol* EventAt(const BeamSymbol* symbol, const Voice* voice) {
+    if (const auto* pause = As<Pause>(symbol)) return const_cast<Pause*>(pause);
+    for (const GenericNote* note : stemNotes.Of(As<Stem>(symbol)))
+        if (VoicePar(note) == voice) return ChordPar(note);
+    return nullptr;
+}
+
+bool CanBeam(VoiceSymbol* symbol) {
+    const uint8_t value = ValueOf(symbol);
+    if (value < 8 || value == kDoubleWhole) return false;
+    const auto* stem = As<Stem>(BeamSymbolOf(symbol));
+    return !stem || !IsMultiStaff(stem);
+}
+
+bool IsFixed(const Beam* beam) { return beam && (beam->_kept == 1 || As<CrossBeam>(beam)); }
 
 BeamSymbol* BeamSymbolOf(VoiceSymbol* symbol) {
     if (auto* pause = As<Pause>(symbol)) return pause;
@@ -168,5 +232,11 @@ int BeatConnection(const Document* document, int beat, int before, int numerator
 }
 
 std::vector<BeamGroup> BeamGroupsOf(const Voice* voice) { return Grouping(voice).Of(voice); }
+
+std::vector<BeamGroup> BeamRunsOf(const Voice* voice, const ChosenEvents& chosen) {
+    Runs runs;
+    for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) runs.Take(symbol, chosen.count(symbol) != 0);
+    return runs.Done();
+}
 
 }  // namespace corvane

@@ -3,7 +3,8 @@
 
 #include "base/Assert.h"
 #include "base/Rounding.h"
-#include "layout/Beaming.h"
+#include "layout/BeamClearance.h"
+#include "layout/CrossBeams.h"
 #include "layout/Engraving.h"
 #include "layout/NoteGeometry.h"
 #include "model/NoteOperations.h"
@@ -13,11 +14,9 @@
 namespace corvane {
 namespace {
 
-constexpr double kSlope = 0.17;
 constexpr int kFirstDownAverage = 6;
-// Hundredths of a line distance: the shortest stem under a beam, from the middle of a head to the levels of a
-// beam, and from a rest to them.
-constexpr int32_t kLeastStem = 250, kHeadRoom = 100, kRestRoom = 50;
+// Hundredths of a line distance: the shortest stem under a beam, and from a rest to the levels of a beam.
+constexpr int32_t kLeastStem = 250, kRestRoom = 50;
 // What a beam of grace notes keeps is smaller by this percentage.
 constexpr int32_t kGraceScale = 140;
 
@@ -64,7 +63,7 @@ Heads HeadsOf(const Beam* beam) {
 
 double SlopeOf(const Heads& heads) {
     if (!AngledBeams() || heads.first == heads.last) return 0.0;
-    return heads.last < heads.first ? kSlope : -kSlope;
+    return heads.last < heads.first ? kBeamSlope : -kBeamSlope;
 }
 
 bool PointsUpByRule(const Heads& heads) {
@@ -81,28 +80,6 @@ bool PointsUp(const Beam* beam, const Heads& heads) {
     });
     return pointed ? IsUp(pointed->_direction) : PointsUpByRule(heads);
 }
-
-// The sizes of a beam's levels, hundredths of a line distance, and how near a head may come to them.
-struct BeamClearance {
-    int32_t thickness, step, preferred, least;
-
-    explicit BeamClearance(const Stem* stem) {
-        const auto* pref = Preferences<NotePref>(DocumentPar(stem));
-        thickness = pref ? pref->BeamThickness() : NotePref::kBeamThickness;
-        step = thickness + (pref ? pref->BeamGap() : NotePref::kBeamGap);
-        preferred = pref ? pref->BeamMinDistance() : NotePref::kBeamMinDistance;
-        least = kLeastStem;
-        if (!IsGrace(stem)) return;
-        thickness /= 2, step /= 2;
-        preferred = preferred * 100 / kGraceScale, least = least * 100 / kGraceScale;
-    }
-    // From the beam's line to the inner edge of the levels of a value.
-    int32_t Depth(int value) const {
-        int32_t depth = thickness / 2;
-        for (int level = 16; level <= value; level *= 2) depth += step;
-        return depth;
-    }
-};
 
 // How far the line has to move away from the heads, so that every stem is long enough for its levels and, as
 // stems without a beam do, reaches the middle line.
@@ -148,12 +125,33 @@ bool StubPointsRight(const BeamMarker* p, const BeamMarker* m, const BeamMarker*
     return p->_leftValue < m->_leftValue && p->_leftValue < n->_leftValue;
 }
 
+bool StubIsTurned(const BeamMarker* marker) {
+    return As<Stem>(beamSymbolAttributes.ParentOf(marker)) && marker->_drawToRest;
+}
+
 bool& AngledSwitch() {
     static bool angled = true;
     return angled;
 }
 
 }  // namespace
+
+BeamClearance::BeamClearance(const Stem* stem) {
+    const auto* pref = Preferences<NotePref>(DocumentPar(stem));
+    thickness = pref ? pref->BeamThickness() : NotePref::kBeamThickness;
+    step = thickness + (pref ? pref->BeamGap() : NotePref::kBeamGap);
+    preferred = pref ? pref->BeamMinDistance() : NotePref::kBeamMinDistance;
+    least = kLeastStem;
+    if (!IsGrace(stem)) return;
+    thickness /= 2, step /= 2;
+    preferred = preferred * 100 / kGraceScale, least = least * 100 / kGraceScale;
+}
+
+int32_t BeamClearance::Depth(int value) const {
+    int32_t depth = thickness / 2;
+    for (int level = 16; level <= value; level *= 2) depth += step;
+    return depth;
+}
 
 bool AngledBeams() { return AngledSwitch(); }
 void SetAngledBeams(bool angled) { AngledSwitch() = angled; }
@@ -172,7 +170,7 @@ BeamLine ComputeBeam(const Beam* beam) {
     const double head = staff.Bottom() - distance * 0.5 * anchor->_line + distance * 0.5;
     line.slope = SlopeOf(heads);
     line.b = head + (up ? -clear : clear) - BeamXOf(StemPar(anchor)) * line.slope;
-    if (!As<CrossBeam>(beam)) line.b += LackOf(beam, line, up) * (up ? -1 : 1);
+    line.b += LackOf(beam, line, up) * (up ? -1 : 1);
     const int32_t startX = BeamXOf(beamSymbolAttributes.ParentOf(beamMarkers.First(beam)));
     const int32_t endX = BeamXOf(beamSymbolAttributes.ParentOf(beamMarkers.Last(beam)));
     line.start = {startX, line.YAt(startX)};
@@ -181,6 +179,7 @@ BeamLine ComputeBeam(const Beam* beam) {
 }
 
 void RefitBeam(Beam* beam) {
+    if (auto* cross = As<CrossBeam>(beam)) return RefitCrossBeam(cross);
     const Heads heads = HeadsOf(beam);
     if (!heads.count) return;
     const bool up = PointsUp(beam, heads);
@@ -199,12 +198,25 @@ void RefitBeam(Beam* beam) {
 void PointBeam(Beam* beam, bool up) {
     const Heads heads = HeadsOf(beam);
     if (!heads.count) return;
-    const bool pointed = PointsUpByRule(heads) != up;
+    const bool pointed = As<CrossBeam>(beam) || PointsUpByRule(heads) != up;
     ForEachStem(beam, [&](Stem* stem, const BeamMarker*) {
-        stem->_pointed = pointed;
+        Say(stem, kSaidDirection, pointed);
         PointStem(stem, up);
     });
     RefitBeam(beam);
+}
+
+bool LevelConnects(const BeamMarker* left, const BeamMarker* right, int value) {
+    const uint8_t cut = left->_rightValue;
+    return left->_groupValue >= value && right->_groupValue >= value && (cut == kNotCut || cut >= value);
+}
+
+bool HasStub(const BeamMarker* marker) {
+    if (!As<Stem>(beamSymbolAttributes.ParentOf(marker))) return false;
+    const BeamMarker *p = beamMarkers.Prev(marker), *n = beamMarkers.Next(marker);
+    const int value = marker->_groupValue;
+    if (!p && !n) return true;
+    return value > 8 && !(p && LevelConnects(p, marker, value)) && !(n && LevelConnects(marker, n, value));
 }
 
 void SetMarkerStubs(Beam* beam) {
@@ -212,7 +224,7 @@ void SetMarkerStubs(Beam* beam) {
     for (BeamMarker* m : beamMarkers.Of(beam)) {
         const BeamMarker* n = beamMarkers.Next(m);
         m->_groupValue = std::clamp<uint8_t>(m->_leftValue, 8, 128);
-        m->_stubSide = StubPointsRight(p, m, n) ? 'R' : 'L';
+        m->_stubSide = StubPointsRight(p, m, n) != StubIsTurned(m) ? 'R' : 'L';
         p = m;
     }
 }

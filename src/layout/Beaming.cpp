@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "base/Assert.h"
-#include "layout/BeamGroups.h"
+#include "layout/CrossBeams.h"
 #include "layout/Engraving.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -13,7 +13,7 @@
 namespace corvane {
 namespace {
 
-constexpr uint8_t kNotCut = 255, kEighth = 8;
+constexpr uint8_t kEighth = 8;
 
 // What the score wants of beams beside their grouping.
 struct BeamWishes {
@@ -25,7 +25,11 @@ struct BeamWishes {
         beamAlone = pref->_singleNote == SingleNote::Beam;
         stemsOnRests = pref->_completedBy == CompletedBy::StemsOnRests;
     }
-    bool WantsBeam(const BeamGroup& group) const { return group.size() > 1 || beamAlone; }
+    bool WantsBeam(const BeamGroup& group) const {
+        if (group.size() > 1) return true;
+        const auto* stem = As<Stem>(group.front().symbol);
+        return beamAlone && stem && !(stem->_said & kSaidAlone);
+    }
 };
 
 // What a marker is made with.
@@ -37,25 +41,15 @@ struct MarkerPlan {
     bool Holds(const BeamMarker* marker) const {
         return beamSymbolAttributes.ParentOf(marker) == symbol && marker->_leftValue == value &&
                marker->_rightValue == cut && marker->_level == connection &&
-               (marker->_drawToRest != 0) == drawToRest;
+               (As<Stem>(symbol) || (marker->_drawToRest != 0) == drawToRest);
     }
 };
-
-uint8_t CutTo(const BeamMember& member, const BeamMember& next) {
-    switch (member.connection) {
-        case kEighthLevel:
-            return kEighth;
-        case kLargerValue:
-            return std::min(member.value, next.value);
-        default:
-            return kNotCut;
-    }
-}
 
 std::vector<MarkerPlan> PlansOf(const BeamGroup& group, const BeamWishes& wishes) {
     std::vector<MarkerPlan> plans;
     for (size_t i = 0; i < group.size(); ++i) {
-        const uint8_t cut = i + 1 < group.size() ? CutTo(group[i], group[i + 1]) : kNotCut;
+        const uint8_t cut =
+            i + 1 < group.size() ? CutOf(group[i].connection, group[i].value, group[i + 1].value) : kNotCut;
         plans.push_back({group[i].symbol, group[i].value, cut, static_cast<uint8_t>(group[i].connection),
                          wishes.stemsOnRests && As<Pause>(group[i].symbol)});
     }
@@ -82,13 +76,6 @@ void AddMarker(Beam* beam, const MarkerPlan& plan) {
     beamMarkers.Add(beam, marker);
 }
 
-void BuildBeam(const std::vector<MarkerPlan>& plans) {
-    auto* beam = Make<Beam>();
-    beam->_direction = 'U';
-    for (const MarkerPlan& plan : plans) AddMarker(beam, plan);
-    RefitBeam(beam);
-}
-
 void SetFlagged(const BeamGroup& group) {
     for (const BeamMember& member : group)
         if (auto* stem = As<Stem>(member.symbol); stem && !FlagOf(stem)) AttachFlag(stem, member.value);
@@ -98,13 +85,14 @@ void SetFlagged(const BeamGroup& group) {
 void DissolveOthers(const Voice* voice, const std::vector<const Beam*>& kept) {
     for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
         Beam* beam = BeamOf(BeamSymbolOf(symbol));
-        if (!beam || As<CrossBeam>(beam)) continue;
+        if (!beam || IsFixed(beam)) continue;
         if (std::find(kept.begin(), kept.end(), beam) == kept.end()) DissolveBeam(beam, nullptr);
     }
 }
 
 // A stem that has lost its beam stands on its own again.
 void Free(Stem* stem) {
+    if (IsMultiStaff(stem)) return SplitCrossChord(ChordSymbolPar(stem));
     const GenericNote* note = stemNotes.First(stem);
     CORVANE_ASSERT_AS(note, "note");
     Chords* chord = ChordPar(note);
@@ -112,7 +100,44 @@ void Free(Stem* stem) {
     AttachFlag(stem, ValueOf(chord));
 }
 
+// Something has come between two of its events, or one of them has gone.
+bool IsParted(const Beam* beam, const Voice* voice) {
+    const VoiceSymbol* before = nullptr;
+    for (const BeamMarker* marker : beamMarkers.Of(beam)) {
+        const VoiceSymbol* event = EventAt(beamSymbolAttributes.ParentOf(marker), voice);
+        if (!event || (before && NextUnderBeam(before) != event)) return true;
+        before = event;
+    }
+    return false;
+}
+
+// What a grouping asks for, whatever stood over its events.
+void Establish(const BeamGroup& group, const Document* document) {
+    const BeamWishes wishes(document);
+    Beam* beam = BeamOf(group.front().symbol);
+    if (beam && wishes.WantsBeam(group) && StandsAs(beam, PlansOf(group, wishes))) return RefitBeam(beam);
+    for (const BeamMember& member : group)
+        if (Beam* other = BeamOf(member.symbol)) DissolveBeam(other, nullptr);
+    if (wishes.WantsBeam(group))
+        BuildBeam(group, document);
+    else
+        SetFlagged(group);
+}
+
 }  // namespace
+
+uint8_t CutOf(int connection, uint8_t value, uint8_t next) {
+    if (connection == kEighthLevel) return kEighth;
+    return connection == kLargerValue ? std::min(value, next) : kNotCut;
+}
+
+Beam* BuildBeam(const BeamGroup& group, const Document* document) {
+    auto* beam = Make<Beam>();
+    beam->_direction = 'U';
+    for (const MarkerPlan& plan : PlansOf(group, BeamWishes(document))) AddMarker(beam, plan);
+    RefitBeam(beam);
+    return beam;
+}
 
 void DissolveBeam(Beam* beam, const BeamSymbol* dying) {
     while (BeamMarker* marker = beamMarkers.First(beam)) {
@@ -130,8 +155,26 @@ void DissolveBeam(Beam* beam, const BeamSymbol* dying) {
     }
 }
 
+void EndPartedBeams(const Voice* voice) {
+    for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+        Beam* beam = BeamOf(BeamSymbolOf(symbol));
+        if (beam && !As<CrossBeam>(beam) && IsParted(beam, voice)) DissolveBeam(beam, nullptr);
+    }
+}
+
+void BeamByBeats(const Voice* voice, const ChosenEvents& chosen) {
+    for (const BeamGroup& group : BeamGroupsOf(voice)) {
+        const bool touched = std::any_of(group.begin(), group.end(), [&](const BeamMember& member) {
+            return chosen.count(EventAt(member.symbol, voice)) != 0;
+        });
+        if (touched) Establish(group, DocumentPar(voice));
+    }
+}
+
 void BeamVoice(Voice* voice) {
-    const BeamWishes wishes(DocumentPar(voice));
+    EndPartedBeams(voice);
+    const Document* document = DocumentPar(voice);
+    const BeamWishes wishes(document);
     const std::vector<BeamGroup> groups = BeamGroupsOf(voice);
     std::vector<const BeamGroup*> anew;
     std::vector<const Beam*> kept;
@@ -147,18 +190,22 @@ void BeamVoice(Voice* voice) {
     DissolveOthers(voice, kept);
     for (const BeamGroup* group : anew) {
         if (wishes.WantsBeam(*group))
-            BuildBeam(PlansOf(*group, wishes));
+            BuildBeam(*group, document);
         else
             SetFlagged(*group);
     }
 }
 
 void RefitBeamsOf(const Voice* voice) {
-    for (VoiceSymbol* symbol : voiceSymbols.Of(voice))
-        if (const BeamMarker* marker = MarkerOf(BeamSymbolOf(symbol))) {
-            Beam* beam = beamMarkers.ParentOf(marker);
-            if (beamMarkers.First(beam) == marker) RefitBeam(beam);
-        }
+    const Beam* last = nullptr;
+    for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+        const BeamMarker* marker = MarkerOf(BeamSymbolOf(symbol));
+        if (!marker) continue;
+        Beam* beam = beamMarkers.ParentOf(marker);
+        const bool seen = As<CrossBeam>(beam) ? beam == last : beamMarkers.First(beam) != marker;
+        if (!seen) RefitBeam(beam);
+        last = beam;
+    }
 }
 
 }  // namespace corvane

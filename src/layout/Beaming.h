@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/Geometry.h"
-#include "model/Relations.h"
+#include "layout/BeamGroups.h"
 
 namespace corvane {
 
@@ -11,8 +11,21 @@ namespace corvane {
 int BeatConnection(const Document* document, int beat, int before, int numerator);
 
 // Re-beams one voice: dissolves its beams and builds those that grouping tells; single notes get flags. A
-// beam whose grouping is as before is kept and refitted; one over several staves is left alone.
+// beam whose grouping is as before is kept and refitted; a fixed one (BeamGroups.h) stays, as long as its
+// events follow each other.
 void BeamVoice(Voice* voice);
+// The same for the groups in which something is chosen, and only them.
+void BeamByBeats(const Voice* voice, const ChosenEvents& chosen);
+// Makes a beam over events that stand under none.
+Beam* BuildBeam(const BeamGroup& group, const Document* document);
+// Dissolves the beams over a voice's events between which something has come.
+void EndPartedBeams(const Voice* voice);
+// The shortest value that a connection lets through between two neighbours; 255 for all.
+uint8_t CutOf(int connection, uint8_t value, uint8_t next);
+// Whether the level of a value runs from a marker to the next.
+bool LevelConnects(const BeamMarker* left, const BeamMarker* right, int value);
+// Whether a stem's marker carries a partial beam.
+bool HasStub(const BeamMarker* marker);
 
 // The global switch "Angled Beam"; off makes every beam horizontal.
 bool AngledBeams();
@@ -32,7 +45,7 @@ struct BeamLine {
 
     int32_t YAt(int32_t x) const;  // x * slope + b, rounded
 };
-// For a beam whose stems point its way; all zero for one without heads.
+// For a beam on one staff whose stems point its way; all zero for one without heads.
 BeamLine ComputeBeam(const Beam* beam);
 void SetMarkerStubs(Beam* beam);
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <string_view>
 
 #include "base/Rounding.h"
 #include "graphics/MemoryPort.h"
@@ -23,6 +24,9 @@ constexpr int32_t kFromNotes = 70, kFromStaff = 60, kHook = 70, kFigureGap = 35,
 constexpr int32_t kBracketWeight = 12;
 constexpr double kSteepest = 0.2;
 constexpr uint8_t kItalic = 2;
+// The face that new scores tell for figures is of equal widths, as on a typewriter; figures are set as texts
+// are until somebody chooses another one.
+constexpr std::string_view kUsualFace = "Courier New", kTextFace = "Times New Roman";
 
 struct TupletPicture {
     std::string figure;
@@ -180,7 +184,8 @@ public:
     static void UseFigureFont(GraphicPort& port, const VoiceSymbol* event, int32_t size) {
         const auto* preferences = Preferences<IrregPref>(DocumentPar(event));
         const TarnFont* font = preferences ? preferences->_font.Get() : nullptr;
-        port.SetFontName(font ? TextOf(font->_name) : "Times New Roman");
+        const std::string_view name = font ? TextOf(font->_name) : kTextFace;
+        port.SetFontName(name == kUsualFace ? kTextFace : name);
         port.SetFontSize(size);
         port.SetFontStyle(font && font->_style ? font->_style.Get() : kItalic);
     }

@@ -27,7 +27,9 @@ int32_t LengthToMiddleLine(const GenericNote* note, bool up);
 // Stores the code, the heads' sides and the flags' symbols ("up" and "down" swapped).
 void ChangeStemDirection(Stem* stem, StemDirection direction);
 // Whether a person has pointed it against the rules; it then keeps its direction through later edits.
-inline bool IsPointed(const Stem* stem) { return stem->_pointed == 1; }
+inline bool IsPointed(const Stem* stem) { return (stem->_said & kSaidDirection) != 0; }
+// Notes that a person has said something of a stem, or takes it back: kSaidDirection, kSaidAlone.
+void Say(Stem* stem, uint8_t what, bool said);
 // What a person says of a chord without a beam. Where the rules say the same it follows them again.
 void PointChord(Chords* chord, bool up);
 // The same up or down, hidden where the stem was hidden or the value has none.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "layout/AccidentalColumns.h"
+#include "layout/Frames.h"
 #include "layout/MovingClefs.h"
 #include "layout/NoteGeometry.h"
 #include "layout/SymbolInk.h"
@@ -11,9 +13,6 @@
 
 namespace corvane {
 namespace {
-
-// Accidentals so many steps apart share a column.
-constexpr int kColumnSteps = 6;
 
 int32_t WidthOf(const VoiceSymbol* symbol) {
     const auto* pause = As<Pause>(symbol);
@@ -37,7 +36,7 @@ int32_t AccidentRoom(const Chords* chord, int32_t noteGap, int32_t columnGap) {
         const int32_t width = RectOf(accident).Width();
         if (!last)
             room += noteGap + width;
-        else if (std::abs(note->_line - last->_line) < kColumnSteps)
+        else if (std::abs(note->_line - last->_line) < kAccidentalColumnSteps)
             room += columnGap + width;
         last = note;
     }
@@ -81,6 +80,17 @@ int32_t MusicSymbol::GraceRoom() const {
     int32_t room = 0;
     for (const VoiceSymbol* grace : _graces) room += WidthOf(grace);
     return room;
+}
+
+int32_t MusicSymbol::AccidentReach() const {
+    const auto* chord = As<Chords>(_symbol);
+    int32_t reach = 0;
+    if (!chord) return reach;
+    for (const GenericNote* note : chordNotes.Of(chord))
+        if (const Accident* accident = AccidentOf(note))
+            reach = std::max(reach,
+                             FrameOf(MeasurePar(_symbol)).XOf(corvane::XOf(_symbol)) - RectOf(accident).left);
+    return reach;
 }
 
 // Grace chords stand directly before the event, the last one next to it.

@@ -15,6 +15,8 @@ public:
     bool Put(const ListaEventi& list, const Event& event) const override;
     // Of the grace chords, one behind the other.
     int32_t GraceRoom() const;
+    // How far its accidentals reach left of its place, page units.
+    int32_t AccidentReach() const;
 
 private:
     VoiceSymbol* _symbol;

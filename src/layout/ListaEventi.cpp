@@ -7,6 +7,7 @@
 #include "base/Rounding.h"
 #include "layout/EventSymbols.h"
 #include "layout/SpacingHeader.h"
+#include "layout/SyllableRoom.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 
@@ -123,10 +124,20 @@ void ListaEventi::MeasureEvents() {
 
 void ListaEventi::Place(const SpacingTable& table) {
     int32_t pos = 0;
-    for (const auto& symbol : events.front().symbols)
-        pos = std::max(pos, static_cast<const MusicSymbol&>(*symbol).GraceRoom());
+    for (const auto& each : events.front().symbols) {
+        const auto& symbol = static_cast<const MusicSymbol&>(*each);
+        pos = std::max(pos, symbol.GraceRoom());
+        // Accidentals that do not fit in the gap before the first note move it.
+        if (_room.accidents)
+            pos = std::max(pos, symbol.AccidentReach() + lineDistance / 4 - GapsOf(_document).firstNote);
+    }
+    const std::vector<SyllableNeed> needs =
+        _room.lyrics ? SyllableNeedsOf(events) : std::vector<SyllableNeed>();
+    auto need = needs.begin();
     for (size_t i = 0; i < events.size(); ++i) {
         Event& event = events[i];
+        for (; need != needs.end() && need->to == i; ++need)
+            pos = std::max(pos, events[need->from].x + need->room);
         event.x = pos;
         int32_t width = Round(static_cast<double>(table.WidthOf(event.duration)) * lineDistance);
         width = std::max(width, event.rightExtent - event.leftExtent);

@@ -13,7 +13,7 @@ namespace corvane {
 
 // What makes room besides heads, stems, flags and rests.
 struct SpacingRoom {
-    bool dots = true, clefs = true, accidents = true;
+    bool dots = true, clefs = true, accidents = true, lyrics = true;
 };
 
 // Widths in line distances of events that last 2, 1, 1/2 ... 1/32 whole notes and more, and of shorter ones.

@@ -41,6 +41,7 @@ struct StemLine {
     int32_t x = 0;
     int32_t from = 0;  // y at the head that it is drawn from
     int32_t end = 0;   // y of the free end
+    int32_t told = 0;  // the same as the stem's length tells, though that be among its heads
 };
 // Pulled to the heads' end where it would stop inside its chord. A stem without heads has no length.
 StemLine LineOf(const Stem* stem);
@@ -93,6 +94,9 @@ Rect RectOf(const Dot* dot);
 
 // Absolute x of a stem's line, or the centre of a rest.
 int32_t BeamXOf(const BeamSymbol* symbol);
+
+// How far the outermost level of a marker lies from its beam's line, downward; 0 for an eighth.
+int32_t LevelReach(const BeamMarker* marker);
 
 // A straight stroke of a beam; its ends are upright.
 struct BeamStroke {

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/Rounding.h"
+#include "layout/Beaming.h"
 #include "layout/LineWeights.h"
 #include "layout/NoteGeometry.h"
 #include "model/NoteOperations.h"
@@ -12,15 +13,13 @@
 namespace corvane {
 namespace {
 
-constexpr uint8_t kNotComputed = 255;
-
 // A marker with what it stands on.
 struct Post {
     const BeamMarker* marker = nullptr;
     const Stem* stem = nullptr;  // one of the two is there
     const Pause* pause = nullptr;
     int32_t left = 0, right = 0;  // edges of a stem's ink; a rest's centre
-    int32_t end = 0;              // y of a stem's end
+    int32_t end = 0;              // y of the beam's line at a stem
 };
 
 Post PostOf(const BeamMarker* marker) {
@@ -33,7 +32,11 @@ Post PostOf(const BeamMarker* marker) {
     if (post.stem) {
         const Column column(post.stem);
         const Rect ink = StemInk(column);
-        post.left = ink.left, post.right = ink.right, post.end = LineOf(column).end;
+        post.left = ink.left, post.right = ink.right, post.end = LineOf(column).told;
+        // Over several staves a stem against the beam's direction goes on through its levels.
+        const Beam* beam = beamMarkers.ParentOf(marker);
+        if (As<CrossBeam>(beam) && IsUp(post.stem->_direction) != (beam->_direction == 'U'))
+            post.end -= LevelReach(marker);
     } else {
         post.left = post.right = BeamXOf(symbol);
     }
@@ -96,10 +99,7 @@ private:
     static bool Reaches(const Post& post, int value) { return post.marker->_groupValue >= value; }
 
     bool Connects(size_t left, int value) const {
-        if (left + 1 >= _posts.size()) return false;
-        const uint8_t cut = _posts[left].marker->_rightValue;
-        return Reaches(_posts[left], value) && Reaches(_posts[left + 1], value) &&
-               (cut == kNotComputed || cut >= value);
+        return left + 1 < _posts.size() && LevelConnects(_posts[left].marker, _posts[left + 1].marker, value);
     }
 
     // The pieces of one level: a stroke for each run of connected markers, a stub for a stem alone.
@@ -163,6 +163,16 @@ int32_t BeamXOf(const BeamSymbol* symbol) {
     if (const auto* stem = As<Stem>(symbol)) return Column(stem).x;
     const Rect rest = RectOf(As<Pause>(symbol));
     return (rest.left + rest.right) / 2;
+}
+
+int32_t LevelReach(const BeamMarker* marker) {
+    const Beam* beam = beamMarkers.ParentOf(marker);
+    const auto* stem = As<Stem>(beamSymbolAttributes.ParentOf(marker));
+    if (!beam || !stem) return 0;
+    const int32_t step = MeasuresOf(beam, stem).step;
+    int32_t reach = 0;
+    for (int value = 16; value <= marker->_leftValue; value *= 2) reach += step;
+    return reach;
 }
 
 std::vector<BeamStroke> StrokesOf(const Beam* beam) { return BeamPicture(beam).Take(); }

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "base/Rounding.h"
+#include "layout/AccidentalColumns.h"
 #include "layout/NoteGeometry.h"
 #include "layout/SymbolInk.h"
 #include "model/NoteOperations.h"
@@ -96,7 +97,7 @@ Point PlaceOf(const Accident* accident) {
     const LedgerLines ledgers = LedgerLinesOf(note, column);
     if (ledgers.count) right = std::min(right, ledgers.left - kLedgerGap * distance / 100);
     const int32_t width = InkOf(accident->_symbol, {}, distance, 100).right;
-    return {right - width + accident->_dx * distance / 1000,
+    return {right - width - AccidentalShift(accident) + accident->_dx * distance / 1000,
             staff.YOfLine(note->_line) + accident->_dy * distance / 1000};
 }
 

@@ -25,12 +25,13 @@ StemLine LineOf(const Stem* stem) { return LineOf(Column(stem)); }
 StemLine LineOf(const Column& column) {
     const Stem* stem = column.stem;
     const GenericNote* outer = NoteOuter(stem);
-    if (!outer) return {column.x, 0, 0};
+    if (!outer) return {column.x, 0, 0, 0};
     const int32_t length = Round(static_cast<double>(stem->_length) * DistanceAt(outer) / 100);
     const int32_t origin = LengthOrigin(column, outer), headsEnd = PlaceOf(outer, column).stem.y;
     const int32_t from = PlaceOf(NoteInner(stem), column).stem.y;
-    if (IsUp(stem->_direction)) return {column.x, from, std::min(origin - length, headsEnd)};
-    return {column.x, from, std::max(origin + length, headsEnd)};
+    const bool up = IsUp(stem->_direction);
+    const int32_t told = up ? origin - length : origin + length;
+    return {column.x, from, up ? std::min(told, headsEnd) : std::max(told, headsEnd), told};
 }
 
 void SetEnd(Stem* stem, int32_t y) {

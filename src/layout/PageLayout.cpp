@@ -4,6 +4,7 @@
 
 #include "base/Rounding.h"
 #include "layout/CourtesySigns.h"
+#include "layout/CrossBeams.h"
 #include "layout/ScoreBuilder.h"
 #include "layout/Spacing.h"
 #include "model/SymbolTable.h"
@@ -83,6 +84,7 @@ void CenterStaves(System* system) {
     }
     system->_bottom = system->_top + last;
     AdjustPianoStaves(system);
+    RefitCrossBeams(system);
 }
 
 void AdjustPianoStaves(System* system) {

@@ -52,9 +52,10 @@ int32_t PreferredLength(const Stem* stem, const GenericNote* outer) {
 
 // Where a chord's stem points without a word of the person.
 bool PointsUpByRule(const Chords* chord) {
+    const Stem* stem = StemOf(chord);
+    if (IsMultiStaff(stem)) return true;
     const Voice* voice = VoicePar(chord);
     if (StemsAreForced(voice)) return ForcedStemsUp(voice);
-    const Stem* stem = StemOf(chord);
     const int middle = (stemNotes.First(stem)->_line + stemNotes.Last(stem)->_line) / 2;
     return IsGrace(chord) || middle < kFirstDownLine;
 }
@@ -89,6 +90,11 @@ void SetDefaultStemLength(Stem* stem) {
     stem->_length = length;
 }
 
+void Say(Stem* stem, uint8_t what, bool said) {
+    const auto words = static_cast<uint8_t>(said ? stem->_said | what : stem->_said & ~what);
+    if (stem->_said != words) stem->_said = words;
+}
+
 void RestemChord(Chords* chord) {
     Stem* stem = StemOf(chord);
     if (stemNotes.IsEmpty(stem)) return;
@@ -99,7 +105,7 @@ void RestemChord(Chords* chord) {
 void PointChord(Chords* chord, bool up) {
     Stem* stem = StemOf(chord);
     if (stemNotes.IsEmpty(stem)) return;
-    stem->_pointed = PointsUpByRule(chord) != up;
+    Say(stem, kSaidDirection, PointsUpByRule(chord) != up);
     PointStem(stem, up);
     SetDefaultStemLength(stem);
 }

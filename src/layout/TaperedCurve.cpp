@@ -8,7 +8,9 @@
 namespace corvane {
 namespace {
 
-constexpr int kSteps = 24;
+// Straight steps along a curve: as many as keep it within half a unit, for half the swell too, yet even, so
+// that one ends in the middle.
+constexpr int kLeastSteps = 8, kMostSteps = 24;
 // A cubic reaches this part of the way to control points that stand equally far out.
 constexpr double kReach = 0.75;
 
@@ -23,6 +25,17 @@ Exact At(const TaperedCurve& c, double t) {
             a * c.from.y + b * c.control1.y + d * c.control2.y + e * c.to.y};
 }
 
+int StepsOf(const TaperedCurve& c) {
+    const Point tip = c.from, other = c.to;
+    const auto out = [&](Point control) {
+        const double dx = other.x - tip.x, dy = other.y - tip.y, length = std::hypot(dx, dy);
+        const double x = control.x - tip.x, y = control.y - tip.y;
+        return length > 0 ? std::abs(x * dy - y * dx) / length : std::hypot(x, y);
+    };
+    const double bulge = kReach * std::max(out(c.control1), out(c.control2)) + 0.5 * c.middle;
+    return std::clamp(2 * Round(std::sqrt(2 * bulge) / 2 + 0.5), kLeastSteps, kMostSteps);
+}
+
 // A unit vector across the straight line between the tips.
 Exact Across(const TaperedCurve& c) {
     const double dx = c.to.x - c.from.x, dy = c.to.y - c.from.y, length = std::hypot(dx, dy);
@@ -30,17 +43,20 @@ Exact Across(const TaperedCurve& c) {
 }
 
 // The edge on one side: half the tip's thickness out at the tips, half the middle's in the middle.
-Point EdgeAt(const TaperedCurve& curve, double t, double side) {
-    const Exact middle = At(curve, t), across = Across(curve);
+Point EdgeAt(const TaperedCurve& curve, Exact across, double t, double side) {
+    const Exact middle = At(curve, t);
     const double swell = 4 * t * (1 - t);
     const double out = side * 0.5 * (curve.tip + (curve.middle - curve.tip) * swell);
     return {Round(middle.x + across.x * out), Round(middle.y + across.y * out)};
 }
 
 std::vector<Point> OutlineOf(const TaperedCurve& curve) {
+    const Exact across = Across(curve);
+    const int steps = StepsOf(curve);
     std::vector<Point> outline;
-    for (int i = 0; i <= kSteps; ++i) outline.push_back(EdgeAt(curve, i / double{kSteps}, 1));
-    for (int i = kSteps; i >= 0; --i) outline.push_back(EdgeAt(curve, i / double{kSteps}, -1));
+    outline.reserve(2 * static_cast<size_t>(steps) + 2);
+    for (int i = 0; i <= steps; ++i) outline.push_back(EdgeAt(curve, across, double(i) / steps, 1));
+    for (int i = steps; i >= 0; --i) outline.push_back(EdgeAt(curve, across, double(i) / steps, -1));
     return outline;
 }
 
@@ -60,8 +76,8 @@ TaperedCurve ArchOf(Point from, Point to, int32_t height, bool above, int32_t sh
 
 std::vector<Point> PointsAlong(const TaperedCurve& curve) {
     std::vector<Point> points;
-    for (int i = 0; i <= kSteps; ++i) {
-        const Exact p = At(curve, i / double{kSteps});
+    for (int i = 0; i <= kMostSteps; ++i) {
+        const Exact p = At(curve, i / double{kMostSteps});
         points.push_back({Round(p.x), Round(p.y)});
     }
     return points;

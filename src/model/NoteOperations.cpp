@@ -17,6 +17,13 @@ bool IsSecond(const GenericNote* a, const GenericNote* b) {
     return std::abs(a->_line - b->_line) < 2 && StaffPar(a) == StaffPar(b);
 }
 
+// By their staves where these differ, else by their lines.
+bool StandsBelow(const GenericNote* note, const GenericNote* other) {
+    const Staff *its = StaffPar(note), *others = StaffPar(other);
+    if (its && others && its != others) return its->_top > others->_top;
+    return note->_line < other->_line;
+}
+
 }  // namespace
 
 bool IsNoteValue(uint8_t value) {
@@ -112,7 +119,7 @@ void SetDirection(Stem* stem, StemDirection direction) {
 void AddNoteToStem(Stem* stem, GenericNote* note) {
     GenericNote* behind = nullptr;
     for (GenericNote* other : stemNotes.Of(stem)) {
-        if (other->_line < note->_line) break;
+        if (StandsBelow(other, note)) break;
         behind = other;
     }
     stemNotes.Insert(stem, note, behind);

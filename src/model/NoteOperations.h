@@ -18,10 +18,12 @@ int DotCount(const VoiceSymbol* symbol);
 double TupletRatio(const VoiceSymbol* symbol);
 // Thousandths of a whole note: a quarter is 250.0.
 double Duration(const VoiceSymbol* symbol);
-// The denominator of a measure as timing takes it: itself where it is a power of two, else 2 to the truncated log2.
+// The denominator of a measure as timing takes it: itself where it is a power of two, else 2 to the truncated
+// log2.
 int EffectiveDenominator(int denominator);
 
-// The head nearest to the free end, whose distance from it is the stem's length; null for a stem without heads.
+// The head nearest to the free end, whose distance from it is the stem's length; null for a stem without
+// heads.
 GenericNote* NoteOuter(const Stem* stem);
 // The head at the other end, from which the stem is drawn.
 GenericNote* NoteInner(const Stem* stem);
@@ -29,7 +31,7 @@ GenericNote* NoteInner(const Stem* stem);
 bool IsMultiStaff(const Stem* stem);
 // Stores the code and gives every head its side: seconds alternate around the stem.
 void SetDirection(Stem* stem, StemDirection direction);
-// Puts a head into its stem by its line, the highest first.
+// Puts a head that hangs in its chord into its stem, the highest first.
 void AddNoteToStem(Stem* stem, GenericNote* note);
 
 Beam* BeamOf(const BeamSymbol* symbol);          // null for a symbol under no beam

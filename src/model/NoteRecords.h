@@ -1,6 +1,6 @@
-// What holds the music inside a Voice: one chord or rest for each event, the heads, the stem that holds them, and the
-// signs on them. No record holds an absolute place: x counts in per mille of the measure's note area, y in staff steps
-// or fractions of the staff's line distance.
+// What holds the music inside a Voice: one chord or rest for each event, the heads, the stem that holds them,
+// and the signs on them. No record holds an absolute place: x counts in per mille of the measure's note area,
+// y in staff steps or fractions of the staff's line distance.
 #pragma once
 
 #include "model/Record.h"
@@ -14,8 +14,17 @@ inline constexpr uint8_t kDoubleWhole = 11;
 
 enum class Side : uint8_t { Right = 0, Left = 1, Centre = 2 };  // where the head lies of its reference x
 enum class Alteration : uint8_t {
-    None = 0, Sharp = 1, Flat = 2, DoubleSharp = 3, DoubleFlat = 4,
-    HalfSharp = 5, HalfFlat = 6, ThreeQuarterSharp = 7, ThreeQuarterFlat = 8, NaturalUp = 9, NaturalDown = 10,
+    None = 0,
+    Sharp = 1,
+    Flat = 2,
+    DoubleSharp = 3,
+    DoubleFlat = 4,
+    HalfSharp = 5,
+    HalfFlat = 6,
+    ThreeQuarterSharp = 7,
+    ThreeQuarterFlat = 8,
+    NaturalUp = 9,
+    NaturalDown = 10,
 };
 
 // A head of a chord and of its stem.
@@ -30,8 +39,8 @@ struct GenericNote : BehaviourWord,
     Stored<Side> _side;
     Stored<Alteration> _alteration;
     Stored<int32_t> _playData;
-    Stored<int16_t> _line;    // staff step: 1 the bottom line, each step half a line distance up
-    Stored<int32_t> _size;    // percent
+    Stored<int16_t> _line;  // staff step: 1 the bottom line, each step half a line distance up
+    Stored<int32_t> _size;  // percent
     Stored<uint8_t> _hidden;
     Filler<1> _filler49;
 };
@@ -54,8 +63,8 @@ struct VoiceSymbol : BehaviourWord,
 // One voice's chord. Its value is its ChordSymbol's.
 struct Chords : VoiceSymbol,
                 Gap<4, 16>,
-                Bot2T<Chords, 32, 3>,    // of a ChordSymbol
-                Top2T<Chords, 40, 3> {   // GenericNotes
+                Bot2T<Chords, 32, 3>,   // of a ChordSymbol
+                Top2T<Chords, 40, 3> {  // GenericNotes
     static constexpr int16_t kClass = 20;
     static constexpr bool IsHeir(int16_t n) { return n == 20 || n == 4; }
 };
@@ -63,7 +72,7 @@ struct Chords : VoiceSymbol,
 struct GraceChord : Chords {
     static constexpr int16_t kClass = 4;
     static constexpr bool IsHeir(int16_t n) { return n == 4; }
-    Stored<uint8_t> _beforeBeat;           // the play mode is 18: the chord before gives the time
+    Stored<uint8_t> _beforeBeat;  // the play mode is 18: the chord before gives the time
     Filler<1> _filler33;
     Stored<int16_t> _percentAssigned, _percentCut;  // play timing, as when the events were made
     Stored<uint8_t> _slash;
@@ -92,18 +101,21 @@ struct Pause : VoiceSymbol, BeamSymbol {
 
 inline constexpr int32_t kVerticalStem = 2147483647;
 
+// What a person has said of a stem; else it points, and is beamed, by the rules.
+inline constexpr uint8_t kSaidDirection = 1, kSaidAlone = 2;
+
 enum class StemDirection : uint8_t { Down = 0, Up = 1, HiddenDown = 2, HiddenUp = 3 };
 constexpr bool IsUp(StemDirection d) { return d == StemDirection::Up || d == StemDirection::HiddenUp; }
 constexpr bool IsVisible(StemDirection d) { return d == StemDirection::Up || d == StemDirection::Down; }
 
 struct Stem : BeamSymbol,
               Gap<2, 8>,
-              Bot2T<Stem, 33, 3>,      // of a ChordSymbol
-              Top2T<Stem, 60, 3> {     // GenericNotes, the highest line first
+              Bot2T<Stem, 33, 3>,   // of a ChordSymbol
+              Top2T<Stem, 60, 3> {  // GenericNotes, the highest line first
     static constexpr int16_t kClass = 22;
     static constexpr bool IsHeir(int16_t n) { return n == 22; }
     Stored<StemDirection> _direction;
-    Stored<uint8_t> _pointed;  // 1: a person has said up or down; else it points by the rules
+    Stored<uint8_t> _said;    // the sum of kSaidDirection and kSaidAlone
     Stored<int32_t> _slant;   // kVerticalStem or a divisor
     Stored<int32_t> _x;       // per mille of the note area
     Stored<int32_t> _length;  // beyond the outer head, hundredths of a line distance
@@ -128,14 +140,14 @@ struct BeamMarker : BeamSymbolAttribute, Gap<4, 12>, Bot2T<BeamMarker, 900, 3>, 
     Stored<uint8_t> _groupValue;  // 8 to 128
     Stored<uint8_t> _stubSide;    // 'L' or 'R'
     Stored<uint8_t> _level;       // code of the connection between sub-groups
-    Stored<uint8_t> _drawToRest;
+    Stored<uint8_t> _drawToRest;  // of a stem's marker 1 where a person has turned its stub
 };
 
 struct Beam : BehaviourWord, Top2T<Beam, 900, 3> {  // BeamMarkers, in order
     static constexpr int16_t kClass = 65;
     static constexpr bool IsHeir(int16_t n) { return n == 65 || n == 107; }
     Stored<uint8_t> _direction;  // 'U' or 'D'
-    Filler<1> _filler9;
+    Stored<uint8_t> _kept;       // 1: a person made it; grouping leaves it as it is
 };
 
 // A column of a measure.
@@ -164,9 +176,7 @@ struct ChordSymbol : MeasureSymbol,
 
 // A sign on a head.
 struct NoteAttribute : BehaviourWord, Bot2T<NoteAttribute, 35, 3> {
-    static constexpr bool IsHeir(int16_t n) {
-        return n == 31 || n == 33 || (n >= 45 && n <= 63 && n != 48);
-    }
+    static constexpr bool IsHeir(int16_t n) { return n == 31 || n == 33 || (n >= 45 && n <= 63 && n != 48); }
 };
 // A sign on an event.
 struct VoiceSymbolAttribute : BehaviourWord, Bot2T<VoiceSymbolAttribute, 39, 3> {
@@ -185,7 +195,7 @@ struct Dot : VoiceSymbolAttribute, Gap<8, 12> {
     static constexpr bool IsHeir(int16_t n) { return n == 30; }
     Ptr<FontSymbol> _symbol;
     Stored<int32_t> _dx;
-    Stored<int16_t> _count;    // 1 to 3
+    Stored<int16_t> _count;  // 1 to 3
     Stored<int32_t> _dy, _gap;
 };
 
@@ -230,11 +240,11 @@ enum class LyricJoint : uint8_t { WordEnd = 0, Hyphen = 1, Extender = 2 };
 struct Liriche : NoteAttribute {
     static constexpr int16_t kClass = 46;
     static constexpr bool IsHeir(int16_t n) { return n == 46; }
-    Stored<uint8_t> _verse;      // from 1; 0 stands for 1
-    Stored<LyricJoint> _joint;   // to the next syllable of the verse
+    Stored<uint8_t> _verse;     // from 1; 0 stands for 1
+    Stored<LyricJoint> _joint;  // to the next syllable of the verse
     Filler<6> _filler14;
     Ptr<GenericText> _text;
-    Stored<int32_t> _dx, _dy;    // off the middle of the head, below the staff: thousandths of a line distance
+    Stored<int32_t> _dx, _dy;  // off the middle of the head, below the staff: thousandths of a line distance
 };
 
 struct Tremolo : VoiceSymbolAttribute, Gap<8, 12> {

@@ -303,7 +303,19 @@ void RenewAroundGraceNotes(Voice* voice) {
 
 void UpdateNoteHeight(GenericNote* note) {
     const int height = SoundingHeight(note);
-    for (SoundEvent* event : noteEvents.Of(note)) event->_height = height;
+    for (SoundEvent* event : noteEvents.Of(note))
+        if (event->_height != height) event->_height = height;
+}
+
+void RenewHeightsByClefs(const MeasureStaff* crossing) {
+    bool hasClefs = false;
+    for (const StaffMeasureSymbol* symbol : staffSymbols.Of(crossing))
+        hasClefs = hasClefs || As<MovingClaf>(symbol);
+    if (!hasClefs) return;
+    for (const Voice* voice : measureStaffVoices.Of(crossing))
+        for (const VoiceSymbol* symbol : voiceSymbols.Of(voice))
+            if (const auto* chord = As<Chords>(symbol))
+                for (GenericNote* note : chordNotes.Of(chord)) UpdateNoteHeight(note);
 }
 
 }  // namespace corvane

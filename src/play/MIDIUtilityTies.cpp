@@ -28,6 +28,7 @@ GenericNote* Tied(const GenericNote* note, End end) {
     for (const NoteAttribute* attribute : noteAttributes.Of(note)) {
         const auto* mark = As<MarkValue>(attribute);
         GenericNote* partner = mark ? TiePartnerOf(mark) : nullptr;
+        if (partner && !MeasurePar(partner)) continue;  // it has been cut out
         if (partner && (end == End::Before ? IsBefore(partner, note) : IsBefore(note, partner)))
             return partner;
     }
@@ -63,6 +64,8 @@ void UntieNotes(GenericNote* note1, GenericNote* note2) {
     MakeNoteOff(note1, CoarseEnd(note1));
     MakeNoteOn(note2, NotePosition(note2));
     UpdateNoteHeight(note2);
+    // What gave time to grace notes does so again.
+    for (const GenericNote* note : {note1, note2}) RenewAroundGraceNotes(VoicePar(note));
 }
 
 }  // namespace corvane

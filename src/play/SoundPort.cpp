@@ -153,6 +153,13 @@ void SoundPort::Silence() {
         if (IsOpen(port)) ResetDevice(port);
 }
 
+void SoundPort::Panic() {
+    const int16_t count = std::min(Count(), kMaxDevices);
+    for (int16_t port = kBuiltIn; port < count; ++port)
+        AskedOf(port).channels.store(0xFFFF, std::memory_order_relaxed);
+    Silence();
+}
+
 void SoundPort::NoteError() { portError.store(true, std::memory_order_relaxed); }
 
 void SoundPort::PollError() {

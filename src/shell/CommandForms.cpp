@@ -209,7 +209,8 @@ constexpr CommandForm kForms[] = {
 }  // namespace
 
 const CommandForm* FindForm(int id) {
-    for (const std::span<const CommandForm> forms : {std::span<const CommandForm>(kForms), LayoutForms()})
+    for (const std::span<const CommandForm> forms :
+         {std::span<const CommandForm>(kForms), LayoutForms(), NoteForms()})
         for (const CommandForm& form : forms)
             if (form.id == id) return &form;
     return nullptr;

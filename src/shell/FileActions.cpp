@@ -206,6 +206,7 @@ void FileActions::ExportTo(WindowTarn& window, const std::string& path, int page
 }
 
 void FileActions::Print(WindowTarn& window) { PrintScore(&_frame, window); }
+void FileActions::Preview(WindowTarn& window) { PreviewPrint(&_frame, window); }
 
 bool FileActions::AskToSave(WindowTarn& window) {
     if (!window.Modified()) return true;

@@ -32,6 +32,7 @@ public:
     void ImportMidi();
     void ExportMidi(WindowTarn& window);
     void Print(WindowTarn& window);
+    void Preview(WindowTarn& window);
     // Asks for unsaved changes first; false if the person wants to go on with the score.
     bool Close(WindowTarn& window);
     // All scores or none.

@@ -15,6 +15,7 @@ constexpr O kRules[] = {{"Engraver", "mode=engraver"}, {"Mathematical", "mode=ma
 constexpr O kDotRoom[] = {{"Yes", "dots=1"}, {"No", "dots=0"}};
 constexpr O kClefRoom[] = {{"Yes", "clefs=1"}, {"No", "clefs=0"}};
 constexpr O kAccidentRoom[] = {{"Yes", "accidentals=1"}, {"No", "accidentals=0"}};
+constexpr O kLyricRoom[] = {{"Yes", "lyrics=1"}, {"No", "lyrics=0"}};
 constexpr O kSpaced[] = {{"All staves", "all=1"}, {"What is selected", "all=0"}};
 constexpr O kPapers[] = {
     {"Custom", ""}, {"Letter", "height=15785;width=12197"}, {"Letter, landscape", "height=12197;width=15785"},
@@ -29,6 +30,7 @@ constexpr F kSpacing[] = {
     {.label = "Use &Dots Width:", .name = "", .options = kDotRoom, .modes = kFirst},
     {.label = "Use &Clefs Width:", .name = "", .options = kClefRoom, .modes = kFirst},
     {.label = "Use &Accident Width:", .name = "", .options = kAccidentRoom, .modes = kFirst},
+    {.label = "Use &Lyrics Width:", .name = "", .options = kLyricRoom, .modes = kFirst},
     {.label = "S&pace:", .name = "", .options = kSpaced, .modes = kSecond},
 };
 constexpr F kTable[] = {

@@ -8,6 +8,7 @@
 
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
+#include "layout/Beaming.h"
 #include "shell/ActionSet.h"
 #include "shell/AuditionPlayer.h"
 #include "shell/MixerDock.h"
@@ -94,7 +95,8 @@ MainFrame::~MainFrame() {
     EndAuditions();
     for (SignDock* dock : _signs) dock->disconnect(this);
     _safety.stop();
-    for (QObject* part : std::initializer_list<QObject*>{_palette, _playPalette, _mixer, _toolStrip, _tabs}) part->disconnect(this);
+    for (QObject* part : std::initializer_list<QObject*>{_palette, _playPalette, _mixer, _toolStrip, _tabs})
+        part->disconnect(this);
     delete _tabs;  // the views before the scores that they show
 }
 
@@ -170,6 +172,7 @@ void MainFrame::TakeSwitches() {
     Switches().playbackNotes = IsOn(preferences, SessionWord::PlaybackNotes);
     Switches().deleteNotesToRests = IsOn(preferences, SessionWord::DeleteNotesToRests);
     SetUndoLevels(GetWord(preferences, SessionWord::UndoLevels));
+    SetAngledBeams(IsOn(preferences, SessionWord::AngledBeam));
 }
 
 void MainFrame::KeepSwitches() {
@@ -177,6 +180,7 @@ void MainFrame::KeepSwitches() {
     SetWord(preferences, SessionWord::PlaybackNotes, Switches().playbackNotes);
     SetWord(preferences, SessionWord::DeleteNotesToRests, Switches().deleteNotesToRests);
     SetWord(preferences, SessionWord::UndoLevels, Switches().undoLevels);
+    SetWord(preferences, SessionWord::AngledBeam, AngledBeams());
     if (const Status status = _session.StorePreferences(); !status) Tell(status.message());
 }
 

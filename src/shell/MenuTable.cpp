@@ -8,6 +8,7 @@
 
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
+#include "layout/Beaming.h"
 #include "shell/AboutBox.h"
 #include "shell/MainFrame.h"
 #include "shell/MixerDock.h"
@@ -127,12 +128,12 @@ bool IsSwitchOn(MainFrame&) {
 
 using S = EditSwitches;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
-constexpr int kOpenBackupId = 40001;
+constexpr int kOpenBackupId = 40001, kPreviewId = 40030;
 constexpr const char *kFile = "&File", *kEdit = "&Edit", *kEditGo = "&Edit/&Go", *kView = "&View",
                      *kScore = "&Score", *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove",
                      *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
-                     *kNotesMove = "&Notes/Mo&ve and Alter", *kTools = "&Tools", *kMidi = "&MIDI",
-                     *kHelp = "&Help";
+                     *kNotesBeams = "&Notes/&Beams", *kNotesMove = "&Notes/Mo&ve and Alter",
+                     *kTools = "&Tools", *kMidi = "&MIDI", *kHelp = "&Help";
 
 // clang-format off
 const MenuRow kRows[] = {
@@ -148,6 +149,7 @@ const MenuRow kRows[] = {
     {kFile, 32772, "&Import MIDI...", "", [](MainFrame& f) { f.Files().ImportMidi(); }, IsQuiet},
     {kFile, 32771, "Export &MIDI...", "", WithScore<&FileActions::ExportMidi>, IsQuietWithScore},
     {kFile, 57606, "Page Set&up..."},
+    {kFile, kPreviewId, "Print Previe&w...", "Ctrl+Alt+P", WithScore<&FileActions::Preview>, IsQuietWithScore},
     {kFile, 57607, "&Print...", "Ctrl+P", WithScore<&FileActions::Print>, IsQuietWithScore},
     {kFile, 0},
     {kFile, 57665, "E&xit", "Ctrl+Q", [](MainFrame& f) { f.close(); }},
@@ -164,14 +166,14 @@ const MenuRow kRows[] = {
     {kEdit, 0},
     {kEdit, 57642, "Select &All", "Ctrl+Shift+A"},
     {kEdit, 57641, "Select &Nothing", "Esc"},
-    {kEditGo, 40030, "&Next\tRight"},
-    {kEditGo, 40031, "&Previous\tLeft"},
-    {kEditGo, 40032, "&Add Next\tShift+Right"},
-    {kEditGo, 40033, "A&dd Previous\tShift+Left"},
-    {kEditGo, 40034, "Next &Measure\tCtrl+Right"},
-    {kEditGo, 40035, "Pre&vious Measure\tCtrl+Left"},
-    {kEditGo, 40036, "&Staff Above\tAlt+Up"},
-    {kEditGo, 40037, "Staff &Below\tAlt+Down"},
+    {kEditGo, 40060, "&Next\tRight"},
+    {kEditGo, 40061, "&Previous\tLeft"},
+    {kEditGo, 40062, "&Add Next\tShift+Right"},
+    {kEditGo, 40063, "A&dd Previous\tShift+Left"},
+    {kEditGo, 40064, "Next &Measure\tCtrl+Right"},
+    {kEditGo, 40065, "Pre&vious Measure\tCtrl+Left"},
+    {kEditGo, 40066, "&Staff Above\tAlt+Up"},
+    {kEditGo, 40067, "Staff &Below\tAlt+Down"},
 
     {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
     {kView, 32868, "C&lefs Palette", "", ToggleSigns<0>, {}, AreSignsShown<0>},
@@ -218,6 +220,7 @@ const MenuRow kRows[] = {
     {kScore, 32782, "Measure N&umbers..."},
     {kScore, 0},
     {kScore, 32780, "Set &Velocity..."},
+    {kScore, 32784, "Voice O&ptions...", "Ctrl+L"},
     {kScore, 0},
     {kScore, 32788, "&Measures per System...", "Q"},
     {kScore, 32789, "Systems per &Page...", "W"},
@@ -255,10 +258,25 @@ const MenuRow kRows[] = {
     {kNotes, 32815, "&Up", "Ctrl+U"},
     {kNotes, 32816, "Do&wn", "Ctrl+D"},
     {kNotes, 0},
+    {kNotesBeams, 33027, "Beam on &Beat", "Ctrl+Y"},
+    {kNotesBeams, 33028, "Beam &Selection", "Ctrl+B"},
+    {kNotesBeams, 33030, "&Add Beam"},
+    {kNotesBeams, 33031, "&Remove Beam"},
+    {kNotesBeams, 33032, "&Flip Flag"},
+    {kNotesBeams, 33029, "&Cross-Staff Beaming", "C"},
+    {kNotesBeams, 40026, "&Inner Beams..."},
+    {kNotesBeams, 40027, "&Turn Stems"},
+    {kNotesBeams, 0},
+    {kNotesBeams, 32808, "A&uto Beaming", "", {}, {}, IsSwitchOn<&S::autoBeam>},
+    {kNotesBeams, 33087, "An&gled Beam", "", {}, {}, [](MainFrame&) { return AngledBeams(); }},
+    {kNotesBeams, 0},
+    {kNotesBeams, 32810, "Auto Beaming &Options..."},
+    {kNotesBeams, 32811, "Sub-Grou&ps Options..."},
+    {kNotesBeams, 32820, "&Note-Beam-Accidental Options..."},
+    {kNotes, 0},
     {kNotes, 32807, "Spacin&g...", "Ctrl+J"},
     {kNotes, 33177, "Spacing Tab&le..."},
     {kNotes, 0},
-    {kNotes, 32808, "Auto &Beaming", "", {}, {}, IsSwitchOn<&S::autoBeam>},
     {kNotes, 32809, "&Auto Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
     {kNotes, 33153, "Delete Notes To &Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
 

@@ -89,7 +89,7 @@ void PlayControl::Seek(int number) {
 
 void PlayControl::Panic() {
     Stop();
-    if (SoundPort* port = SoundPort::Instance()) port->Reset();
+    if (SoundPort* port = SoundPort::Instance()) port->Panic();
 }
 
 void PlayControl::RefreshThru() {

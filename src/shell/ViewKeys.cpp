@@ -10,10 +10,10 @@ constexpr struct {
     Qt::KeyboardModifier modifier;
     int id;
 } kArrowKeys[] = {
-    {Qt::Key_Right, Qt::NoModifier, 40030},      {Qt::Key_Left, Qt::NoModifier, 40031},
-    {Qt::Key_Right, Qt::ShiftModifier, 40032},   {Qt::Key_Left, Qt::ShiftModifier, 40033},
-    {Qt::Key_Right, Qt::ControlModifier, 40034}, {Qt::Key_Left, Qt::ControlModifier, 40035},
-    {Qt::Key_Up, Qt::AltModifier, 40036},        {Qt::Key_Down, Qt::AltModifier, 40037},
+    {Qt::Key_Right, Qt::NoModifier, 40060},      {Qt::Key_Left, Qt::NoModifier, 40061},
+    {Qt::Key_Right, Qt::ShiftModifier, 40062},   {Qt::Key_Left, Qt::ShiftModifier, 40063},
+    {Qt::Key_Right, Qt::ControlModifier, 40064}, {Qt::Key_Left, Qt::ControlModifier, 40065},
+    {Qt::Key_Up, Qt::AltModifier, 40066},        {Qt::Key_Down, Qt::AltModifier, 40067},
     {Qt::Key_Up, Qt::NoModifier, 40040},         {Qt::Key_Down, Qt::NoModifier, 40041},
     {Qt::Key_Up, Qt::ControlModifier, 40042},    {Qt::Key_Down, Qt::ControlModifier, 40043},
 };

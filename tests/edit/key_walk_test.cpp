@@ -51,41 +51,41 @@ TEST_F(KeyWalkTest, TheSelectionGoesFromEventToEventAndThroughEmptyMeasures) {
     const struct {
         int id;
         const char* where;
-    } steps[] = {{40030, "1/1 0"},   {40030, "1/1 1"}, {40030, "1/1 2"}, {40030, "2/1"}, {40030, "3/1 0"},
-                 {40032, "3/1 0 1"}, {40031, "2/1"},   {40031, "1/1 2"}, {40034, "2/1"}, {40034, "3/1 0"},
-                 {40035, "2/1"},     {40035, "1/1 0"}, {40037, "1/2 0"}, {40030, "2/2"}, {40036, "2/1"}};
+    } steps[] = {{40060, "1/1 0"},   {40060, "1/1 1"}, {40060, "1/1 2"}, {40060, "2/1"}, {40060, "3/1 0"},
+                 {40062, "3/1 0 1"}, {40061, "2/1"},   {40061, "1/1 2"}, {40064, "2/1"}, {40064, "3/1 0"},
+                 {40065, "2/1"},     {40065, "1/1 0"}, {40067, "1/2 0"}, {40060, "2/2"}, {40066, "2/1"}};
     const StateKeeper keeper(*window);
     for (const auto& step : steps) {
         ASSERT_TRUE(Run(step.id)) << step.where;
         EXPECT_EQ(Where(), step.where);
     }
-    EXPECT_FALSE(Run(40036)) << "there is no staff above";
+    EXPECT_FALSE(Run(40066)) << "there is no staff above";
     EXPECT_EQ(Where(), "2/1");
     EXPECT_EQ(keeper.commands, 0) << "walking changes nothing";
 }
 
 TEST_F(KeyWalkTest, TheEndsAreToldAndTheVoiceAtHandIsKept) {
-    for (int i = 0; i < 6; ++i) ASSERT_TRUE(Run(40034));
+    for (int i = 0; i < 6; ++i) ASSERT_TRUE(Run(40064));
     EXPECT_EQ(Where(), "6/1");
-    EXPECT_NE(std::string(Run(40030).message()).find("last event"), std::string::npos);
+    EXPECT_NE(std::string(Run(40060).message()).find("last event"), std::string::npos);
     SetCurrentVoice(2);
     Enter(kHalf, 1, 1, 500, 1);
     SetToolMode(ModeArrow);
     window->TheSelection().Clear();
     window->caret = {MeasureNumber(1), StaffNumber(1), 0, true};
-    ASSERT_TRUE(Run(40030));
+    ASSERT_TRUE(Run(40060));
     EXPECT_EQ(VoicePar(Events(1, 1, 2)[0])->_number, 2);
     SetSelectionAnchors(*window);
     EXPECT_EQ(SelectedVoiceSymbols(2), Events(1, 1, 2));
     ClearSelectionAnchors();
-    ASSERT_TRUE(Run(40030));
+    ASSERT_TRUE(Run(40060));
     EXPECT_EQ(window->caret.measure, MeasureNumber(2)) << "events of other voices are passed";
 }
 
 TEST_F(KeyWalkTest, SelectedNotesMoveByStepsAndStaySelected) {
-    ASSERT_TRUE(Run(40030));
+    ASSERT_TRUE(Run(40060));
     ASSERT_TRUE(RunCommand(*window, 32781, {{"fifths", "1"}, {"from", "1"}}));
-    ASSERT_TRUE(Run(40030));
+    ASSERT_TRUE(Run(40060));
     StateKeeper keeper(*window);
     ASSERT_TRUE(Run(40041));
     EXPECT_EQ(keeper.commands, 1);

@@ -1,4 +1,5 @@
 // Syllables typed from note to note, what is drawn between them, and what edits of the notes do to them.
+#include "edit/CommandTable.h"
 #include "edit/Deletion.h"
 #include "edit/Lyrics.h"
 #include "edit/TextEntry.h"
@@ -60,6 +61,29 @@ TEST_F(LyricTest, BlanksHyphensAndUnderscoresGoOnFromNoteToNote) {
     SetItem(2);
     Press(3, 1, 700, -3);
     EXPECT_FALSE(TypeText(*window, "a b c d")) << "a text beyond the last note is told";
+}
+
+TEST_F(LyricTest, TheEngraversSpacingKeepsSyllablesApartWhereThereIsRoom) {
+    EnterMeasures(1);
+    Sing(1, 0, "straightforwardly so-to say");
+    const auto gap = [&](int left) {
+        const LyricPicture a = Picture(1, left), b = Picture(1, left + 1);
+        const Liriche* syllable = SyllableOf(ChordNumber(1, left), 1);
+        const int32_t end =
+            a.text.at.x + WidthOfText(TextOf(syllable->_text.Get()), LookOf(syllable->_text.Get()));
+        return b.text.at.x - end;
+    };
+    const auto space = [&](const char* lyrics) {
+        ASSERT_TRUE(RunCommand(*window, 32807, {{"mode", "engraver"}, {"lyrics", lyrics}}));
+    };
+    space("0");
+    ASSERT_LT(gap(1), 0) << "without room the words run into each other";
+    space("1");
+    const int32_t size = LyricLook(Score(), 1).size;
+    EXPECT_GT(gap(1), size / 4);
+    EXPECT_GT(gap(2), size / 2) << "a hyphen stands between";
+    EXPECT_GT(gap(3), size / 4);
+    ExpectSound();
 }
 
 TEST_F(LyricTest, RestsAndGraceNotesAreNotSung) {

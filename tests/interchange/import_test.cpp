@@ -1,7 +1,11 @@
 // MIDI files as scores: what is refused, and what is written of what is heard.
 #include "import_fixture.h"
+#include "layout/Frames.h"
+#include "layout/NoteGeometry.h"
 #include "layout/PageLayout.h"
 #include "layout/SignRecords.h"
+#include "layout/SpacingHeader.h"
+#include "model/Texts.h"
 #include "play/MIDIUtility.h"
 
 namespace corvane {
@@ -175,6 +179,54 @@ TEST_F(MidiImport, EverySystemStandsWholeOnItsPage) {
                 }
             }
     }
+}
+
+TEST_F(MidiImport, TheTitleAndTheNamesOfStavesAreShown) {
+    MidiTrackWriter map, part;
+    map.Meta(0, MetaKind::Name, "Ständchen");
+    part.Meta(0, MetaKind::Text, "Someone has made this file");
+    part.Meta(0, MetaKind::Name, "Viola");
+    const auto lefts = [&] {
+        const Page* page = documentPages.First(score);
+        const System *first = pageSystems.First(page), *second = pageSystems.Next(first);
+        return std::pair(first->_left.Get(), second->_left.Get());
+    };
+    const Bytes notes = Track({{0, 1920 * 12, 60}});
+    ASSERT_TRUE(Import(File({map.Finish(), part.Finish(), notes})));
+    EXPECT_EQ(TitleOf(score), "Ständchen");
+    EXPECT_EQ(TextOf(allStaffStaffs
+                         .ParentOf(As<SimpleStaff>(
+                             systemStaffs.First(pageSystems.First(documentPages.First(score)))))
+                         ->_name),
+              "Viola");
+    EXPECT_GT(lefts().first, lefts().second) << "room for the names";
+    ASSERT_TRUE(Import(File({MidiTrackWriter().Finish(), notes, notes})));
+    EXPECT_EQ(TitleOf(score), "");
+    EXPECT_EQ(lefts().first, lefts().second);
+}
+
+TEST_F(MidiImport, WhatSoundsTogetherStandsTogetherAndClearOfBarlines) {
+    std::vector<MadeNote> runs;
+    for (int i = 0; i < 16; ++i) runs.push_back({i * 120, i * 120 + 120, 61 + i % 2});
+    const std::vector<MadeNote> beats = {{0, 480, 61}, {0, 480, 63}, {0, 480, 66}, {480, 1920, 60}};
+    ASSERT_TRUE(Import(File({MidiTrackWriter().Finish(), Track(runs), Track(beats)})));
+    const Measure* measure = systemMeasures.First(pageSystems.First(documentPages.First(score)));
+    const int32_t header = FrameOf(measure).XOf(0) - GapsOf(score).firstNote;
+    std::vector<std::vector<int32_t>> places;
+    for (const MeasureStaff* crossing : measureStaffs.Of(measure)) {
+        places.emplace_back();
+        for (const VoiceSymbol* symbol : voiceSymbols.Of(measureStaffVoices.First(crossing))) {
+            places.back().push_back(XOf(symbol));
+            for (const GenericNote* note : chordNotes.Of(As<Chords>(symbol)))
+                if (const Accident* accident = AccidentOf(note)) {
+                    EXPECT_GT(RectOf(accident).left, header) << SoundingHeight(note);
+                }
+        }
+    }
+    ASSERT_EQ(places.size(), 2u);
+    ASSERT_EQ(places[0].size(), 16u);
+    ASSERT_EQ(places[1].size(), 2u);
+    EXPECT_EQ(places[1], (std::vector<int32_t>{places[0][0], places[0][4]}));
 }
 
 // Each export puts its notes 120 ticks behind the meters: what was exported once more has them twice.

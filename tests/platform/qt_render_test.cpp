@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QImage>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QSvgRenderer>
@@ -126,6 +127,71 @@ TEST_F(Render, PdfAndSvgShowThePictureOfTheScreen) {
     const QString head = QString::fromUtf8(source.read(500));
     EXPECT_TRUE(head.contains("viewBox=\"0 0 12197 15785\"")) << head.toStdString();
     EXPECT_TRUE(head.contains(QRegularExpression("width=\"21[56]\\.?\\d*mm\""))) << head.toStdString();
+}
+
+// The paper, and the box of what is not white, in inches.
+std::pair<QSizeF, QRectF> InkOfPdf(const QString& file) {
+    constexpr double kDpi = 100;
+    QProcess::execute("pdftoppm", {"-r", "100", "-png", "-singlefile", file, file});
+    const QImage image(file + ".png");
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qGray(image.pixel(x, y)) < 128) ink |= QRect(x, y, 1, 1);
+    return {QSizeF(image.size()) / kDpi,
+            QRectF(ink.x() / kDpi, ink.y() / kDpi, ink.width() / kDpi, ink.height() / kDpi)};
+}
+
+TEST_F(Render, APrintedPageHasItsTrueSizeInTheMiddleAndShrinksToSmallerPaper) {
+    const auto print = [&](QPageSize::PageSizeId paper) {
+        const QString file = folder.filePath("printed.pdf");
+        QPdfWriter printer(file);
+        printer.setPageLayout(QPageLayout(QPageSize(paper), QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
+        EXPECT_TRUE(PrintPages(printer, Pages(1)));
+        return InkOfPdf(file);
+    };
+    constexpr double kUnits = 1435, kPixel = 0.03;
+    const auto [letter, usual] = print(QPageSize::Letter);
+    EXPECT_NEAR(usual.width(), 10000 / kUnits, kPixel);
+    EXPECT_NEAR(usual.left(), 1000 / kUnits, kPixel);
+    const auto [a3, large] = print(QPageSize::A3);
+    EXPECT_NEAR(large.width(), usual.width(), kPixel);
+    EXPECT_NEAR(large.left(), usual.left() + (a3.width() - letter.width()) / 2, kPixel);
+    EXPECT_NEAR(large.top(), usual.top() + (a3.height() - letter.height()) / 2, kPixel);
+    const auto [a5, small] = print(QPageSize::A5);
+    const double fit = a5.width() / letter.width();
+    EXPECT_NEAR(small.width(), usual.width() * fit, kPixel);
+    EXPECT_NEAR(small.left(), usual.left() * fit, kPixel);
+    EXPECT_NEAR(small.top(), usual.top() * fit + (a5.height() - letter.height() * fit) / 2, kPixel);
+}
+
+// A file is told ink of one colour together; what lies on ink of another still covers it.
+TEST_F(Render, InkCoversWhatWasPaintedBefore) {
+    PagesToRender pages = Pages(1);
+    pages.draw = [](GraphicPort& port, int) {
+        port.SetColor(kBlack);
+        port.SetPenSize(1000, 1000);
+        port.DrawLine(1000, 2000, 9000, 2000);
+        port.SetColor(kWhite);
+        port.DrawLine(3000, 2000, 7000, 2000);
+        port.SetColor(kBlack);
+        port.SetFontName("Marcelane");
+        port.SetFontSize(2000);
+        port.DrawChar(207, 4500, 2000);
+        port.FillPolygon({{6000, 1800}, {6800, 1800}, {6800, 2200}, {6000, 2200}});
+        port.SetColor(kWhite);
+        port.DrawLine(8000, 2000, 8500, 2000);
+    };
+    ASSERT_TRUE(RenderPdf(In("a.pdf"), pages).ok());
+    Run("pdftoppm", {"-r", "100", "-png", "-singlefile", folder.filePath("a.pdf"), folder.filePath("pdf")});
+    const QImage pdf(folder.filePath("pdf.png"));
+    ASSERT_FALSE(pdf.isNull());
+    const auto darkAt = [&](int units) {
+        return qGray(pdf.pixel(units * 850 / kWide, 2000 * 850 / kWide)) < 128;
+    };
+    std::string seen;
+    for (const int x : {500, 2000, 3500, 4900, 6400, 7500, 8250, 8750}) seen += darkAt(x) ? '#' : '.';
+    EXPECT_EQ(seen, ".#.###.#");
 }
 
 TEST_F(Render, EverySurfaceGetsTheSameCalls) {

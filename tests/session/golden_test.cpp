@@ -12,6 +12,7 @@
 #include <sstream>
 
 #include "edit/ToolState.h"
+#include "layout/Beaming.h"
 #include "layout/ListaEventi.h"
 #include "platform/freetype/FreeTypeMeasures.h"
 #include "session/ScriptRunner.h"
@@ -36,6 +37,7 @@ std::string PictureOf(const std::string& script) {
     InstallFreeTypeMeasures();
     Tools() = ToolState();
     Switches() = EditSwitches();
+    SetAngledBeams(true);
     spacingTable = SpacingTable();
     Session session({});
     std::string out;

@@ -1,6 +1,5 @@
 #include "platform/qt/QtPort.h"
 
-#include <QGlyphRun>
 #include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
@@ -44,7 +43,8 @@ QRegion ToQt(const WRegion& region) {
 
 QRectF ToQt(const DeviceRect& r) { return QRectF(r.left, r.top, r.Width(), r.Height()); }
 
-// Smoothing would leave the colour a shade short at places, and other ones where the picture starts elsewhere.
+// Smoothing would leave the colour a shade short at places, and other ones where the picture starts
+// elsewhere.
 void FillWholePixels(QPainter& painter, const QRect& rect, const QColor& colour) {
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.fillRect(rect, colour);
@@ -80,9 +80,23 @@ QtPort::QtPort(QPainter& painter, int32_t dpi, int32_t unitsPerInch)
     if (_hasOuterClip) _outerClip = _painter.clipRegion();
 }
 
-QtPort::~QtPort() { _painter.restore(); }
+QtPort::~QtPort() {
+    PaintGathered();
+    _painter.restore();
+}
+
+void QtPort::PaintGathered() {
+    if (_gathered.IsEmpty()) return;
+    _gathered.Paint(_painter);
+    _fillIsSet = false;
+}
+
+void QtPort::MakeWayFor(Colour colour) {
+    if (_gathered.InkColour() != colour) PaintGathered();
+}
 
 void QtPort::UseFill(Colour colour) {
+    MakeWayFor(colour);
     if (_fillIsSet && _fillInUse == colour) return;
     _painter.setPen(Qt::NoPen);
     _painter.setBrush(corvane::ToQt(colour));
@@ -91,6 +105,7 @@ void QtPort::UseFill(Colour colour) {
 }
 
 void QtPort::UsePen(double width) {
+    MakeWayFor(Ink());
     QPen pen(corvane::ToQt(Ink()), width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
     if (Pattern() == PenPattern::Dotted) pen.setDashPattern({1, 2});
     _painter.setPen(pen);
@@ -116,11 +131,15 @@ void QtPort::DoText(std::string_view text, DevicePoint baseline, double size) {
 }
 
 void QtPort::DrawGlyphs(const PlacedGlyph* glyphs, size_t count, DevicePoint baseline, double size) {
-    if (_surface == Surface::Embedding && RunFont(*glyphs->face).isValid())
-        return DrawRun(glyphs, count, baseline, size);
-    for (size_t i = 0; i < count; ++i)
-        DrawPictureOrPath(*glyphs[i].face, glyphs[i].glyph, {baseline.x + glyphs[i].x * size, baseline.y},
-                          size);
+    const bool embeds = _surface == Surface::Embedding && RunFont(*glyphs->face).isValid();
+    if (embeds) MakeWayFor(Ink());
+    for (size_t i = 0; i < count; ++i) {
+        const DevicePoint pen{baseline.x + glyphs[i].x * size, baseline.y};
+        if (embeds)
+            _gathered.AddGlyph(Ink(), *glyphs[i].face, glyphs[i].glyph, pen, size);
+        else
+            DrawPictureOrPath(*glyphs[i].face, glyphs[i].glyph, pen, size);
+    }
 }
 
 void QtPort::DrawPictureOrPath(FontFace& face, uint32_t glyph, DevicePoint pen, double size) {
@@ -134,27 +153,6 @@ void QtPort::DrawPictureOrPath(FontFace& face, uint32_t glyph, DevicePoint pen, 
 void QtPort::DrawPath(FontFace& face, uint32_t glyph, DevicePoint pen, double size) {
     UseFill(Ink());
     _painter.drawPath(QTransform(size, 0, 0, size, pen.x, pen.y).map(GlyphPath(face, glyph)));
-}
-
-void QtPort::DrawRun(const PlacedGlyph* glyphs, size_t count, DevicePoint baseline, double size) {
-    QList<quint32> indexes;
-    QList<QPointF> places;
-    for (size_t i = 0; i < count; ++i) {
-        indexes.append(glyphs[i].glyph);
-        places.append(QPointF((glyphs[i].x - glyphs[0].x) * kRunSize, 0));
-    }
-    QGlyphRun run;
-    run.setRawFont(RunFont(*glyphs->face));
-    run.setGlyphIndexes(indexes);
-    run.setPositions(places);
-    const double scale = size / kRunSize;
-    const double slant = glyphs->face->File().slanted ? -kSlant * scale : 0;
-    _painter.save();
-    _painter.setPen(corvane::ToQt(Ink()));
-    _painter.setTransform(QTransform(scale, 0, slant, scale, baseline.x + glyphs[0].x * size, baseline.y),
-                          true);
-    _painter.drawGlyphRun(QPointF(0, 0), run);
-    _painter.restore();
 }
 
 // ---- Lines and areas
@@ -176,8 +174,19 @@ bool QtPort::SnapLine(DevicePoint from, DevicePoint to, double width) {
     return true;
 }
 
+// A level or upright solid line in a file as the rectangle that it is; false for any other.
+bool QtPort::GatherLine(DevicePoint from, DevicePoint to, double width) {
+    const bool level = from.y == to.y, upright = from.x == to.x;
+    if (_surface != Surface::Embedding || Pattern() != PenPattern::Solid || level == upright) return false;
+    const double half = 0.5 * width, dx = upright ? half : 0, dy = level ? half : 0;
+    MakeWayFor(Ink());
+    _gathered.AddRect(
+        Ink(), QRectF(QPointF(from.x, from.y), QPointF(to.x, to.y)).normalized().adjusted(-dx, -dy, dx, dy));
+    return true;
+}
+
 void QtPort::DoLine(DevicePoint from, DevicePoint to, double width) {
-    if (SnapLine(from, to, width)) return;
+    if (SnapLine(from, to, width) || GatherLine(from, to, width)) return;
     if (Pattern() == PenPattern::Dotted) {
         UsePen(width);
         _painter.drawLine(QPointF(from.x, from.y), QPointF(to.x, to.y));
@@ -218,11 +227,15 @@ void QtPort::DoFrameRect(const DeviceRect& rect, DevicePoint radii, double width
 void QtPort::DoFillRect(const DeviceRect& rect) {
     const QRectF area = ToQt(rect).normalized();
     if (area.isEmpty()) return;
-    if (_surface == Surface::Pixels)
+    if (_surface == Surface::Embedding) {
+        MakeWayFor(Fill());
+        _gathered.AddRect(Fill(), area);
+    } else if (_surface == Surface::Pixels) {
         FillWholePixels(_painter, WholePixels(area.left(), area.top(), area.right(), area.bottom()),
                         corvane::ToQt(Fill()));
-    else
+    } else {
         _painter.fillRect(area, corvane::ToQt(Fill()));
+    }
 }
 
 void QtPort::DoFrameEllipse(const DeviceRect& bounds, double width) {
@@ -239,6 +252,7 @@ void QtPort::DoFillEllipse(const DeviceRect& bounds) {
 
 void QtPort::DoPaintRegion(const WRegion& deviceRegion, bool invert) {
     if (invert && _surface != Surface::Pixels) return;
+    PaintGathered();
     _painter.save();
     if (invert) _painter.setCompositionMode(QPainter::CompositionMode_Difference);
     const QColor colour = corvane::ToQt(invert ? kWhite : Fill());
@@ -248,6 +262,7 @@ void QtPort::DoPaintRegion(const WRegion& deviceRegion, bool invert) {
 }
 
 void QtPort::DoSetClip(const WRegion* deviceRegion) {
+    PaintGathered();
     if (!deviceRegion && !_hasOuterClip) return _painter.setClipping(false);
     QRegion clip = deviceRegion ? ToQt(*deviceRegion) : _outerClip;
     if (deviceRegion && _hasOuterClip) clip &= _outerClip;

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "graphics/GraphicPort.h"
+#include "platform/qt/InkBatch.h"
 
 class QPainter;
 class QImage;
@@ -47,9 +48,11 @@ private:
     void DrawGlyphs(const PlacedGlyph* glyphs, size_t count, DevicePoint baseline, double size);
     void DrawPictureOrPath(FontFace& face, uint32_t glyph, DevicePoint pen, double size);
     void DrawPath(FontFace& face, uint32_t glyph, DevicePoint pen, double size);
-    // Glyphs of one face as text that stays text.
-    void DrawRun(const PlacedGlyph* glyphs, size_t count, DevicePoint baseline, double size);
     bool SnapLine(DevicePoint from, DevicePoint to, double width);
+    bool GatherLine(DevicePoint from, DevicePoint to, double width);
+    // What a file is told together. Before other ink is painted it must be, but for ink of the same colour.
+    void PaintGathered();
+    void MakeWayFor(Colour colour);
     void UseFill(Colour colour);
     void UsePen(double width);
     QImage* Image(Point& shift) const;
@@ -60,6 +63,7 @@ private:
     bool _hasOuterClip;
     Colour _fillInUse = 0;
     bool _fillIsSet = false;
+    InkBatch _gathered;
 };
 
 }  // namespace corvane

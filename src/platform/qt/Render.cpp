@@ -6,6 +6,7 @@
 #include <QPdfWriter>
 #include <QSaveFile>
 #include <QSvgGenerator>
+#include <algorithm>
 
 #include "base/Rounding.h"
 #include "platform/qt/HeadlessQt.h"
@@ -51,12 +52,18 @@ bool PrintPages(QPagedPaintDevice& device, const PagesToRender& pages) {
     const int dpi = device.logicalDpiX();
     const QRectF paper = device.pageLayout().fullRectPixels(dpi),
                  printable = device.pageLayout().paintRectPixels(dpi);
-    const QPointF middle(0.5 * (paper.width() - PaperInches(pages).width() * dpi),
-                         0.5 * (paper.height() - PaperInches(pages).height() * dpi));
+    const QSizeF trueSize = PaperInches(pages) * dpi;
+    // Within half a pixel a page is as large as the paper: sizes of paper are rounded by printers.
+    const double fit =
+        std::min({1.0, (paper.width() + 0.5) / trueSize.width(), (paper.height() + 0.5) / trueSize.height()});
+    // To whole dots: coordinates with a long fraction are half of a file.
+    const QPointF middle(Round(0.5 * (paper.width() - fit * trueSize.width())),
+                         Round(0.5 * (paper.height() - fit * trueSize.height())));
     for (int page = pages.firstPage; page <= pages.lastPage; ++page) {
         if (page != pages.firstPage && !device.newPage()) return false;
         painter.save();
         painter.translate(middle - printable.topLeft());
+        painter.scale(fit, fit);
         PaintPage(painter, pages, page);
         painter.restore();
     }

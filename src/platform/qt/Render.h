@@ -34,8 +34,8 @@ Status RenderSvg(const std::string& path, const PagesToRender& pages);
 // The first page, as large as a screen of `dpi` dots to the inch shows it at a zoom of `percent`.
 Status RenderPng(const std::string& path, const PagesToRender& pages, int32_t dpi, int16_t percent);
 
-// All pages at their true size, each in the middle of its sheet, on a printer that is set up. False where it
-// refuses.
+// All pages at their true size, shrunk only where the paper is smaller, each in the middle of its sheet, on a
+// printer that is set up. False where it refuses.
 bool PrintPages(QPagedPaintDevice& device, const PagesToRender& pages);
 
 // A page at its true size at the painter's 0, 0, on whatever device; its resolution says what an inch is.

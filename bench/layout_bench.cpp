@@ -1,0 +1,157 @@
+// What engraving costs: spacing and beaming of a measure, whole scores, pages of real music, a press on them.
+#include <benchmark/benchmark.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "LargeScore.h"
+#include "edit/TarnClick.h"
+#include "edit/ToolState.h"
+#include "layout/Beaming.h"
+#include "layout/Frames.h"
+#include "layout/PageLayout.h"
+#include "layout/Spacing.h"
+#include "model/Par.h"
+#include "platform/qt/ImagePort.h"
+#include "session/ScriptRunner.h"
+#include "session/Session.h"
+
+namespace corvane {
+namespace {
+
+template <class Visit>
+void ForEachVoice(const Measure* measure, Visit visit) {
+    for (const MeasureStaff* crossing : measureStaffs.Of(measure))
+        for (Voice* voice : measureStaffVoices.Of(crossing)) visit(voice);
+}
+
+template <class Visit>
+void ForEachMeasure(const Document* document, Visit visit) {
+    for (const Page* page : documentPages.Of(document))
+        for (const System* system : pageSystems.Of(page))
+            for (Measure* measure : systemMeasures.Of(system)) visit(measure);
+}
+
+// One measure of four staves with eight eighths each.
+template <class Work>
+void OnOneMeasure(benchmark::State& state, Work work) {
+    StartUpForBench();
+    auto window = LargeScore(20, "DD", 8, true);
+    window->Pool()->DisableUndo();
+    Measure* measure = systemMeasures.First(pageSystems.First(window->CurrentPage()));
+    for (auto _ : state) work(measure);
+}
+void SpaceByTheEngraversRule(benchmark::State& state) {
+    OnOneMeasure(state, [](Measure* measure) { benchmark::DoNotOptimize(SpaceMeasure(measure, {})); });
+}
+BENCHMARK(SpaceByTheEngraversRule)->Unit(benchmark::kMicrosecond);
+void SpaceByMathematics(benchmark::State& state) {
+    OnOneMeasure(state,
+                 [](Measure* measure) { ForEachVoice(measure, [](Voice* voice) { SpaceVoice(voice); }); });
+}
+BENCHMARK(SpaceByMathematics)->Unit(benchmark::kMicrosecond);
+void BeamOneMeasure(benchmark::State& state) {
+    OnOneMeasure(state,
+                 [](Measure* measure) { ForEachVoice(measure, [](Voice* voice) { BeamVoice(voice); }); });
+}
+BENCHMARK(BeamOneMeasure)->Unit(benchmark::kMicrosecond);
+
+// Pages, engraver's spacing and beams of a whole score of four staves with eight eighths a measure.
+void LayOutScore(benchmark::State& state) {
+    StartUpForBench();
+    const int measures = static_cast<int>(state.range(0));
+    auto window = LargeScore(measures, "DD", 8, true);
+    window->Pool()->DisableUndo();
+    for (auto _ : state) {
+        LayOutPages(window->GetDocument());
+        ForEachMeasure(window->GetDocument(), [](Measure* measure) {
+            ForEachVoice(measure, [](Voice* voice) { BeamVoice(voice); });
+            SpaceMeasure(measure, {});
+        });
+    }
+    const double notes = 4.0 * 8.0 * measures;
+    state.counters["ns_per_note"] = benchmark::Counter(
+        notes * 1e-9, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+BENCHMARK(LayOutScore)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+// A page of real music as its script enters it.
+class MusicPage {
+public:
+    explicit MusicPage(const char* name) : _session({}) {
+        StartUpForBench();
+        std::ifstream file(std::string(CORVANE_SOURCE_DIR "/tests/layout/golden/music_") + name + ".script");
+        std::ostringstream text;
+        text << file.rdbuf();
+        Tools() = ToolState();
+        std::string out;
+        ScriptRunner runner(
+            _session, [](WindowTarn&, const std::string&, int, int) { return Status::Ok(); }, out);
+        if (!runner.Run(text.str())) std::abort();
+        Tools() = ToolState();
+    }
+    WindowTarn& Window() { return *_session.Windows().back(); }
+
+private:
+    Session _session;
+};
+
+constexpr const char* kPages[] = {"invention", "song", "chorale"};
+constexpr int32_t kDpi = 96;
+constexpr int16_t kFullSize = 100;
+
+void PaintMusic(benchmark::State& state) {
+    MusicPage music(kPages[state.range(0)]);
+    const Rect page = PageRect(music.Window().CurrentPage());
+    ImagePort port(page, kFullSize, kDpi);
+    for (auto _ : state) music.Window().Sheet().Draw(port, page, DrawContext());
+    state.SetLabel(kPages[state.range(0)]);
+}
+BENCHMARK(PaintMusic)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
+
+// The tiles that a note makes dirty which is taken out of the middle of the page and put back.
+void PaintDirtyMusic(benchmark::State& state) {
+    MusicPage music(kPages[state.range(0)]);
+    WindowTarn& window = music.Window();
+    NewWindowSheet& sheet = window.Sheet();
+    const Rect page = PageRect(window.CurrentPage());
+    for (int tile = 0; tile < sheet.TileCount(); ++tile) sheet.ClearDirty(tile);
+    System* system = pageSystems.Next(pageSystems.First(window.CurrentPage()));
+    const Measure* measure = systemMeasures.First(system);
+    const StaffFrame staff = FrameOf(measureStaffs.First(measure)->_staff.Get());
+    SetToolMode(ModePencil);
+    SetPaletteGroup(1);
+    SetItem(24);
+    SetCurrentVoice(0);
+    const auto* chord = static_cast<const Chords*>(
+        voiceSymbols.First(measureStaffVoices.First(measureStaffs.First(measure))));
+    const GenericNote* note = chordNotes.First(chord);
+    MouseDown(window, FrameOf(measure).XOf(0) + 50, staff.YOfLine(note->_line), 0);
+    ImagePort port(page, kFullSize, kDpi);
+    int dirty = 0;
+    for (int tile = 0; tile < sheet.TileCount(); ++tile) dirty += sheet.IsDirty(tile);
+    for (auto _ : state)
+        for (int tile = 0; tile < sheet.TileCount(); ++tile)
+            if (sheet.IsDirty(tile)) sheet.Draw(port, sheet.TileRect(tile), DrawContext());
+    state.counters["tiles"] = dirty;
+    state.SetLabel(kPages[state.range(0)]);
+}
+BENCHMARK(PaintDirtyMusic)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
+
+// What stands under a point, over a grid of points.
+void HitTest(benchmark::State& state) {
+    MusicPage music(kPages[state.range(0)]);
+    const Rect page = PageRect(music.Window().CurrentPage());
+    constexpr int32_t kStep = 97;
+    Point p{page.left, page.top};
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(music.Window().Sheet().HitSymbol(p));
+        p.x += kStep;
+        if (p.x >= page.right) p = {page.left, p.y + kStep < page.bottom ? p.y + kStep : page.top};
+    }
+    state.SetLabel(kPages[state.range(0)]);
+}
+BENCHMARK(HitTest)->DenseRange(0, 2)->Unit(benchmark::kNanosecond);
+
+}  // namespace
+}  // namespace corvane

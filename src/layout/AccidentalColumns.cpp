@@ -1,0 +1,73 @@
+#include "layout/AccidentalColumns.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
+#include "layout/Frames.h"
+#include "layout/SymbolInk.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+#include "model/Preferences.h"
+
+namespace corvane {
+namespace {
+
+// Hundredths of a line distance. The preferred spacing counts from left edge to left edge of what accidentals
+// usually measure, so that what is wider keeps the same distance.
+constexpr int32_t kUsualWidth = 90, kDefaultSpacing = 100, kLeastGap = 15;
+
+struct Standing {
+    const Accident* accident;
+    int line;
+};
+
+// Of the heads of a chord on one staff, the highest first.
+std::vector<Standing> AccidentalsOf(const Chords* chord, const Staff* staff) {
+    std::vector<Standing> standing;
+    for (const GenericNote* note : chordNotes.Of(chord))
+        if (const Accident* accident = AccidentOf(note); accident && StaffPar(note) == staff)
+            standing.push_back({accident, note->_line});
+    std::stable_sort(standing.begin(), standing.end(),
+                     [](const Standing& a, const Standing& b) { return a.line > b.line; });
+    return standing;
+}
+
+struct ColumnOfSigns {
+    std::vector<int> lines;
+    int32_t width = 0;
+
+    bool HasRoomAt(int line) const {
+        return std::none_of(lines.begin(), lines.end(),
+                            [line](int other) { return std::abs(line - other) < kAccidentalColumnSteps; });
+    }
+};
+
+}  // namespace
+
+int32_t AccidentalShift(const Accident* accident) {
+    const GenericNote* note = noteAttributes.ParentOf(accident);
+    const Staff* staff = StaffPar(note);
+    const std::vector<Standing> all = AccidentalsOf(ChordPar(note), staff);
+    if (all.size() < 2) return 0;
+    const int32_t distance = FrameOf(staff).lineDistance;
+    std::vector<ColumnOfSigns> columns;
+    size_t own = 0;
+    for (const Standing& each : all) {
+        size_t place = 0;
+        while (place < columns.size() && !columns[place].HasRoomAt(each.line)) ++place;
+        if (place == columns.size()) columns.emplace_back();
+        columns[place].lines.push_back(each.line);
+        columns[place].width =
+            std::max(columns[place].width, InkOf(each.accident->_symbol, {}, distance, 100).Width());
+        if (each.accident == accident) own = place;
+    }
+    const auto* preferences = Preferences<NotePref>(DocumentPar(note));
+    const int32_t spacing = preferences ? preferences->_accidentalSpacing.Get() : kDefaultSpacing;
+    const int32_t gap = std::max(kLeastGap, spacing - kUsualWidth) * distance / 100;
+    int32_t shift = 0;
+    for (size_t i = 0; i < own; ++i) shift += columns[i].width + gap;
+    return shift;
+}
+
+}  // namespace corvane

@@ -1,0 +1,15 @@
+// Columns of accidentals left of a chord, from its heads outward.
+#pragma once
+
+#include "model/Relations.h"
+
+namespace corvane {
+
+// Accidentals so many steps apart share a column.
+inline constexpr int kAccidentalColumnSteps = 6;
+
+// How far left of the column next to the heads an accidental stands, in page units: from the highest head
+// down each takes the first column in which it meets no other.
+int32_t AccidentalShift(const Accident* accident);
+
+}  // namespace corvane

@@ -1,0 +1,114 @@
+// Joining and parting the columns of several staves, and the beams over them.
+#include "layout/CrossBeams.h"
+
+#include "base/Assert.h"
+#include "layout/Engraving.h"
+#include "model/NoteOperations.h"
+#include "model/Par.h"
+
+namespace corvane {
+namespace {
+
+void MoveHeads(const Chords* chord, Stem* to) {
+    for (GenericNote* note : chordNotes.Of(chord)) {
+        stemNotes.Remove(note);
+        AddNoteToStem(to, note);
+    }
+}
+
+// All that stands in a column goes over into another one.
+void Absorb(ChordSymbol* column, Stem* into) {
+    ChordSymbol* target = ChordSymbolPar(into);
+    while (Chords* chord = chordSymbolChords.First(column)) {
+        MoveHeads(chord, into);
+        chordSymbolChords.Remove(chord);
+        chordSymbolChords.Add(target, chord);
+    }
+    while (Stem* stem = chordSymbolStems.First(column)) {
+        CORVANE_ASSERT_AS(!BeamOf(stem), "!getBeam(beamSymbol)");
+        RemoveFlag(stem);
+        chordSymbolStems.Remove(stem);
+        Release(stem);
+    }
+    measureSymbols.Remove(column);
+    Release(column);
+}
+
+// A column of its own for chords of one staff, with a stem as the old one.
+void PartFrom(ChordSymbol* column, const std::vector<Chords*>& chords) {
+    const Stem* old = chordSymbolStems.First(column);
+    auto* own = Make<ChordSymbol>();
+    own->_value = column->_value;
+    measureSymbols.Add(MeasurePar(static_cast<const MeasureSymbol*>(column)), own);
+    auto* stem = Make<Stem>();
+    chordSymbolStems.Add(own, stem);
+    stem->_slant = kVerticalStem;
+    stem->_x = old->_x;
+    stem->_direction = old->_direction;
+    for (Chords* chord : chords) {
+        chordSymbolChords.Remove(chord);
+        chordSymbolChords.Add(own, chord);
+        MoveHeads(chord, stem);
+    }
+    RestemChord(chords.front());
+    AttachFlag(stem, own->_value);
+}
+
+std::vector<Chords*> ChordsOnOtherStaffs(const ChordSymbol* column) {
+    std::vector<Chords*> chords;
+    const DocStaff* first = DocStaffPar(chordSymbolChords.First(column));
+    const DocStaff* other = nullptr;
+    for (Chords* chord : chordSymbolChords.Of(column)) {
+        const DocStaff* its = DocStaffPar(chord);
+        if (its == first || (other && its != other)) continue;
+        other = its;
+        chords.push_back(chord);
+    }
+    return chords;
+}
+
+}  // namespace
+
+Stem* JoinColumns(const std::vector<Chords*>& chords) {
+    Stem* stem = StemOf(chords.front());
+    for (const Chords* chord : chords)
+        if (ChordSymbol* column = ChordSymbolPar(chord); column != ChordSymbolPar(stem)) Absorb(column, stem);
+    Say(stem, kSaidDirection, false);
+    RestemChord(chords.front());
+    return stem;
+}
+
+void SplitCrossChord(ChordSymbol* column) {
+    for (auto others = ChordsOnOtherStaffs(column); !others.empty(); others = ChordsOnOtherStaffs(column))
+        PartFrom(column, others);
+    Chords* chord = chordSymbolChords.First(column);
+    RestemChord(chord);
+    if (Stem* stem = StemOf(chord); !FlagOf(stem)) AttachFlag(stem, column->_value);
+}
+
+CrossBeam* BuildCrossBeam(const std::vector<Stem*>& stems) {
+    auto* beam = Make<CrossBeam>();
+    beam->_direction = 'U';
+    measureSymbols.Add(MeasurePar(stems.front()), beam);
+    for (Stem* stem : stems) {
+        CORVANE_ASSERT_AS(!BeamOf(stem), "!getBeam(beamSymbol)");
+        auto* marker = Make<BeamMarker>();
+        marker->_leftValue = ChordSymbolPar(stem)->_value;
+        marker->_rightValue = kNotCut;
+        marker->_level = static_cast<uint8_t>(stem == stems.back() ? kNotConnected : kFullConnection);
+        RemoveFlag(stem);
+        Say(stem, kSaidDirection | kSaidAlone, false);
+        beamSymbolAttributes.Add(stem, marker);
+        beamMarkers.Add(beam, marker);
+    }
+    RefitCrossBeam(beam);
+    return beam;
+}
+
+void RefitCrossBeams(const System* system) {
+    for (const Measure* measure : systemMeasures.Of(system))
+        for (MeasureSymbol* symbol : measureSymbols.Of(measure))
+            if (auto* beam = As<CrossBeam>(symbol)) RefitCrossBeam(beam);
+}
+
+}  // namespace corvane
