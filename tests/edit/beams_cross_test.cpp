@@ -43,7 +43,7 @@ TEST_F(CrossBeamsTest, ItHalvesTheRoomBetweenItsHeads) {
     Write(2, 2, "r64 64:7");
     Do(kOverStaves, In(2));
     const int32_t deep = 42 / 2 + 3 * 84 + 100;
-    EXPECT_EQ(LineY(BeamAt(2, 1, 1)), (YOfLine(1, 3) + deep + YOfLine(2, 7) - 250) / 2);
+    EXPECT_EQ(LineY(BeamAt(2, 1, 1)), (YOfLine(1, 3) + deep + YOfLine(2, 7) - 250 + 1) / 2);
     ExpectOnLine(BeamAt(2, 1, 1));
 }
 

@@ -84,7 +84,8 @@ TEST_F(BeamLineTest, EveryStemIsLongEnough) {
     const struct {
         const char *why, *events, *lengths;
     } cases[] = {
-        {"two half spaces over 2000 units: the far stem keeps 250", "8:5 8:4@1000", "540 250"},
+        {"200 down over 2000 units: the far high head keeps 250", "8:3 8:5 8:5@950 8:2@1000",
+         "540 420 250 390"},
         {"five levels of 128ths", "128:5 128:5", "457 457"},
         {"four have room", "64:5 64:5", "400 400"},
         {"only where they are", "8:5 128:2", "400 516"},
