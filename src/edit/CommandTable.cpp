@@ -28,8 +28,8 @@ bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
 const Command* FindCommand(int id) {
     for (const CommandFamily family :
          {CommandFamily(kUndo), ClipboardCommands(), SwitchCommands(), SignCommands(), NoteCommands(),
-          GraceCommands(), BeamCommands(), SelectionCommands(), StructureCommands(), SpannerCommands(),
-          LayoutCommands(), FontCommands(), MixerCommands(), TextCommands()})
+          GraceCommands(), BeamCommands(), MarkOptionCommands(), SelectionCommands(), StructureCommands(),
+          SpannerCommands(), LayoutCommands(), FontCommands(), MixerCommands(), TextCommands()})
         for (const Command& command : family)
             if (command.id == id) return &command;
     return nullptr;

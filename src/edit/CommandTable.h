@@ -24,6 +24,7 @@ CommandFamily SignCommands();
 CommandFamily NoteCommands();
 CommandFamily GraceCommands();
 CommandFamily BeamCommands();
+CommandFamily MarkOptionCommands();
 CommandFamily SelectionCommands();
 CommandFamily StructureCommands();
 CommandFamily SpannerCommands();

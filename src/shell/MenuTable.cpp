@@ -132,7 +132,7 @@ constexpr int kOpenBackupId = 40001, kPreviewId = 40030;
 constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kScore = "&Score",
                      *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove",
                      *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
-                     *kNotesBeams = "&Notes/&Beams", *kTools = "&Tools",
+                     *kNotesBeams = "&Notes/&Beams", *kNotesOptions = "&Notes/Options", *kTools = "&Tools",
                      *kMidi = "&MIDI", *kHelp = "&Help";
 
 // clang-format off
@@ -176,6 +176,7 @@ const MenuRow kRows[] = {
     {kView, 32859, "Accompan&y", "", TogglePart<PlayDock, &MainFrame::PlayPalette>, {}, IsPartShown<PlayDock, &MainFrame::PlayPalette>},
     {kView, 33050, "&Mixer", "", TogglePart<MixerDock, &MainFrame::Mixer>, HasScore, IsPartShown<MixerDock, &MainFrame::Mixer>},
     {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},
+    {kView, 33065, "Mar&gins", "", [](MainFrame& f) { f.ShowMargins(!f.ShowsMargins()); }, {}, [](MainFrame& f) { return f.ShowsMargins(); }},
     {kView, 33129, "Voice &Coloring", "", ToggleColours, {}, IsColouring},
     {kView, 0},
     {kView, 33071, "50%", "", ZoomTo<50>, HasScore, IsZoom<50>},
@@ -210,7 +211,6 @@ const MenuRow kRows[] = {
     {kScore, 32782, "Measure N&umbers..."},
     {kScore, 0},
     {kScore, 32780, "Set &Velocity..."},
-    {kScore, 32784, "Voice O&ptions...", "Ctrl+L"},
     {kScore, 0},
     {kScore, 32788, "&Measures per System...", "Q"},
     {kScore, 32789, "Systems per &Page...", "W"},
@@ -222,6 +222,7 @@ const MenuRow kRows[] = {
     {kScoreLayout, 32786, "Spac&ing Options..."},
     {kScoreLayout, 32787, "Instr&ument Name Options..."},
     {kScoreLayout, 32798, "&Time Signature Options..."},
+    {kScoreLayout, 32784, "Voice &Options...", "Ctrl+L"},
 
     {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
     {kNotes, 32805, "Tupl&ets...", "Ctrl+I"},
@@ -255,6 +256,8 @@ const MenuRow kRows[] = {
     {kNotesBeams, 32810, "Auto Beaming &Options..."},
     {kNotesBeams, 32811, "Sub-Grou&ps Options..."},
     {kNotesBeams, 32820, "&Note-Beam-Accidental Options..."},
+    {kNotesOptions, 32821, "&Note-Tie Options..."},
+    {kNotesOptions, 32822, "&Tuplet Options..."},
     {kNotes, 0},
     {kNotes, 32807, "Spacin&g...", "Ctrl+J"},
     {kNotes, 33177, "Spacing Tab&le..."},

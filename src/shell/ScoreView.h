@@ -42,6 +42,7 @@ public:
 
     // What the pictures depend on besides the sheet; they are made anew.
     void SetContext(const DrawContext& context);
+    void ShowMargins(bool show);
     // The current page is another one, or of another size.
     void PageChanged();
     void ToolChanged();
@@ -91,6 +92,7 @@ private:
     ViewScale _scale;
     Zoom _zoom;
     DrawContext _context;
+    bool _margins = false;
     std::optional<Point> _hover;  // page units
     std::optional<CursorMark> _playMark;
     std::function<void()> _zoomed;
