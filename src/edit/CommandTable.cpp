@@ -27,9 +27,9 @@ bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
 
 std::vector<CommandFamily> CommandFamilies() {
     return {kUndo,           ClipboardCommands(), SwitchCommands(),    SignCommands(),
-            NoteCommands(),  GraceCommands(),     BeamCommands(),      SelectionCommands(), WalkCommands(),
-            MixerCommands(), StructureCommands(), SpannerCommands(),   LayoutCommands(),
-            FontCommands(),  TextCommands()};
+            NoteCommands(),  GraceCommands(),     BeamCommands(),      MarkOptionCommands(),
+            WalkCommands(),  SelectionCommands(), StructureCommands(), SpannerCommands(),
+            MixerCommands(), LayoutCommands(),    FontCommands(),      TextCommands()};
 }
 
 const Command* FindCommand(int id) {

@@ -25,6 +25,7 @@ CommandFamily SignCommands();
 CommandFamily NoteCommands();
 CommandFamily GraceCommands();
 CommandFamily BeamCommands();
+CommandFamily MarkOptionCommands();
 CommandFamily SelectionCommands();
 CommandFamily WalkCommands();
 CommandFamily StructureCommands();

@@ -7,6 +7,7 @@
 #include "edit/MeasureRange.h"
 #include "edit/NoteChoice.h"
 #include "edit/ScoreTexts.h"
+#include "edit/Spanners.h"
 #include "edit/ToolState.h"
 #include "layout/Engraving.h"
 #include "layout/PageLayout.h"
@@ -188,9 +189,12 @@ void PutNumbering(Values& values) {
 
 // The selected measures, else the whole score.
 void PutSpacing(Values& values) {
-    if (!values.Window().TheSelection().IsEmpty()) return PutRange(values);
-    values.Put("from", 1);
-    values.PutMeasure("to", LastMeasure(values.Score()));
+    if (!values.Window().TheSelection().IsEmpty()) {
+        PutRange(values);
+    } else {
+        values.Put("from", 1);
+        values.PutMeasure("to", LastMeasure(values.Score()));
+    }
     const SpacingRoom room = PreferredRoom(values.Score());
     values.Put("dots", room.dots);
     values.Put("clefs", room.clefs);
@@ -283,6 +287,24 @@ void PutDistances(Values& values) {
     values.Put("holds", std::string(AccidentalsLast(values.Score()) ? "measure" : "note"));
 }
 
+void PutTupletChoices(Values& values) {
+    const auto& pref = *Preferences<IrregPref>(values.Score());
+    const TupletValue usual = UsualTuplet(values.Score());
+    values.Put("count", usual.count);
+    values.Put("in", usual.inTimeOf);
+    PutCode(values, "figure", {"usual", "number", "ratio", "none"}, TupletFigure::AsUsual, usual.figure);
+    PutCode(values, "bracket", {"unbeamed", "always", "none"}, TupletBracket::UnlessBeamed, usual.bracket);
+    values.Put("dx", pref._dx);
+    values.Put("dy", pref._dy);
+}
+
+void PutTies(Values& values) {
+    const auto& pref = *Preferences<TiePref>(values.Score());
+    values.Put("above", pref._heightAbove);
+    values.Put("below", pref._heightBelow);
+    values.Put("distance", pref._distance);
+}
+
 void PutVoices(Values& values) {
     const auto& pref = *Preferences<VoicePref>(values.Score());
     values.Put("automatic", pref._automaticStems != 0);
@@ -324,6 +346,7 @@ constexpr struct {
     {33088, PutGrace},         {33090, PutFont},      {32782, PutNumbering},
     {40011, PutTitle},         {40012, PutStaffName}, {32810, PutGrouping},
     {32811, PutSubGroups},     {32820, PutDistances}, {32784, PutVoices},
+    {32821, PutTies},          {32822, PutTupletChoices},
     {40050, PutUndoLevels},
 };
 

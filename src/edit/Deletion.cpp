@@ -23,11 +23,14 @@ bool MayDelete(const VoiceSymbol* symbol, const DeletionChoice& choice) {
     return choice.allVoices || VoicePar(symbol)->_number == choice.voice;
 }
 
-// Takes a note's events before it goes. Its chord's duration goes with its last note, unless a rest takes it over.
+// Takes a note's events before it goes. Its chord's duration goes with its last note, unless a rest takes it
+// over.
 void RemoveEvents(GenericNote* note, bool last, bool toRest) {
     if (!As<Note>(note)) return;
-    if (last && !toRest) RemoveNoteEventsShifting(note);
-    else RemoveNoteEvents(note);
+    if (last && !toRest)
+        RemoveNoteEventsShifting(note);
+    else
+        RemoveNoteEvents(note);
 }
 
 void DestroyNote(WindowTarn& window, GenericNote* note) {
@@ -36,8 +39,10 @@ void DestroyNote(WindowTarn& window, GenericNote* note) {
     DropSymbol(document, note->_symbol);
     stemNotes.Remove(note);
     chordNotes.Remove(note);
-    if (auto* grace = As<Grace>(note)) Release(grace);
-    else Release(As<Note>(note));
+    if (auto* grace = As<Grace>(note))
+        Release(grace);
+    else
+        Release(As<Note>(note));
 }
 
 // A stem without heads: its flag and its mark under a beam go, and the stem.
@@ -64,11 +69,14 @@ void LeaveRest(Chords* chord, int32_t x) {
 bool DestroyChord(WindowTarn& window, Chords* chord) {
     Voice* voice = VoicePar(chord);
     DeleteSlursAt(window, chord);
-    for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(chord)) DeleteVoiceSymbolAttribute(window, attribute);
+    for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(chord))
+        DeleteVoiceSymbolAttribute(window, attribute);
     voiceSymbols.Remove(chord);
     chordSymbolChords.Remove(chord);
-    if (auto* grace = As<GraceChord>(chord)) Release(grace);
-    else Release(chord);
+    if (auto* grace = As<GraceChord>(chord))
+        Release(grace);
+    else
+        Release(chord);
     return DropEmptyVoice(voice);
 }
 
@@ -107,14 +115,18 @@ bool DeleteNote(WindowTarn& window, GenericNote* note, const DeletionChoice& cho
     VoiceSymbol* neighbour = voiceSymbols.Next(chord) ? voiceSymbols.Next(chord) : voiceSymbols.Prev(chord);
 
     DeleteTiesOf(window, note);
-    if (grace) RemoveGraceEvents(static_cast<GraceChord*>(chord));
-    else RemoveEvents(note, last, toRest);
+    if (grace)
+        RemoveGraceEvents(static_cast<GraceChord*>(chord));
+    else
+        RemoveEvents(note, last, toRest);
     DestroyNote(window, note);
     if (lastOfStem) {
         DeleteStem(stem);
     } else {
-        if (Beam* beam = BeamOf(stem)) RefitBeam(beam);
-        else SetDefaultStemLength(stem);
+        if (Beam* beam = BeamOf(stem))
+            RefitBeam(beam);
+        else
+            RestemChord(chord);
         SetDirection(stem, stem->_direction);
     }
     bool voiceDropped = false;
@@ -147,7 +159,8 @@ void DeletePause(WindowTarn& window, Pause* pause, const DeletionChoice& choice)
     DeleteSlursAt(window, pause);
     if (Beam* beam = BeamOf(pause)) DissolveBeam(beam, pause);
     DropSymbol(document, pause->_symbol);
-    for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(pause)) DeleteVoiceSymbolAttribute(window, attribute);
+    for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(pause))
+        DeleteVoiceSymbolAttribute(window, attribute);
     voiceSymbols.Remove(pause);
     Release(pause);
     RenewAroundGraceNotes(voice);

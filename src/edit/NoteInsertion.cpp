@@ -100,7 +100,11 @@ void FollowUp(GenericNote* note, bool joined, bool beamed) {
     Voice* voice = VoicePar(note);
     note->_alteration = KeyAlterationAt(note);
     UpdateNoteHeight(note);
-    if (!beamed) SetDefaultStemLength(stem);
+    // A head that joins may turn the chord.
+    if (joined && !beamed)
+        RestemChord(ChordPar(note));
+    else if (!beamed)
+        SetDefaultStemLength(stem);
     SetDirection(stem, stem->_direction);
     if (Switches().autoSpace && !joined) SpaceVoice(voice);
     UpdateAccidentals(note, UpdateNoteHeight);

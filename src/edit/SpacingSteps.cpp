@@ -40,6 +40,17 @@ Status ChangeHeaders(WindowTarn& window, Change change) {
     return Status::Ok();
 }
 
+// What was chosen once is what the dialog offers next.
+void KeepRoom(const Document* document, const SpacingRoom& room) {
+    auto* preferences = Preferences<PowerEditPref>(document);
+    const auto keep = [](Stored<uint8_t>& field, bool value) {
+        if ((field != 0) != value) field = value;
+    };
+    keep(preferences->_useDotsWidth, room.dots);
+    keep(preferences->_useClefsWidth, room.clefs);
+    keep(preferences->_useAccidentWidth, room.accidents);
+}
+
 }  // namespace
 
 SpacingRoom PreferredRoom(const Document* document) {
@@ -54,6 +65,7 @@ Status SpaceMeasures(WindowTarn& window, const MeasureRange& range, const Spacin
         engraver || choice.allStaves ? std::vector<Voice*>() : SelectedVoices(window);
     const EditStep step(window);
     const SystemRedraw redraw(window, range.first, range.last);
+    if (engraver) KeepRoom(window.GetDocument(), choice.room);
     for (Voice* voice : selected)
         if (IsWithin(range, MeasurePar(voice))) SpaceVoice(voice);
     if (!selected.empty()) return Status::Ok();

@@ -6,6 +6,7 @@
 
 #include "layout/Frames.h"
 #include "layout/SymbolInk.h"
+#include "layout/VoicesTogether.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
@@ -22,14 +23,18 @@ struct Standing {
     int line;
 };
 
-// Of the heads of a chord on one staff, the highest first.
+// Of the heads on one staff at a chord's place, the highest first.
 std::vector<Standing> AccidentalsOf(const Chords* chord, const Staff* staff) {
     std::vector<Standing> standing;
-    for (const GenericNote* note : chordNotes.Of(chord))
-        if (const Accident* accident = AccidentOf(note); accident && StaffPar(note) == staff)
-            standing.push_back({accident, note->_line});
-    std::stable_sort(standing.begin(), standing.end(),
-                     [](const Standing& a, const Standing& b) { return a.line > b.line; });
+    std::vector<const Chords*> chords = ChordsBeside(chord);
+    chords.push_back(chord);
+    for (const Chords* each : chords)
+        for (const GenericNote* note : chordNotes.Of(each))
+            if (const Accident* accident = AccidentOf(note); accident && StaffPar(note) == staff)
+                standing.push_back({accident, note->_line});
+    std::stable_sort(standing.begin(), standing.end(), [](const Standing& a, const Standing& b) {
+        return a.line != b.line ? a.line > b.line : a.accident < b.accident;
+    });
     return standing;
 }
 

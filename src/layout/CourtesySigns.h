@@ -1,6 +1,6 @@
-// What the end of a system says of the next one's beginning where that differs: a small clef before the last barline,
-// key and time signatures behind it. They are part of the last measure's picture; the measures of the system leave
-// them room.
+// What the end of a system says of the next one's beginning where that differs: a small clef before the last
+// barline, key and time signatures behind it. They are part of the last measure's picture; the measures of
+// the system leave them room.
 #pragma once
 
 #include "base/Geometry.h"

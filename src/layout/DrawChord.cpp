@@ -34,27 +34,21 @@ void PaintStem(GraphicPort& port, const Column& column, const DrawContext& conte
     PaintUpright(port, ink.left, ink.top, ink.bottom, ink.Width());
 }
 
-void PaintSlash(GraphicPort& port, const Column& column, const GenericNote* outer) {
+void PaintSlash(GraphicPort& port, const GraceSlash& slash) {
     const PenKept kept(port);
-    const StemLine line = LineOf(column);
-    const int32_t distance = DistanceAt(outer), d = distance * 50 / 100, weight = StemWeight(distance);
-    const int32_t down = IsUp(column.stem->_direction) ? 2 * d : -2 * d;
-    port.SetPenSize(weight, weight);
-    port.DrawLine(line.x - d, line.end + down, line.x + d, line.end);
+    port.SetPenSize(slash.weight, slash.weight);
+    port.DrawLine(slash.from.x, slash.from.y, slash.to.x, slash.to.y);
 }
 
 void PaintFlags(GraphicPort& port, const Column& column) {
     const GenericNote* outer = NoteOuter(column.stem);
-    bool flagged = false;
     for (const BeamSymbolAttribute* attribute : beamSymbolAttributes.Of(column.stem)) {
         const Flag* flag = As<Flag>(attribute);
         if (!flag || !outer) continue;
         const Point place = PlaceOf(flag, column);
         DrawSymbol(port, flag->_symbol, place.x, place.y, DistanceAt(outer), 100);
-        flagged = true;
     }
-    const auto* grace = outer ? As<GraceChord>(ChordPar(outer)) : nullptr;
-    if (flagged && grace && grace->_slash) PaintSlash(port, column, outer);
+    if (const std::optional<GraceSlash> slash = SlashOf(column)) PaintSlash(port, *slash);
 }
 
 }  // namespace

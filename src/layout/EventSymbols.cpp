@@ -14,6 +14,8 @@
 namespace corvane {
 namespace {
 
+constexpr int32_t kGraceAirPercent = 60;  // of a line distance, behind each grace chord
+
 int32_t WidthOf(const VoiceSymbol* symbol) {
     const auto* pause = As<Pause>(symbol);
     return pause ? RectOf(pause).Width() : RectOf(ChordSymbolPar(As<Chords>(symbol))).Width();
@@ -28,9 +30,13 @@ int32_t DotRoom(const VoiceSymbol* symbol, int32_t gap) {
 
 // Columns of accidentals from the heads outward.
 int32_t AccidentRoom(const Chords* chord, int32_t noteGap, int32_t columnGap) {
+    std::vector<const GenericNote*> heads;
+    for (const GenericNote* note : chordNotes.Of(chord)) heads.push_back(note);
+    std::stable_sort(heads.begin(), heads.end(),
+                     [](const auto* a, const auto* b) { return a->_line > b->_line; });
     int32_t room = 0;
     const GenericNote* last = nullptr;
-    for (const GenericNote* note : chordNotes.Of(chord)) {
+    for (const GenericNote* note : heads) {
         const Accident* accident = AccidentOf(note);
         if (!accident) continue;
         const int32_t width = RectOf(accident).Width();
@@ -65,20 +71,24 @@ bool PutX(VoiceSymbol* symbol, int32_t x) {
 }
 
 EventSymbol::Extents MusicSymbol::Measure(const ListaEventi& list, int32_t) const {
+    Extents extents{GraceRoom(list) + AccidentalRoom(list), WidthOf(_symbol)};
     const auto* notes = Preferences<NotePref>(list.TheDocument());
-    const auto percent = [&](int32_t value) { return value * list.lineDistance / 100; };
-    Extents extents{GraceRoom(), WidthOf(_symbol)};
-    if (list.Room().dots) extents.right += DotRoom(_symbol, percent(notes->_dotGap));
-    const auto* chord = As<Chords>(_symbol);
-    if (chord && list.Room().accidents)
-        extents.left +=
-            AccidentRoom(chord, percent(notes->_accidentalGap), percent(notes->_accidentalSpacing));
+    if (list.Room().dots) extents.right += DotRoom(_symbol, notes->_dotGap * list.lineDistance / 100);
     return extents;
 }
 
-int32_t MusicSymbol::GraceRoom() const {
+int32_t MusicSymbol::AccidentalRoom(const ListaEventi& list) const {
+    const auto* chord = As<Chords>(_symbol);
+    if (!chord || !list.Room().accidents) return 0;
+    const auto* notes = Preferences<NotePref>(list.TheDocument());
+    return AccidentRoom(chord, notes->_accidentalGap * list.lineDistance / 100,
+                        notes->_accidentalSpacing * list.lineDistance / 100);
+}
+
+int32_t MusicSymbol::GraceRoom(const ListaEventi& list) const {
     int32_t room = 0;
-    for (const VoiceSymbol* grace : _graces) room += WidthOf(grace);
+    for (const VoiceSymbol* grace : _graces)
+        room += WidthOf(grace) + kGraceAirPercent * list.lineDistance / 100;
     return room;
 }
 
@@ -93,13 +103,13 @@ int32_t MusicSymbol::AccidentReach() const {
     return reach;
 }
 
-// Grace chords stand directly before the event, the last one next to it.
+// Grace chords stand directly before the event and its accidentals, the last one next to it.
 bool MusicSymbol::Put(const ListaEventi& list, const Event& event) const {
     bool changed = PutX(_symbol, event.x);
-    int32_t room = GraceRoom();
+    int32_t room = GraceRoom(list) + AccidentalRoom(list);
     for (VoiceSymbol* grace : _graces) {
         changed |= PutX(grace, event.x - room * 1000 / list.Usable());
-        room -= WidthOf(grace);
+        room -= WidthOf(grace) + kGraceAirPercent * list.lineDistance / 100;
     }
     return changed;
 }

@@ -13,12 +13,14 @@ public:
     VoiceSymbol* Symbol() const { return _symbol; }
     Extents Measure(const ListaEventi& list, int32_t before) const override;
     bool Put(const ListaEventi& list, const Event& event) const override;
-    // Of the grace chords, one behind the other.
-    int32_t GraceRoom() const;
+    // Of the grace chords, one behind the other, each with some air behind it.
+    int32_t GraceRoom(const ListaEventi& list) const;
     // How far its accidentals reach left of its place, page units.
     int32_t AccidentReach() const;
 
 private:
+    int32_t AccidentalRoom(const ListaEventi& list) const;
+
     VoiceSymbol* _symbol;
     std::vector<VoiceSymbol*> _graces;
 };

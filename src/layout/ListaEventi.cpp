@@ -126,10 +126,12 @@ void ListaEventi::Place(const SpacingTable& table) {
     int32_t pos = 0;
     for (const auto& each : events.front().symbols) {
         const auto& symbol = static_cast<const MusicSymbol&>(*each);
-        pos = std::max(pos, symbol.GraceRoom());
+        const int32_t graces = symbol.GraceRoom(*this);
+        pos = std::max(pos, graces);
         // Accidentals that do not fit in the gap before the first note move it.
         if (_room.accidents)
-            pos = std::max(pos, symbol.AccidentReach() + lineDistance / 4 - GapsOf(_document).firstNote);
+            pos = std::max(pos,
+                           graces + symbol.AccidentReach() + lineDistance / 4 - GapsOf(_document).firstNote);
     }
     const std::vector<SyllableNeed> needs =
         _room.lyrics ? SyllableNeedsOf(events) : std::vector<SyllableNeed>();

@@ -4,6 +4,7 @@
 #include "layout/HeadShapes.h"
 #include "layout/LineWeights.h"
 #include "layout/SymbolInk.h"
+#include "layout/VoicesTogether.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
@@ -42,7 +43,9 @@ int32_t HeadX(const GenericNote* note, const Column& column, const StaffFrame& s
 }  // namespace
 
 Column::Column(const Stem* theStem)
-    : stem(theStem), measure(FrameOf(MeasurePar(theStem))), x(StemX(theStem, measure)) {}
+    : stem(theStem),
+      measure(FrameOf(MeasurePar(theStem))),
+      x(StemX(theStem, measure) + VoiceShift(theStem)) {}
 
 HeadPlace PlaceOf(const GenericNote* note) { return PlaceOf(note, Column(StemPar(note))); }
 
@@ -94,6 +97,24 @@ GenericNote* HeadAt(const ChordSymbol* chordSymbol, Point p) {
     return nullptr;
 }
 
+std::optional<GraceSlash> SlashOf(const Column& column) {
+    const GenericNote* outer = NoteOuter(column.stem);
+    const auto* grace = outer ? As<GraceChord>(ChordPar(outer)) : nullptr;
+    if (!grace || !grace->_slash) return {};
+    for (const BeamSymbolAttribute* attribute : beamSymbolAttributes.Of(column.stem)) {
+        if (!As<Flag>(attribute)) continue;
+        const StemLine line = LineOf(column);
+        const int32_t distance = StaffOf(outer).lineDistance, half = distance / 2;
+        const int32_t down = IsUp(column.stem->_direction) ? 2 * half : -2 * half;
+        return GraceSlash{{line.x - half, line.end + down}, {line.x + half, line.end}, StemWeight(distance)};
+    }
+    return {};
+}
+
+Rect GraceSlash::Ink() const {
+    return Rect{from.x, std::min(from.y, to.y), to.x, std::max(from.y, to.y)}.GrownBy(weight);
+}
+
 Rect RectOf(const ChordSymbol* chordSymbol) {
     Rect all;
     for (const Stem* stem : chordSymbolStems.Of(chordSymbol)) {
@@ -103,6 +124,7 @@ Rect RectOf(const ChordSymbol* chordSymbol) {
         if (HasStemInk(stem)) all = Union(all, StemInk(column));
         for (const BeamSymbolAttribute* attribute : beamSymbolAttributes.Of(stem))
             if (const Flag* flag = As<Flag>(attribute)) all = Union(all, RectOf(flag, column));
+        if (const std::optional<GraceSlash> slash = SlashOf(column)) all = Union(all, slash->Ink());
     }
     return all;
 }

@@ -3,6 +3,7 @@
 // of a page.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "layout/Frames.h"
@@ -70,7 +71,16 @@ LedgerLines LedgerLinesOf(const GenericNote* note);
 LedgerLines LedgerLinesOf(const GenericNote* note, const Column& column);
 LedgerLines LedgerLinesOf(const Pause* pause);
 
-Rect RectOf(const ChordSymbol* chordSymbol);  // heads, ledger lines, stems, flags
+// The stroke through the stem of a grace note that has a flag and is told to have a slash; none else.
+struct GraceSlash {
+    Point from, to;
+    int32_t weight = 0;
+
+    Rect Ink() const;
+};
+std::optional<GraceSlash> SlashOf(const Column& column);
+
+Rect RectOf(const ChordSymbol* chordSymbol);  // heads, ledger lines, stems, flags, slashes
 
 // The head under a point: strictly between half a line distance above and below its centre; stem and note
 // order.

@@ -2,7 +2,9 @@
 #include "base/Rounding.h"
 #include "layout/LineWeights.h"
 #include "layout/NoteGeometry.h"
+#include "layout/Spacing.h"
 #include "layout/SymbolInk.h"
+#include "layout/VoicesTogether.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
@@ -75,10 +77,12 @@ LedgerLines LedgerLinesOf(const GenericNote* note, const Column& column) {
 Point PlaceOf(const Pause* pause) {
     const StaffFrame staff = FrameOf(StaffPar(pause));
     const Voice* voice = VoicePar(pause);
-    const int32_t height = MarkerOf(pause) && pause->_beamY != 0 ? pause->_beamY : pause->_y;
+    const int32_t height =
+        MarkerOf(pause) && pause->_beamY != 0 ? pause->_beamY : pause->_y - VoiceLift(pause);
     Point place{FrameOf(MeasurePar(pause)).XOf(pause->_x), staff.top + height * staff.lineDistance / 1000};
-    // A rest that fills the measure stands with its middle where others begin.
-    const bool fills = (pause->_value == 1 || pause->_value == kDoubleWhole) && voice &&
+    // A rest that fills the measure stands with its middle in the middle.
+    const bool fills = pause->_x == kMiddleOfMeasure &&
+                       (pause->_value == 1 || pause->_value == kDoubleWhole) && voice &&
                        voiceSymbols.First(voice) == voiceSymbols.Last(voice);
     if (fills) place.x -= SymbolWidth(pause->_symbol, staff.lineDistance, 100) / 2;
     return place;

@@ -5,6 +5,7 @@
 #include "layout/AccidentalColumns.h"
 #include "layout/NoteGeometry.h"
 #include "layout/SymbolInk.h"
+#include "layout/VoicesTogether.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
@@ -45,7 +46,10 @@ std::vector<Point> RowsOf(const Chords* chord) {
     const Stem* stem = StemOf(chord);
     if (!stem) return rows;
     const Column column(stem);
-    const int32_t right = HeadsOf(column).right;
+    int32_t right = HeadsOf(column).right;
+    for (const Chords* beside : ChordsBeside(chord))
+        if (const Stem* other = StemOf(beside); other && VoiceShift(other))
+            right = std::max(right, HeadsOf(Column(other)).right);
     for (const GenericNote* note : stemNotes.Of(stem)) {
         if (ChordPar(note) != chord) continue;
         const StaffFrame staff = FrameOf(StaffPar(note));
@@ -93,7 +97,10 @@ Point PlaceOf(const Accident* accident) {
     const Column column(StemPar(note));
     const StaffFrame staff = FrameOf(StaffPar(note));
     const int32_t distance = staff.lineDistance;
-    int32_t right = HeadsOf(column).left - AccidentalGap(DocumentPar(note)) * distance / 100;
+    int32_t right = HeadsOf(column).left;
+    for (const Chords* beside : ChordsBeside(ChordPar(note)))
+        if (const Stem* stem = StemOf(beside)) right = std::min(right, HeadsOf(Column(stem)).left);
+    right -= AccidentalGap(DocumentPar(note)) * distance / 100;
     const LedgerLines ledgers = LedgerLinesOf(note, column);
     if (ledgers.count) right = std::min(right, ledgers.left - kLedgerGap * distance / 100);
     const int32_t width = InkOf(accident->_symbol, {}, distance, 100).right;

@@ -16,7 +16,8 @@ void AddTime(MeasureStaff* crossing);          // of the measure's meter
 // What MakeMeasure does with a measure of any kind that stands in no system yet.
 void JoinMeasure(System* system, Measure* measure, Measure* behind);
 
-// A part behind another of the document, or first where that is null: every voice at full volume on channel 1.
+// A part behind another of the document, or first where that is null: every voice at full volume on
+// channel 1.
 DocStaff* MakeDocStaff(Document* document, DocStaff* behind);
 AllStaff* MakeAllStaff(std::string_view name = "Untitled");
 

@@ -18,7 +18,6 @@ namespace corvane {
 namespace {
 
 constexpr double kEpsilon = 0.0001;  // of a whole note
-constexpr int32_t kMiddle = 500;
 
 // What an event counts of a whole note; a grace chord counts nothing.
 double FractionOf(const VoiceSymbol* symbol) {
@@ -124,7 +123,7 @@ private:
 
 bool SpaceEvents(Voice* voice, VoiceSymbol* first) {
     const auto* rest = As<Pause>(first);
-    if (rest && rest->_value == 1 && first == voiceSymbols.Last(voice)) return PutX(first, kMiddle);
+    if (rest && rest->_value == 1 && first == voiceSymbols.Last(voice)) return PutX(first, kMiddleOfMeasure);
     VoiceSpacing spacing(voice);
     spacing.Walk(voice);
     return spacing.Store();

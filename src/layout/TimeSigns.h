@@ -1,5 +1,5 @@
-// A time signature wherever it is shown: its symbol, drawn from `at` on the middle line with the side letter 'l', and
-// the note under its numerator where its meter shows one.
+// A time signature wherever it is shown: its symbol, drawn from `at` on the middle line with the side letter
+// 'l', and the note under its numerator where its meter shows one.
 #pragma once
 
 #include "base/Geometry.h"

@@ -155,7 +155,7 @@ void SoundPort::Silence() {
 
 void SoundPort::Panic() {
     const int16_t count = std::min(Count(), kMaxDevices);
-    for (int16_t port = kBuiltIn; port < count; ++port)
+    for (int16_t port = 0; port < count; ++port)
         AskedOf(port).channels.store(0xFFFF, std::memory_order_relaxed);
     Silence();
 }

@@ -60,7 +60,8 @@ public:
     void Silence();
     // The same, for the shutdown of the MIDI setup.
     void Reset() { Silence(); }
-    // The same on every channel: what hangs may be none of this port's doing.
+    // The same on every channel of every device: what hangs may be none of this port's doing. The synthesiser
+    // is not woken for it.
     void Panic();
 
     // Where the keyboard's notes are echoed from now on; kNone at first. Kept over the ports' lives. Any

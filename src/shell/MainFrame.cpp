@@ -130,6 +130,7 @@ void MainFrame::ShowScore(WindowTarn& window) {
     window.Sheet().SetEditVoice(Tools().currentVoice);
     ScoreView* view = _tabs->Add(window);
     view->SetContext(ScreenContext());
+    view->ShowMargins(_margins);
     view->OnZoomed([this] { _toolStrip->Refresh(); });
     TabChanged();
 }
@@ -194,6 +195,12 @@ void MainFrame::ColourVoices(bool on) {
         window->Sheet().MarkAllDirty();
         Refresh(*window);
     }
+}
+
+void MainFrame::ShowMargins(bool show) {
+    _margins = show;
+    for (const auto& window : _session.Windows())
+        if (ScoreView* view = _tabs->ViewOf(*window)) view->ShowMargins(show);
 }
 
 // ---- what editing asks for

@@ -132,8 +132,9 @@ constexpr int kOpenBackupId = 40001, kPreviewId = 40030;
 constexpr const char *kFile = "&File", *kEdit = "&Edit", *kEditGo = "&Edit/&Go", *kView = "&View",
                      *kScore = "&Score", *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove",
                      *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
-                     *kNotesBeams = "&Notes/&Beams", *kNotesMove = "&Notes/Mo&ve and Alter",
-                     *kTools = "&Tools", *kMidi = "&MIDI", *kHelp = "&Help";
+                     *kNotesBeams = "&Notes/&Beams", *kNotesOptions = "&Notes/Options",
+                     *kNotesMove = "&Notes/Mo&ve and Alter", *kTools = "&Tools", *kMidi = "&MIDI",
+                     *kHelp = "&Help";
 
 // clang-format off
 const MenuRow kRows[] = {
@@ -186,6 +187,7 @@ const MenuRow kRows[] = {
     {kView, 32859, "Accompan&y", "", TogglePart<PlayDock, &MainFrame::PlayPalette>, {}, IsPartShown<PlayDock, &MainFrame::PlayPalette>},
     {kView, 33050, "&Mixer", "", TogglePart<MixerDock, &MainFrame::Mixer>, HasScore, IsPartShown<MixerDock, &MainFrame::Mixer>},
     {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},
+    {kView, 33065, "Mar&gins", "", [](MainFrame& f) { f.ShowMargins(!f.ShowsMargins()); }, {}, [](MainFrame& f) { return f.ShowsMargins(); }},
     {kView, 33129, "Voice &Coloring", "", ToggleColours, {}, IsColouring},
     {kView, 0},
     {kView, 33071, "50%", "", ZoomTo<50>, HasScore, IsZoom<50>},
@@ -220,7 +222,6 @@ const MenuRow kRows[] = {
     {kScore, 32782, "Measure N&umbers..."},
     {kScore, 0},
     {kScore, 32780, "Set &Velocity..."},
-    {kScore, 32784, "Voice O&ptions...", "Ctrl+L"},
     {kScore, 0},
     {kScore, 32788, "&Measures per System...", "Q"},
     {kScore, 32789, "Systems per &Page...", "W"},
@@ -232,6 +233,7 @@ const MenuRow kRows[] = {
     {kScoreLayout, 32786, "Spac&ing Options..."},
     {kScoreLayout, 32787, "Instr&ument Name Options..."},
     {kScoreLayout, 32798, "&Time Signature Options..."},
+    {kScoreLayout, 32784, "Voice &Options...", "Ctrl+L"},
 
     {kNotes, 32804, "&Tie Notes", "Ctrl+T"},
     {kNotes, 32805, "Tupl&ets...", "Ctrl+I"},
@@ -273,6 +275,8 @@ const MenuRow kRows[] = {
     {kNotesBeams, 32810, "Auto Beaming &Options..."},
     {kNotesBeams, 32811, "Sub-Grou&ps Options..."},
     {kNotesBeams, 32820, "&Note-Beam-Accidental Options..."},
+    {kNotesOptions, 32821, "&Note-Tie Options..."},
+    {kNotesOptions, 32822, "&Tuplet Options..."},
     {kNotes, 0},
     {kNotes, 32807, "Spacin&g...", "Ctrl+J"},
     {kNotes, 33177, "Spacing Tab&le..."},

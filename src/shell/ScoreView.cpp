@@ -178,6 +178,11 @@ void ScoreView::wheelEvent(QWheelEvent* event) {
 
 // ---- what is shown
 
+void ScoreView::ShowMargins(bool show) {
+    _margins = show;
+    viewport()->update();
+}
+
 void ScoreView::SetContext(const DrawContext& context) {
     _context = context;
     _tiles.Clear();
@@ -253,6 +258,7 @@ void ScoreView::PaintDesk(QPainter& painter, const QRect& paper) const {
 
 void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
     const OverlayPaint paint{painter, _scale, corner, palette().color(QPalette::Highlight)};
+    if (_margins && _window.CurrentPage()) PaintMargins(paint, *_window.CurrentPage());
     PaintSelection(paint, _window);
     PaintCaret(paint, _window.caret);
     if (_hover) PaintGhost(paint, _window, *_hover);

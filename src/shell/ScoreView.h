@@ -42,6 +42,7 @@ public:
 
     // What the pictures depend on besides the sheet; they are made anew.
     void SetContext(const DrawContext& context);
+    void ShowMargins(bool show);
     // The current page is another one, or of another size.
     void PageChanged();
     void ToolChanged();
@@ -93,6 +94,7 @@ private:
     ViewScale _scale;
     Zoom _zoom;
     DrawContext _context;
+    bool _margins = false;
     std::optional<Point> _hover;  // where the tool would act, page units
     bool _movedByKeys = false;    // and not by the pointer
     std::optional<CursorMark> _playMark;

@@ -14,6 +14,7 @@ class ViewScale;
 class WindowTarn;
 struct Caret;
 struct CursorMark;
+struct Page;
 
 struct OverlayPaint {
     QPainter& painter;  // in pixels
@@ -24,6 +25,9 @@ struct OverlayPaint {
     int32_t X(int32_t units) const;
     int32_t Y(int32_t units) const;
 };
+
+// The edges of what a page's margins leave free.
+void PaintMargins(const OverlayPaint& paint, const Page& page);
 
 // What is selected, and the rubber band while one is drawn.
 void PaintSelection(const OverlayPaint& paint, const WindowTarn& window);

@@ -14,6 +14,8 @@ BY_HAND = [
     ("grace", "Grace Notes Options", "ctrl+g", "alt+t Down alt+c ctrl+a 2 5", "command 33088 time=preceding cut=25"),
     ("transpose", "Transpose", "alt+n p", "alt+d Down alt+i Down Down", "command 32819 interval=-m3 from=1 to=2"),
     ("durations", "Change Durations", "alt+n d", "alt+t Down Down", "command 32817 by=half from=1 to=2"),
+    ("beams", "Auto Beaming Options", "alt+n b o", "alt+b Down", "command 32810 binary=two apply=score"),
+    ("distances", "Note-Beam-Accidental Options", "alt+n b n", "alt+m ctrl+a 3 5 0", "command 32820 distance=350"),
     ("measures", "Add Measures", "alt+s a m", "alt+n ctrl+a 2 alt+a ctrl+a 1", "command 32791 count=2 after=1"),
 ]
 

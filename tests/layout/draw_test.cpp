@@ -99,6 +99,14 @@ TEST_F(DrawingTest, AGraceChordsSlashNeedsAFlag) {
                                  std::to_string(line.end + 100) + " " + std::to_string(line.x + 50) + " " +
                                  std::to_string(line.end);
     EXPECT_TRUE(TraceOf(column).back().starts_with(expected)) << TraceOf(column).back();
+    for (const StemDirection direction : {Up, Down}) {
+        SetDirection(StemOf(column), direction);
+        InkPort port;
+        PatchOf(column).Draw(port, {});
+        const Rect rect = PatchOf(column).Bounds().GrownBy(2);
+        EXPECT_EQ(Union(rect, port.Ink()), rect) << "the slash stands out beyond stem and flag";
+    }
+    SetDirection(StemOf(column), Up);
     beamSymbolAttributes.Remove(FlagOf(StemOf(column)));
     EXPECT_EQ(Calls(TraceOf(column)), "char 207 line");
 }

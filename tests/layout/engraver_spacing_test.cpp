@@ -174,7 +174,8 @@ TEST_F(EngraverSpacing, RestsAndGracesHaveTheirPlaces) {
     AddGrace();
     AddGrace();
     Fill(0, {2});
-    const int32_t wide = RectOf(ChordSymbolPar(As<Chords>(voiceSymbols.First(VoiceOn(0))))).Width();
+    // A grace chord takes its ink and 0.6 of a line distance.
+    const int32_t wide = RectOf(ChordSymbolPar(As<Chords>(voiceSymbols.First(VoiceOn(0))))).Width() + 60;
     // The first event leaves its grace chord room; 660 + 660 and half of what is left go on from there.
     const int32_t slack = 1890 - wide - 2 * 660, second = wide + 660 + Round(slack * 0.5);
     const int32_t first = wide * 1000 / 1890, next = second * 1000 / 1890;
