@@ -103,7 +103,8 @@ void DotInsertion(const InsertionPlace& place, int count) {
     const DrawPatch patch = EventUnder(place.window, place.point);
     if (!patch) return;
     if (auto* pause = patch.Record<Pause>()) SetDotsOf(place.window, pause, count);
-    if (auto* chordSymbol = patch.Record<ChordSymbol>())
+    auto* chordSymbol = patch.Record<ChordSymbol>();
+    if (chordSymbol && HeadAt(chordSymbol, place.point))
         for (Chords* chord : chordSymbolChords.Of(chordSymbol)) SetDotsOf(place.window, chord, count);
 }
 

@@ -160,6 +160,17 @@ void WindowTarn::DropTextEntry() {
     _shell.TextEntryChanged(*this);
 }
 
+// A caret stays where its measure and staff are still there.
+void WindowTarn::DropDeadCaret() {
+    const void* const held[] = {caret.measure, caret.staff};
+    const auto living = _pool->Living(held);
+    const auto stands = [&](const void* object, auto is) {
+        return living.contains(object) && is(ClassNumberOf(object));
+    };
+    if (!stands(caret.measure, IsClass<Measure>) || !stands(caret.staff, IsClass<DocStaff>))
+        caret.measure = nullptr;
+}
+
 void WindowTarn::Exchange(bool redo) {
     DropTextEntry();
     const PoolScope scope(_pool);
@@ -168,7 +179,7 @@ void WindowTarn::Exchange(bool redo) {
     _canRedo = !redo;
     redo ? _pool->Redo() : _pool->Undo();
     caret.visible = false;
-    caret.measure = nullptr;
+    DropDeadCaret();
     RefreshPreferences(_document);
     if (instance == this) KeepScoreSwitches(_document);
     if (redo) ClipboardRedone(*this);
