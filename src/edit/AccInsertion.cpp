@@ -109,7 +109,8 @@ void DotInsertion(const InsertionPlace& place, int count) {
     const DrawPatch patch = EventUnder(place.window, place.point);
     if (!patch) return place.window.Shell().Tell("Press on a note or a rest.");
     if (auto* pause = patch.Record<Pause>()) ChangeDots(place.window, pause, count);
-    if (auto* chordSymbol = patch.Record<ChordSymbol>())
+    auto* chordSymbol = patch.Record<ChordSymbol>();
+    if (chordSymbol && HeadAt(chordSymbol, place.point))
         for (Chords* chord : chordSymbolChords.Of(chordSymbol)) ChangeDots(place.window, chord, count);
 }
 

@@ -1,5 +1,6 @@
 // Paste: clones of what the clipboard holds, from the caret on.
 #include <algorithm>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -177,7 +178,6 @@ void Pasting::Finish() {
 
 // What came before stays and cannot be undone: the event that was too much goes outside of any step.
 void TakeBack(WindowTarn& window, VoiceSymbol* refused) {
-    Notify(Severity::Message, "Can't paste, the measure is full!");
     { const EditStep empty(window); }
     Voice* voice = VoicePar(refused);
     Discard(window, refused);
@@ -197,9 +197,9 @@ bool Paste(WindowTarn& window) {
         window.Shell().Tell("What was copied is gone.");
         return false;
     }
-    const PageRedraw redraw(window);
     VoiceSymbol* refused = nullptr;
     bool illegal = false, dropped = false;
+    std::optional<PageRedraw> redraw(window);
     {
         const EditStep step(window);
         Pasting pasting(window, TheClipboard());
@@ -213,10 +213,12 @@ bool Paste(WindowTarn& window) {
     if (refused) TakeBack(window, refused);
     if (dropped && !illegal) window.Shell().Tell("Some of it found no staff or measure here.");
     if (illegal) {
-        Notify(Severity::Message, "Illegal paste");
         window.Undo();
         window.ForgetUndo();
     }
+    redraw.reset();  // before the box: the page behind it is whole
+    if (refused) Notify(Severity::Message, "Can't paste, the measure is full!");
+    if (illegal) Notify(Severity::Message, "Illegal paste");
     return !refused && !illegal;
 }
 

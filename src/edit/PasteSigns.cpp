@@ -38,7 +38,8 @@ MeasureStaff* PastePlaces::Find(const ClipPlace& place, int32_t further) {
     const DocStaff* staff = _staff;
     for (int i = _clips.ClipFirstStaff; staff && i < place.staff; ++i) staff = documentDocStaffs.Next(staff);
     const Measure* measure = MeasureFromCaret(place.measure - _clips.ClipFirstMeasure + further);
-    return staff && measure ? MeasureStaffAt(measure, staff) : nullptr;
+    MeasureStaff* crossing = staff && measure ? MeasureStaffAt(measure, staff) : nullptr;
+    return crossing && crossing->_staff ? crossing : nullptr;
 }
 
 int32_t PastePlaces::XOf(const ClipPlace& place) const {

@@ -15,8 +15,7 @@ void Selection::SetSelectionRegion(WRegion region) {
 void Selection::Clear() { SetSelectionRegion(_port.NewRegion()); }
 
 void Selection::Add(const Rect& rect) {
-    if (rect.IsEmpty()) return;
-    _wholeScore = false;
+    if (rect.IsEmpty() || _wholeScore) return;
     _port.AddRectToRegion(_region, rect);
 }
 

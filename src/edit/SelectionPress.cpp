@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-// What a press on a hit object selects, a row a class; empty for an object that a press does not select.
+// What a press on a hit object selects, a row a class; null for one with which it does nothing.
 Rect RectOfHead(const DrawPatch& patch, Point p) {
     const GenericNote* note = HeadAt(patch.Record<ChordSymbol>(), p);
     return note ? RectOf(note) : Rect{};
@@ -24,7 +24,7 @@ constexpr struct {
     {IsClass<Pause>, RectOfPatch},       {IsClass<Dinamiche>, RectOfPatch},
     {IsClass<SimboliVari>, RectOfPatch}, {IsClass<MeasureStaffText>, RectOfPatch},
     {IsClass<PageText>, RectOfPatch},    {IsClass<MovingClaf>, RectOfPatch},
-    {IsClass<ChordSymbol>, RectOfHead},
+    {IsClass<ChordSymbol>, RectOfHead},  {IsClass<StaticClaf>, nullptr},
 };
 
 void SelectOnly(WindowTarn& window, const Rect& rect, bool adding) {
@@ -39,7 +39,8 @@ void PressWithArrow(WindowTarn& window, Point p, uint32_t modifiers) {
     const bool adding = modifiers & kShift;
     if (const DrawPatch patch = window.Sheet().HitSymbol(p))
         for (const auto& row : kRows)
-            if (row.is(patch.ClassNumber())) return SelectOnly(window, row.rect(patch, p), adding);
+            if (row.is(patch.ClassNumber()))
+                return row.rect ? SelectOnly(window, row.rect(patch, p), adding) : void();
     window.interaction = std::make_unique<Lasso>(window, p, adding);
 }
 

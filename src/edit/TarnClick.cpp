@@ -56,7 +56,7 @@ void UsePencil(const Press& press) {
 }
 
 DeletionChoice ErasersChoice() {
-    return {Tools().OneVoice(), Tools().AllVoices(), Switches().deleteNotesToRests, true};
+    return {Tools().OneVoice(), Tools().AllVoices(), Switches().deleteNotesToRests, Switches().autoSpace};
 }
 
 // What the eraser does with a hit object, in the fixed order of the classes.
@@ -200,6 +200,7 @@ void MouseUp(WindowTarn& window, int32_t x, int32_t y) {
     if (!window.interaction) return;
     window.Activate();
     const std::unique_ptr<Interaction> ended = std::move(window.interaction);
+    if (IsPlaying()) return;
     ended->Release(OnPlane(x, y));
     window.Shell().Refresh(window);
 }

@@ -63,6 +63,7 @@ void ApplyToolMode() {
     if (IsPlaying()) return;
     WindowTarn* window = WindowTarn::instance;
     if (window && Tools().toolMode != ModeArrow) window->caret.visible = false;
+    if (window) window->interaction.reset();  // a stroke that has begun was another tool's
     TellShell();
 }
 

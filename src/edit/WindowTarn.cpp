@@ -179,6 +179,17 @@ void WindowTarn::DropTextEntry() {
     _shell.TextEntryChanged(*this);
 }
 
+// A caret stays where its measure and staff are still there.
+void WindowTarn::DropDeadCaret() {
+    const void* const held[] = {caret.measure, caret.staff};
+    const auto living = _pool->Living(held);
+    const auto stands = [&](const void* object, auto is) {
+        return living.contains(object) && is(ClassNumberOf(object));
+    };
+    if (!stands(caret.measure, IsClass<Measure>) || !stands(caret.staff, IsClass<DocStaff>))
+        caret.measure = nullptr;
+}
+
 // `stepped`: it is another step than the one before.
 void WindowTarn::Exchange(bool redo, bool stepped) {
     DropTextEntry();
@@ -188,7 +199,7 @@ void WindowTarn::Exchange(bool redo, bool stepped) {
     if (!redo) ClipboardUndone(*this);
     redo ? _pool->Redo() : _pool->Undo();
     caret.visible = false;
-    caret.measure = nullptr;
+    DropDeadCaret();
     RefreshPreferences(_document);
     if (instance == this) KeepScoreSwitches(_document);
     if (redo && memo.mark) ClipboardRedone(*this);

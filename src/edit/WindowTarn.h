@@ -1,5 +1,5 @@
-// One score window: its pool, sheet, measuring port, current page, caret and undo state. Headless or not: the screen is
-// behind EditorShell. Main thread only.
+// One score window: its pool, sheet, measuring port, current page, caret and undo state. Headless or not: the
+// screen is behind EditorShell. Main thread only.
 #pragma once
 
 #include <memory>
@@ -21,16 +21,17 @@ class NewMemoryPool;
 struct Caret {
     Measure* measure = nullptr;
     DocStaff* staff = nullptr;
-    int32_t x = 0;          // absolute page units
+    int32_t x = 0;  // absolute page units
     bool visible = false;
 };
 
 class WindowTarn : public ElemT<WindowTarn, 1, kWindows> {
 public:
-    // Makes pool, sheet and port and joins the window list. The new pool becomes current; the window becomes the active
-    // one if there is none.
+    // Makes pool, sheet and port and joins the window list. The new pool becomes current; the window becomes
+    // the active one if there is none.
     explicit WindowTarn(EditorShell& shell);
-    // The closing order: leaves the list, drops what others hold of it, gives up the pool with all its objects.
+    // The closing order: leaves the list, drops what others hold of it, gives up the pool with all its
+    // objects.
     ~WindowTarn();
     WindowTarn(const WindowTarn&) = delete;
 
@@ -54,7 +55,8 @@ public:
     EditorShell& Shell() { return _shell; }
 
     Page* CurrentPage() const { return _page; }
-    // Files the page's objects on the sheet and tells the shell. What was selected of another page is no longer.
+    // Files the page's objects on the sheet and tells the shell. What was selected of another page is no
+    // longer.
     void SetCurrentPage(Page* page);
     // Files the current page anew, all tiles dirty.
     void RefilePage();
@@ -93,6 +95,7 @@ public:
 
 private:
     void Exchange(bool redo, bool stepped);
+    void DropDeadCaret();
     void DropTextEntry();
 
     EditorShell& _shell;

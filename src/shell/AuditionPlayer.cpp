@@ -1,6 +1,7 @@
 #include "shell/AuditionPlayer.h"
 
 #include <QTimer>
+#include <algorithm>
 
 #include "edit/Audition.h"
 #include "model/Clefs.h"
@@ -28,7 +29,7 @@ void Audition(const GenericNote* note, int milliseconds) {
     if (channel < 1 || channel > 16 || program > 128) return;
     if (program > 0) {
         port->SetInstrument(voice->_port, channel, program);
-        port->SetVolume(voice->_port, channel, SoundPort::kFullVolume);
+        port->SetVolume(voice->_port, channel, std::clamp<int>(voice->_volume, 0, SoundPort::kFullVolume));
     }
     const int key = SoundingHeight(note) + voice->_transposition;
     port->SendNote(SoundPort::kBuiltIn, channel, key, kVelocity);

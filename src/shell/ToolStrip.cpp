@@ -27,9 +27,9 @@ constexpr struct {
     const char* tip;
     ToolPicture picture;
 } kTools[] = {
-    {ModeArrow, "Arrow", "Arrow: set the caret (A)", ToolPicture::Arrow},
+    {ModeArrow, "Arrow", "Arrow: select, set the caret (A)", ToolPicture::Arrow},
     {ModePencil, "Pencil", "Pencil: enter from the palette (P)", ToolPicture::Pencil},
-    {ModeEraser, "Eraser", "Eraser: remove notes and rests (E)", ToolPicture::Eraser},
+    {ModeEraser, "Eraser", "Eraser: remove notes, rests and signs (E)", ToolPicture::Eraser},
 };
 
 // Of a zoom that is none of the usual ones; 0 for a text without a number.

@@ -89,8 +89,8 @@ void PaintSelection(const OverlayPaint& paint, const WindowTarn& window) {
     paint.painter.restore();
 }
 
-void PaintCaret(const OverlayPaint& paint, const Caret& caret) {
-    if (!caret.visible || !caret.measure) return;
+void PaintCaret(const OverlayPaint& paint, const Caret& caret, const Page* page) {
+    if (!caret.visible || !caret.measure || PagePar(caret.measure) != page) return;
     const System* system = SystemPar(caret.measure);
     const Point origin = OriginOf(system);
     const int32_t overhang = 150;

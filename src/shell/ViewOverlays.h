@@ -13,6 +13,7 @@ namespace corvane {
 class ViewScale;
 class WindowTarn;
 struct Caret;
+struct Page;
 struct CursorMark;
 struct Page;
 
@@ -33,7 +34,7 @@ void PaintMargins(const OverlayPaint& paint, const Page& page);
 void PaintSelection(const OverlayPaint& paint, const WindowTarn& window);
 
 // An upright line over the staves of the caret's system.
-void PaintCaret(const OverlayPaint& paint, const Caret& caret);
+void PaintCaret(const OverlayPaint& paint, const Caret& caret, const Page* page);  // where it is on the page
 
 // Where play is: an upright line with a triangle above and below.
 void PaintPlayMark(const OverlayPaint& paint, const CursorMark& mark);

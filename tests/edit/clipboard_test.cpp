@@ -86,6 +86,20 @@ TEST_F(ClipTest, ACopyComesToTheCaretAndIsOneStep) {
     ExpectSound();
 }
 
+TEST_F(ClipTest, TheCaretOutlivesUndoAndRedoWhereItsMeasureDoes) {
+    Enter(kQuarter, 1, 1, 900, 3);
+    CaretAt(2, 1);
+    Measure* measure = window->caret.measure;
+    ASSERT_EQ(measure, MeasureNumber(2));
+    window->Undo();
+    EXPECT_EQ(window->caret.measure, measure);
+    ASSERT_TRUE(RunCommand(*window, 32791, {{"count", "1"}}));
+    window->caret.measure = MeasureNumber(7);
+    ASSERT_TRUE(window->caret.measure);
+    window->Undo();
+    EXPECT_FALSE(window->caret.measure) << "the measure that it stood in is gone";
+}
+
 TEST_F(ClipTest, ACutWaitsForItsPasteAndAnUndoEmptiesTheClipboard) {
     const std::string before = Notes();
     SelectEvents(1, 1, -50, 450);

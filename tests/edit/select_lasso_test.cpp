@@ -174,6 +174,29 @@ TEST_F(Select, WhatLiesInSeveralTilesIsListedOnce) {
     EXPECT_EQ(SelectedVoiceSymbols(1).size(), 7u);
 }
 
+TEST_F(Select, WhatAPressCannotSelectKeepsTheSelectionAndAllStaysAll) {
+    Click(Middle(RectOf(Head(1, 0))));
+    ASSERT_EQ(Count(), 1u);
+    Click(At(1, 1, -200, 4));  // the clef at the head of the system
+    EXPECT_EQ(Count(), 1u);
+    ASSERT_TRUE(RunCommand(*window, 57642));
+    const size_t all = Count();
+    Click(Middle(RectOf(Head(1, 0))), kShift);
+    EXPECT_EQ(Count(), all);
+}
+
+TEST_F(Select, AStrokeThatAPlayOvertakesEndsWithoutAnEdit) {
+    Drag(At(1, 1, -20, 20), At(1, 1, 1000, -10));
+    const size_t before = Count();
+    const Point p = Paper();
+    MouseDown(*window, p.x, p.y, 0);
+    MouseMove(*window, p.x + 500, p.y + 100);
+    KeyChar(*window, 'P');
+    EXPECT_FALSE(window->interaction) << "another tool gives the stroke up";
+    MouseUp(*window, p.x + 500, p.y + 100);
+    EXPECT_LE(Count(), before);
+}
+
 TEST_F(Select, AllIsEveryPageAndALassoIsItsOwnPage) {
     window = Open("D", 1, 1);
     Page* second = documentPages.Next(documentPages.First(Score()));
