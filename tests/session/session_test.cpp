@@ -11,8 +11,6 @@
 
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
-#include "layout/Frames.h"
-#include "model/Par.h"
 #include "model/ScoreCheck.h"
 #include "platform/files/FileSettings.h"
 #include "platform/files/PosixFiles.h"
@@ -20,7 +18,6 @@
 #include "play/DryPlay.h"
 #include "play/NoteDump.h"
 #include "session/ScriptRunner.h"
-#include "store/ObjectFile.h"
 
 namespace corvane {
 namespace {
@@ -113,28 +110,6 @@ TEST_F(SessionTest, WhatAScriptEntersComesBackAndSavesTheSameBytes) {
     ASSERT_TRUE(Run("save " + Path("b.cvm") + "\nopen " + Path("b.cvm") + "\nsave " + Path("c.cvm") + "\n"));
     EXPECT_EQ(Bytes("b.cvm"), Bytes("c.cvm"));
     EXPECT_EQ(Bytes("a.cvm"), Bytes("b.cvm")) << "a score without holes saves as it was loaded";
-}
-
-TEST_F(SessionTest, WhatIsCutIsNotSavedAndCanStillBePasted) {
-    ASSERT_TRUE(Run(std::string(kPiece) + "voice 0\ndump notes\n"));
-    const auto sounding = std::count(out.begin(), out.end(), '\n');
-    ASSERT_TRUE(Run("command 57642\ncommand 57635\nsave " + Path("cut.cvm") + "\n"));
-    WindowTarn* window = WindowTarn::instance;
-    EXPECT_FALSE(window->CanUndo()) << "a save ends the step";
-    EXPECT_FALSE(window->Modified());
-    {
-        const PoolScope scope(MemoryManager::Instance().NewPool());
-        NewMemoryPool* pool = MemoryManager::Instance().GetCurrentPool();
-        LoadReport report;
-        ASSERT_TRUE(LoadScore(*pool, Bytes("cut.cvm"), &report));
-        EXPECT_TRUE(report.healed.empty()) << report.healed.front();
-        MemoryManager::Instance().DeletePool(pool);
-    }
-    const Measure* first = FirstMeasure(window->GetDocument());
-    window->caret = {FirstMeasure(window->GetDocument()), documentDocStaffs.First(window->GetDocument()),
-                     FrameOf(first).XOf(0), true};
-    ASSERT_TRUE(Run("command 57637\ndump notes\n"));
-    EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), sounding);
 }
 
 TEST_F(SessionTest, RefusedFilesChangeNothing) {
