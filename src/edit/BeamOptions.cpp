@@ -78,6 +78,10 @@ Status ChooseStems(WindowTarn& window, const std::function<void(VoicePref&)>& ch
     });
 }
 
+Status ChooseLooks(WindowTarn& window, const std::function<void(Document*)>& choose) {
+    return ChangeScore(window, [&] { choose(window.GetDocument()); });
+}
+
 void RefitAllBeams(WindowTarn& window) {
     const Document* document = window.GetDocument();
     if (HasBeam(document)) (void)ChangeScore(window, [&] { ForEachVoice(document, RefitBeamsOf); });

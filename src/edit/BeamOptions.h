@@ -19,6 +19,9 @@ Status ChooseDistances(WindowTarn& window, const std::function<void(NotePref&, S
 // Directions of stems by voices; all stems but those that a person has pointed follow.
 Status ChooseStems(WindowTarn& window, const std::function<void(VoicePref&)>& choose);
 
+// Other choices by which the score's notes and marks are drawn.
+Status ChooseLooks(WindowTarn& window, const std::function<void(Document*)>& choose);
+
 // Fits the beams of the whole score anew, as the switch for their angle has it. No step where it has none.
 void RefitAllBeams(WindowTarn& window);
 

@@ -7,6 +7,8 @@
 #include "edit/MeasureRange.h"
 #include "edit/NoteChoice.h"
 #include "edit/ScoreTexts.h"
+#include "edit/Spanners.h"
+#include "edit/ToolState.h"
 #include "layout/Engraving.h"
 #include "layout/PageLayout.h"
 #include "layout/SignRecords.h"
@@ -285,6 +287,24 @@ void PutDistances(Values& values) {
     values.Put("holds", std::string(AccidentalsLast(values.Score()) ? "measure" : "note"));
 }
 
+void PutTupletChoices(Values& values) {
+    const auto& pref = *Preferences<IrregPref>(values.Score());
+    const TupletValue usual = UsualTuplet(values.Score());
+    values.Put("count", usual.count);
+    values.Put("in", usual.inTimeOf);
+    PutCode(values, "figure", {"usual", "number", "ratio", "none"}, TupletFigure::AsUsual, usual.figure);
+    PutCode(values, "bracket", {"unbeamed", "always", "none"}, TupletBracket::UnlessBeamed, usual.bracket);
+    values.Put("dx", pref._dx);
+    values.Put("dy", pref._dy);
+}
+
+void PutTies(Values& values) {
+    const auto& pref = *Preferences<TiePref>(values.Score());
+    values.Put("above", pref._heightAbove);
+    values.Put("below", pref._heightBelow);
+    values.Put("distance", pref._distance);
+}
+
 void PutVoices(Values& values) {
     const auto& pref = *Preferences<VoicePref>(values.Score());
     values.Put("automatic", pref._automaticStems != 0);
@@ -309,6 +329,8 @@ void PutFont(Values& values) {
     values.Put("sys", std::string(TheFontList().SystemFont(shown->docFont)));
 }
 
+void PutUndoLevels(Values& values) { values.Put("levels", Switches().undoLevels); }
+
 constexpr struct {
     int id;
     void (*put)(Values&);
@@ -324,6 +346,8 @@ constexpr struct {
     {33088, PutGrace},         {33090, PutFont},      {32782, PutNumbering},
     {40011, PutTitle},         {40012, PutStaffName}, {32810, PutGrouping},
     {32811, PutSubGroups},     {32820, PutDistances}, {32784, PutVoices},
+    {32821, PutTies},          {32822, PutTupletChoices},
+    {40050, PutUndoLevels},
 };
 
 }  // namespace

@@ -8,6 +8,8 @@
 namespace corvane {
 
 inline constexpr double kBeamSlope = 0.17;
+// A slope over a way, flat enough that it rises by no more than two line distances.
+double CappedSlope(double slope, int32_t way, int32_t lineDistance);
 // From the middle of a head to the levels of its beam, hundredths of a line distance.
 inline constexpr int32_t kHeadRoom = 100;
 

@@ -1,5 +1,6 @@
 // The line of a beam, and the stems that reach it.
 #include <algorithm>
+#include <cmath>
 
 #include "base/Assert.h"
 #include "base/Rounding.h"
@@ -23,24 +24,21 @@ constexpr int32_t kGraceScale = 140;
 // What the heads under a beam tell.
 struct Heads {
     const GenericNote *high = nullptr, *low = nullptr;  // of the largest and the smallest line
-    int count = 0, sum = 0, first = 0, last = 0;
+    int count = 0, sum = 0;
     StaffFrame top{}, bottom{};  // the highest and the lowest staff
-    Stem* firstStem = nullptr;
+    const Stem *firstStem = nullptr, *lastStem = nullptr;
 
     int Average() const { return count ? sum / count : 0; }
 };
 
-void TakeHead(Heads& heads, Stem* stem, const GenericNote* note) {
+void TakeHead(Heads& heads, const Stem* stem, const GenericNote* note) {
     const StaffFrame staff = FrameOf(StaffPar(note));
-    if (!heads.count) {
-        heads.firstStem = stem;
-        heads.first = note->_line;
-    }
+    if (!heads.count) heads.firstStem = stem;
     if (!heads.count || staff.Bottom() < heads.top.Bottom()) heads.top = staff;
     if (!heads.count || staff.Bottom() > heads.bottom.Bottom()) heads.bottom = staff;
     if (!heads.high || note->_line > heads.high->_line) heads.high = note;
     if (!heads.low || note->_line <= heads.low->_line) heads.low = note;
-    heads.last = note->_line;
+    heads.lastStem = stem;
     heads.sum += note->_line;
     ++heads.count;
 }
@@ -61,9 +59,14 @@ Heads HeadsOf(const Beam* beam) {
     return heads;
 }
 
-double SlopeOf(const Heads& heads) {
-    if (!AngledBeams() || heads.first == heads.last) return 0.0;
-    return heads.last < heads.first ? kBeamSlope : -kBeamSlope;
+// Of chords the heads nearest to the beam tell the angle.
+double SlopeOf(const Heads& heads, bool up) {
+    const auto lineOf = [&](const Stem* stem) {
+        return up ? stemNotes.First(stem)->_line.Get() : stemNotes.Last(stem)->_line.Get();
+    };
+    const int first = lineOf(heads.firstStem), last = lineOf(heads.lastStem);
+    if (!AngledBeams() || first == last) return 0.0;
+    return last < first ? kBeamSlope : -kBeamSlope;
 }
 
 bool PointsUpByRule(const Heads& heads) {
@@ -136,6 +139,12 @@ bool& AngledSwitch() {
 
 }  // namespace
 
+double CappedSlope(double slope, int32_t way, int32_t lineDistance) {
+    const double most = 2.0 * lineDistance;
+    if (std::abs(slope * way) <= most) return slope;
+    return (slope < 0 ? -most : most) / std::abs(way);
+}
+
 BeamClearance::BeamClearance(const Stem* stem) {
     const auto* pref = Preferences<NotePref>(DocumentPar(stem));
     thickness = pref ? pref->BeamThickness() : NotePref::kBeamThickness;
@@ -168,7 +177,8 @@ BeamLine ComputeBeam(const Beam* beam) {
     const int32_t distance = staff.lineDistance;
     const int32_t clear = BeamClearance(heads.firstStem).preferred * distance / 100;
     const double head = staff.Bottom() - distance * 0.5 * anchor->_line + distance * 0.5;
-    line.slope = SlopeOf(heads);
+    const int32_t way = BeamXOf(heads.lastStem) - BeamXOf(heads.firstStem);
+    line.slope = CappedSlope(SlopeOf(heads, up), way, distance);
     line.b = head + (up ? -clear : clear) - BeamXOf(StemPar(anchor)) * line.slope;
     line.b += LackOf(beam, line, up) * (up ? -1 : 1);
     const int32_t startX = BeamXOf(beamSymbolAttributes.ParentOf(beamMarkers.First(beam)));

@@ -157,8 +157,10 @@ void DissolveBeam(Beam* beam, const BeamSymbol* dying) {
 
 void EndPartedBeams(const Voice* voice) {
     for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
-        Beam* beam = BeamOf(BeamSymbolOf(symbol));
-        if (beam && !As<CrossBeam>(beam) && IsParted(beam, voice)) DissolveBeam(beam, nullptr);
+        const BeamMarker* marker = MarkerOf(BeamSymbolOf(symbol));
+        Beam* beam = marker ? beamMarkers.ParentOf(marker) : nullptr;
+        const bool begins = beam && beamMarkers.First(beam) == marker;
+        if (begins && !As<CrossBeam>(beam) && IsParted(beam, voice)) DissolveBeam(beam, nullptr);
     }
 }
 

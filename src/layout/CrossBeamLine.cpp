@@ -70,7 +70,8 @@ double SlopeOf(const std::vector<Post>& posts) {
     const int32_t rise = middle(posts.front()) - middle(posts.back());
     const int32_t least = DistanceOf(posts.front().top) / 2;
     if (!AngledBeams() || std::abs(rise) < least) return 0.0;
-    return rise > 0 ? -kBeamSlope : kBeamSlope;
+    return CappedSlope(rise > 0 ? -kBeamSlope : kBeamSlope, posts.back().x - posts.front().x,
+                       DistanceOf(posts.front().top));
 }
 
 // Fits one beam to its posts.
@@ -134,6 +135,17 @@ private:
             };
             if (post.IsOver(gap)) least = std::max(least, post.low + need(post.bottom) - at);
             if (post.IsUnder(gap)) most = std::min(most, post.high - need(post.top) - at);
+            if (post.IsOver(gap) || post.IsUnder(gap)) continue;
+            // The line crosses the stem between its heads of both sides.
+            const int32_t room = kHeadRoom * DistanceOf(post.bottom) / 100;
+            for (const GenericNote* note : stemNotes.Of(post.stem)) {
+                const Staff* staff = StaffPar(note);
+                const int32_t y = FrameOf(staff).YOfLine(note->_line);
+                if (staff->_top <= gap)
+                    least = std::max(least, y + room - at);
+                else
+                    most = std::min(most, y - room - at);
+            }
         }
         if (least > most) return false;
         _line.slope = slope;

@@ -130,6 +130,7 @@ void MainFrame::ShowScore(WindowTarn& window) {
     window.Sheet().SetEditVoice(Tools().currentVoice);
     ScoreView* view = _tabs->Add(window);
     view->SetContext(ScreenContext());
+    view->ShowMargins(_margins);
     view->OnZoomed([this] { _toolStrip->Refresh(); });
     TabChanged();
 }
@@ -171,6 +172,7 @@ void MainFrame::TakeSwitches() {
     const SessionPreferences& preferences = _session.Preferences();
     Switches().playbackNotes = IsOn(preferences, SessionWord::PlaybackNotes);
     Switches().deleteNotesToRests = IsOn(preferences, SessionWord::DeleteNotesToRests);
+    SetUndoLevels(GetWord(preferences, SessionWord::UndoLevels));
     SetAngledBeams(IsOn(preferences, SessionWord::AngledBeam));
 }
 
@@ -178,6 +180,7 @@ void MainFrame::KeepSwitches() {
     SessionPreferences& preferences = _session.Preferences();
     SetWord(preferences, SessionWord::PlaybackNotes, Switches().playbackNotes);
     SetWord(preferences, SessionWord::DeleteNotesToRests, Switches().deleteNotesToRests);
+    SetWord(preferences, SessionWord::UndoLevels, Switches().undoLevels);
     SetWord(preferences, SessionWord::AngledBeam, AngledBeams());
     if (const Status status = _session.StorePreferences(); !status) Tell(status.message());
 }
@@ -192,6 +195,12 @@ void MainFrame::ColourVoices(bool on) {
         window->Sheet().MarkAllDirty();
         Refresh(*window);
     }
+}
+
+void MainFrame::ShowMargins(bool show) {
+    _margins = show;
+    for (const auto& window : _session.Windows())
+        if (ScoreView* view = _tabs->ViewOf(*window)) view->ShowMargins(show);
 }
 
 // ---- what editing asks for

@@ -58,6 +58,8 @@ public:
     void GoToPage(int number);
     bool ColoursVoices();
     void ColourVoices(bool on);
+    bool ShowsMargins() const { return _margins; }
+    void ShowMargins(bool show);
     // Keeps switches of the menus that are preferences.
     void KeepSwitches();
     // Texts, checks and enabled states of everything, as things stand now.
@@ -96,6 +98,7 @@ private:
     PlayControl _player;
     QTimer _safety;  // of unsaved work
     ScoreTabs* _tabs;
+    bool _margins = false;  // of pages are shown
     PaletteDock* _palette = nullptr;
     std::vector<SignDock*> _signs;  // of SignSheets, in their order
     std::unique_ptr<ActionSet> _actions;

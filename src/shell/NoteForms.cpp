@@ -30,6 +30,13 @@ constexpr O kInner[] = {
     {"Eighth-note beam", "connect=eighth"}, {"Bigger value beam", "connect=larger"}, {"All beams", "connect=all"},
 };
 constexpr O kHolds[] = {{"To the end of the measure", "holds=measure"}, {"For its note alone", "holds=note"}};
+constexpr O kFigures[] = {
+    {"The number, and the ratio where it is unusual", "figure=usual"}, {"The number", "figure=number"},
+    {"The ratio", "figure=ratio"}, {"None", "figure=none"},
+};
+constexpr O kBrackets[] = {
+    {"Unless one beam holds the notes", "bracket=unbeamed"}, {"Always", "bracket=always"}, {"None", "bracket=none"},
+};
 constexpr O kStems[] = {
     {"By the notes, while a voice is alone", "automatic=1"}, {"By the number of their voice", "automatic=0"},
 };
@@ -68,6 +75,19 @@ constexpr F kDistances[] = {
     {.label = "&Dot - note spacing:", .name = "dot", .least = 0, .most = kMostPercent},
     {.label = "Accidentals &hold:", .name = "", .options = kHolds},
 };
+constexpr F kTuplets[] = {
+    {.label = "&Notes:", .name = "count", .least = 2, .most = 99},
+    {.label = "In the &time of:", .name = "in", .least = 1, .most = 99},
+    {.label = "&Figure:", .name = "", .options = kFigures},
+    {.label = "&Bracket:", .name = "", .options = kBrackets},
+    {.label = "Figure to the &right:", .name = "dx", .least = -kMostPercent, .most = kMostPercent},
+    {.label = "Figure &down:", .name = "dy", .least = -kMostPercent, .most = kMostPercent},
+};
+constexpr F kTies[] = {
+    {.label = "Height &above:", .name = "above", .least = 0, .most = 10000},
+    {.label = "Height &below:", .name = "below", .least = 0, .most = 10000},
+    {.label = "&Distance from note:", .name = "distance", .least = 0, .most = 10000},
+};
 constexpr F kVoices[] = {
     {.label = "&Stems:", .name = "", .options = kStems},
     {.label = "Voice &1:", .name = "", .options = kVoice1}, {.label = "Voice &2:", .name = "", .options = kVoice2},
@@ -80,6 +100,8 @@ constexpr CommandForm kForms[] = {
     {32810, kGrouping, "Beams that were made by hand stay as they are."}, {32811, kSubGroups},
     {40026, kInnerBeams, "", true},
     {32820, kDistances, "Hundredths of a line distance."},
+    {32821, kTies, "Thousandths of a line distance."},
+    {32822, kTuplets, "Of new tuplets; the figures' places, hundredths of a line distance, of all."},
     {32784, kVoices, "Stems that were turned by hand stay as they are."},
 };
 // clang-format on

@@ -7,12 +7,14 @@
 #include <cmath>
 #include <iterator>
 
+#include "edit/CommandTable.h"
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
 #include "layout/Frames.h"
 #include "shell/TextEditor.h"
 #include "shell/ToolCursors.h"
+#include "shell/ViewKeys.h"
 #include "shell/ViewOverlays.h"
 
 namespace corvane {
@@ -176,6 +178,11 @@ void ScoreView::wheelEvent(QWheelEvent* event) {
 
 // ---- what is shown
 
+void ScoreView::ShowMargins(bool show) {
+    _margins = show;
+    viewport()->update();
+}
+
 void ScoreView::SetContext(const DrawContext& context) {
     _context = context;
     _tiles.Clear();
@@ -251,9 +258,11 @@ void ScoreView::PaintDesk(QPainter& painter, const QRect& paper) const {
 
 void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
     const OverlayPaint paint{painter, _scale, corner, palette().color(QPalette::Highlight)};
+    if (_margins && _window.CurrentPage()) PaintMargins(paint, *_window.CurrentPage());
     PaintSelection(paint, _window);
     PaintCaret(paint, _window.caret, _window.CurrentPage());
     if (_hover) PaintGhost(paint, _window, *_hover);
+    if (_hover && _movedByKeys && !HasGhost() && Tools().toolMode != ModeArrow) PaintPen(paint, *_hover);
     if (_playMark) PaintPlayMark(paint, *_playMark);
 }
 
@@ -295,6 +304,7 @@ void ScoreView::mouseMoveEvent(QMouseEvent* event) {
     const Point p = UnitsAt(event->position());
     if (event->buttons() & Qt::LeftButton) MouseMove(_window, p.x, p.y);
     _hover = p;
+    _movedByKeys = false;
     if (HasGhost()) viewport()->update();
 }
 
@@ -318,8 +328,25 @@ bool ScoreView::TakeKey(const QKeyEvent& event) {
     return true;
 }
 
+bool ScoreView::TakeMove(const QKeyEvent& event) {
+    if (IsPlaying()) return false;
+    if (Tools().toolMode == ModeArrow) {
+        const int id = ArrowCommandOf(event);
+        if (!id) return false;
+        if (const Status status = RunCommand(_window, id); !status) _window.Shell().Tell(status.message());
+        return true;
+    }
+    const std::optional<PenMove> move = PenMoveOf(event);
+    if (!move && !IsEnter(event)) return false;
+    _hover = move || !_hover ? MovePen(_window, _hover, move.value_or(PenMove::Right))
+                             : PressWithPen(_window, *_hover);
+    _movedByKeys = true;
+    viewport()->update();
+    return true;
+}
+
 void ScoreView::keyPressEvent(QKeyEvent* event) {
-    if (!TakeKey(*event)) QAbstractScrollArea::keyPressEvent(event);
+    if (!TakeKey(*event) && !TakeMove(*event)) QAbstractScrollArea::keyPressEvent(event);
 }
 
 }  // namespace corvane

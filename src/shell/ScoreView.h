@@ -42,6 +42,7 @@ public:
 
     // What the pictures depend on besides the sheet; they are made anew.
     void SetContext(const DrawContext& context);
+    void ShowMargins(bool show);
     // The current page is another one, or of another size.
     void PageChanged();
     void ToolChanged();
@@ -50,6 +51,8 @@ public:
     void TextEntryChanged();
     // A typed character for the tools; false, and nothing done, for any other key.
     bool TakeKey(const QKeyEvent& event);
+    // The same for a key that walks the selection, or moves or uses the tool at hand.
+    bool TakeMove(const QKeyEvent& event);
 
     // What of the page is seen.
     Rect VisibleUnits() const;
@@ -91,7 +94,9 @@ private:
     ViewScale _scale;
     Zoom _zoom;
     DrawContext _context;
-    std::optional<Point> _hover;  // page units
+    bool _margins = false;
+    std::optional<Point> _hover;  // where the tool would act, page units
+    bool _movedByKeys = false;    // and not by the pointer
     std::optional<CursorMark> _playMark;
     std::function<void()> _zoomed;
     TextEditor* _editor = nullptr;

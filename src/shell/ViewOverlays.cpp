@@ -17,7 +17,7 @@ namespace {
 
 constexpr double kGhostOpacity = 0.55;
 constexpr int kSelectionFill = 70, kSelectionEdge = 150, kBandFill = 35, kBandEdge = 255;  // of 255
-const QColor kPlayColour(0xD0, 0x30, 0x20);
+const QColor kPlayColour(0xD0, 0x30, 0x20), kMarginColour(0x60, 0x90, 0xC8);
 
 const PaletteItem* ItemAtHand() {
     const ToolState& tools = Tools();
@@ -59,6 +59,17 @@ void DrawLedgerLines(GraphicPort& port, const GhostPlace& place) {
 
 int32_t OverlayPaint::X(int32_t units) const { return corner.x + scale.Pixels(units); }
 int32_t OverlayPaint::Y(int32_t units) const { return corner.y + scale.Pixels(units); }
+
+void PaintMargins(const OverlayPaint& paint, const Page& page) {
+    const Rect paper = PageRect(&page);
+    const QRect free(QPoint(paint.X(paper.left + page._leftMargin), paint.Y(paper.top + page._topMargin)),
+                     QPoint(paint.X(paper.right - page._rightMargin), paint.Y(paper.bottom - page._bottomMargin)));
+    paint.painter.save();
+    paint.painter.setPen(QPen(kMarginColour, std::max(1, paint.scale.PixelsOf(1)), Qt::DashLine));
+    paint.painter.setBrush(Qt::NoBrush);
+    paint.painter.drawRect(free);
+    paint.painter.restore();
+}
 
 void PaintSelection(const OverlayPaint& paint, const WindowTarn& window) {
     const auto paintRect = [&](const Rect& units, int fill, int edge) {
@@ -132,6 +143,13 @@ void PaintGhost(const OverlayPaint& paint, WindowTarn& window, Point p) {
         DrawPicture(port, picture, {place.x - half, place.staff.YOfLine(line)}, place.staff.lineDistance);
     }
     paint.painter.restore();
+}
+
+void PaintPen(const OverlayPaint& paint, Point place) {
+    const int x = paint.X(place.x), y = paint.Y(place.y);
+    const int arm = paint.scale.PixelsOf(9), width = std::max(1, paint.scale.PixelsOf(2));
+    paint.painter.fillRect(x - arm, y - width / 2, 2 * arm, width, paint.accent);
+    paint.painter.fillRect(x - width / 2, y - arm, width, 2 * arm, paint.accent);
 }
 
 }  // namespace corvane

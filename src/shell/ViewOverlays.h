@@ -15,6 +15,7 @@ class WindowTarn;
 struct Caret;
 struct Page;
 struct CursorMark;
+struct Page;
 
 struct OverlayPaint {
     QPainter& painter;  // in pixels
@@ -25,6 +26,9 @@ struct OverlayPaint {
     int32_t X(int32_t units) const;
     int32_t Y(int32_t units) const;
 };
+
+// The edges of what a page's margins leave free.
+void PaintMargins(const OverlayPaint& paint, const Page& page);
 
 // What is selected, and the rubber band while one is drawn.
 void PaintSelection(const OverlayPaint& paint, const WindowTarn& window);
@@ -39,5 +43,8 @@ void PaintPlayMark(const OverlayPaint& paint, const CursorMark& mark);
 bool HasGhost();
 // The item at hand where a press at that place would enter it: on its line, at the chord that it would join.
 void PaintGhost(const OverlayPaint& paint, WindowTarn& window, Point place);
+
+// A cross where keys have brought a tool that has no ghost.
+void PaintPen(const OverlayPaint& paint, Point place);
 
 }  // namespace corvane

@@ -32,6 +32,21 @@ TEST_F(CrossBeamsTest, TheLineRunsBetweenTheStaves) {
     ExpectSameAfterReload();
 }
 
+TEST_F(CrossBeamsTest, ItHalvesTheRoomBetweenItsHeads) {
+    Write(1, 1, "8:3 r8 8:3");
+    Write(1, 2, "r8 8:7");
+    Do(kOverStaves, In(1));
+    EXPECT_EQ(LineY(BeamAt(1, 1, 1)), (YOfLine(1, 3) + YOfLine(2, 7)) / 2);
+    // The levels lie above the line where the upper staff begins, so its stems need room for them, and a head
+    // keeps 100 from the last; those of the lower staff are 250 long.
+    Write(2, 1, "64:3 r64 64:3");
+    Write(2, 2, "r64 64:7");
+    Do(kOverStaves, In(2));
+    const int32_t deep = 42 / 2 + 3 * 84 + 100;
+    EXPECT_EQ(LineY(BeamAt(2, 1, 1)), (YOfLine(1, 3) + deep + YOfLine(2, 7) - 250 + 1) / 2);
+    ExpectOnLine(BeamAt(2, 1, 1));
+}
+
 TEST_F(CrossBeamsTest, ItFollowsItsNotesAndStaves) {
     Beam* beam = Alternate();
     const int32_t before = LineY(beam);

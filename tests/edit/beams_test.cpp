@@ -173,6 +173,20 @@ TEST_F(HandBeamsTest, SizesAndAnglesFitTheBeamsAnew) {
     ExpectSameAfterReload();
 }
 
+TEST_F(HandBeamsTest, TupletsAndTiesStartAsTheyAreTold) {
+    Step([&] { Do(32822, {{"count", "5"}, {"in", "4"}, {"bracket", "always"}, {"dy", "-50"}}); });
+    Write(2, 1, "16:3 16:3 16:3 16:3 16:3");
+    Choose(2, 1, 1, 5);
+    Step([&] { Do(32805, {}); });
+    const auto* mark = As<MarkIrreg>(voiceSymbolAttributes.First(Events(2, 1).front()));
+    ASSERT_TRUE(mark);
+    EXPECT_EQ(irregularMarks.ParentOf(mark)->_count, 5);
+    EXPECT_EQ(irregularMarks.ParentOf(mark)->_bracket, TupletBracket::Always);
+    Step([&] { Do(32821, {{"above", "500"}}); });
+    EXPECT_EQ(Refusal(32821, {{"below", "99"}}), "The minimum value for the height of a tie is 100");
+    ExpectSameAfterReload();
+}
+
 TEST_F(HandBeamsTest, VoicesPointAsTheyAreTold) {
     Write(2, 1, "4:3 4:9");
     Step([&] { Do(kVoices, {{"automatic", "0"}, {"voice1", "down"}}); });

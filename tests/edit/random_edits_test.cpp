@@ -6,6 +6,7 @@
 #include "edit/Clipboard.h"
 #include "edit/CommandTable.h"
 #include "edit_fixture.h"
+#include "layout/Beaming.h"
 #include "play/MIDIUtility.h"
 #include "state_keeper.h"
 
@@ -97,7 +98,7 @@ TEST_F(RandomEdits, StaySoundAndUndoEveryByte) {
     EXPECT_TRUE(HasFailure() || keeper.commands > StepCount() / 3) << "the steps must really edit";
 }
 
-// The same with selections, clipboard and two scores.
+// The same with selections, clipboard, beams by command and two scores.
 class RandomClipboard : public RandomEdits {
 protected:
     void SetUp() override {
@@ -106,7 +107,10 @@ protected:
         window->Activate();
         SetNotifySink([](Severity, std::string_view) { ++refusals; });
     }
-    void TearDown() override { SetNotifySink(nullptr); }
+    void TearDown() override {
+        SetNotifySink(nullptr);
+        SetAngledBeams(true);
+    }
 
     void RandomSelection() {
         const int measure = Pick(1, 6);
@@ -127,6 +131,25 @@ protected:
         RandomCaret();
         (void)RunCommand(*window, kCommands[Pick(0, 5)]);
     }
+    void RandomBeamStep() {
+        static constexpr int kCommands[] = {33027, 33028, 33029, 33029, 33030, 33031,
+                                            33032, 40026, 40027, 32815, 32816, 33087};
+        RandomSelection();
+        (void)RunCommand(*window, kCommands[Pick(0, 11)]);
+    }
+    // A stem of an eighth or shorter has a flag or stands under a beam, any other one has neither.
+    void ExpectFlagsOrBeams() {
+        for (const DocStaff* staff : documentDocStaffs.Of(Score()))
+            for (const MeasureStaff* crossing : docStaffMeasureStaffs.Of(staff))
+                for (const Voice* voice : measureStaffVoices.Of(crossing))
+                    for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+                        const auto* chord = As<Chords>(symbol);
+                        if (!chord) continue;
+                        const bool isShort = ValueOf(chord) >= 8 && ValueOf(chord) != kDoubleWhole;
+                        const Stem* stem = StemOf(chord);
+                        EXPECT_EQ((FlagOf(stem) != nullptr) + (BeamOf(stem) != nullptr), isShort);
+                    }
+    }
     void ExpectAllSound() {
         for (WindowTarn* of : {window.get(), other.get()})
             for (const Finding& finding : CheckScore(*of->Pool(), ClipboardRoots(*of->Pool())))
@@ -146,9 +169,12 @@ TEST_F(RandomClipboard, StaysSoundAndUndoesEveryByte) {
         refusals = 0;
         if (Pick(0, 2) == 0)
             RandomClipboardStep();
+        else if (Pick(0, 3) == 0)
+            RandomBeamStep();
         else
             RandomStep();
         ExpectAllSound();
+        ExpectFlagsOrBeams();
         // Behind a refused paste nothing can be undone.
         if (keeper.commands && !refusals && window->CanUndo()) {
             const PoolState after = PoolState::Of(*window->Pool());

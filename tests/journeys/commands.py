@@ -2,7 +2,7 @@
 import os
 import sys
 
-from desk import Desk, Failure, expect, wait_for
+from desk import expect, take, wait_for
 from entry import Plan, Program
 
 # What a hand does in the menus, and the step that says the same. The notes are selected before.
@@ -14,6 +14,8 @@ BY_HAND = [
     ("grace", "Grace Notes Options", "ctrl+g", "alt+t Down alt+c ctrl+a 2 5", "command 33088 time=preceding cut=25"),
     ("transpose", "Transpose", "alt+n p", "alt+d Down alt+i Down Down", "command 32819 interval=-m3 from=1 to=2"),
     ("durations", "Change Durations", "alt+n d", "alt+t Down Down", "command 32817 by=half from=1 to=2"),
+    ("beams", "Auto Beaming Options", "alt+n b o", "alt+b Down", "command 32810 binary=two apply=score"),
+    ("distances", "Note-Beam-Accidental Options", "alt+n b n", "alt+m ctrl+a 3 5 0", "command 32820 distance=350"),
     ("measures", "Add Measures", "alt+s a m", "alt+n ctrl+a 2 alt+a ctrl+a 1", "command 32791 count=2 after=1"),
 ]
 
@@ -53,7 +55,7 @@ def refused(desk):
     wait_for(lambda: "score.cvm" in desk.active_window(), "the dialog to go")
 
 
-def travel(corvane, desk):
+def journey(desk, corvane):
     program = Program(corvane, desk.env)
     plan = compose(program)
     path = desk.path("score.cvm")
@@ -82,17 +84,5 @@ def travel(corvane, desk):
     wait_for(lambda: process.poll() is not None, "the program's end")
 
 
-def main():
-    corvane, pictures = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
-    with Desk(pictures) as desk:
-        try:
-            travel(corvane, desk)
-        except Failure as failure:
-            desk.picture("failure")
-            print(f"FAILED: {failure}")
-            return 1
-    return 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(take(journey))

@@ -88,6 +88,12 @@ TEST_F(BeamGroupsTest, SubGroupsConnectAsTheyAreAskedTo) {
         {"2+3: beats 2 and 3", 5, 8, SubGroups::ByEighthBeam, "8 8 8 8 8", "8=8-8=8=8"},
         {"3/4 by beats", 3, 4, SubGroups::ByLargerValue, "8 8 8 8 8 8", "8=8~8=8~8=8"},
         {"7/8", 7, 8, SubGroups::ByEighthBeam, "8 8 8 8 8 8 8", "8=8=8=8-8=8=8"},
+        {"6/8 by two beats", 6, 8, SubGroups::ByEighthBeam, "16 16 8 8 8 8 8", "16=16=8-8=8-8=8"},
+        {"9/8: each beat is an eighth", 9, 8, SubGroups::ByEighthBeam, "8 8 16 16 8", "8-8-16=16-8"},
+        {"10/8", 10, 8, SubGroups::ByLargerValue, "8 8 16 16", "8~8~16=16"},
+        {"7/8 as 4+3, at the larger value", 7, 8, SubGroups::ByLargerValue, "8 8 8 16 16 16 16 8 8",
+         "8=8=8=16=16~16=16=8=8"},
+        {"5/8 as 2+3, not", 5, 8, SubGroups::NotConnected, "8 16 16 8 8 16 16", "8=16=16 8=8=16=16"},
         {"within a beat it does not matter", 2, 2, SubGroups::ByEighthBeam, "16 16 8 4", "16=16=8"},
         {"other primes never connect", 13, 8, SubGroups::ByEighthBeam, "8 8 8", "8 8 8"},
     };

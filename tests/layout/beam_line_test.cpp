@@ -40,6 +40,8 @@ TEST_F(BeamLineTest, DirectionAndLineFollowTheHeads) {
         {"of equal highest the first", "8:5 8:5@200 8:4@400", 'U', "600 566 532", "400 366 382"},
         {"of equal lowest the last", "8:8 8:8@200 8:9@400", 'D', "-84 -50 -16", "434 400 416"},
         {"a chord's outer head counts, its heads weigh", "8:9,1 8:7,1@100", 'U', "800 783", "400 483"},
+        {"a chord that is repeated", "8:5,1 8:5,1@200", 'U', "600 600", "400 400"},
+        {"its lowest heads tell of a beam below", "8:11,7 8:12,8@200", 'D', "-100 -66", "400 416"},
         {"1000 units fall by 170", "8:5 8:4@1000", 'U', "600 430", "400 280"},
     };
     for (const auto& c : cases) {
@@ -58,6 +60,17 @@ TEST_F(BeamLineTest, DirectionAndLineFollowTheHeads) {
     }
 }
 
+TEST_F(BeamLineTest, OverALongWayABeamRisesByTwoSpaces) {
+    for (const int32_t distance : {100, 60}) {
+        Clear("S", 3000);
+        StaffsFromTop(SystemAt(0))[0]->_lineDistance = distance;
+        bottom = FrameOf(StaffsFromTop(SystemAt(0))[0]).Bottom();
+        Beamed("8:3 8:4@800");
+        EXPECT_EQ(EndOf(symbols[1]), 550 * distance / 100);
+        EXPECT_EQ(EndOf(symbols[0]), 350 * distance / 100);
+    }
+}
+
 TEST_F(BeamLineTest, WithoutAnglesEveryBeamIsLevel) {
     SetAngledBeams(false);
     Beamed("8:3 8:4@200");
@@ -71,7 +84,8 @@ TEST_F(BeamLineTest, EveryStemIsLongEnough) {
     const struct {
         const char *why, *events, *lengths;
     } cases[] = {
-        {"two half spaces over 2000 units: the far stem keeps 250", "8:5 8:4@1000", "540 250"},
+        {"200 down over 2000 units: the far high head keeps 250", "8:3 8:5 8:5@950 8:2@1000",
+         "540 420 250 390"},
         {"five levels of 128ths", "128:5 128:5", "457 457"},
         {"four have room", "64:5 64:5", "400 400"},
         {"only where they are", "8:5 128:2", "400 516"},

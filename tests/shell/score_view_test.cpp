@@ -112,6 +112,14 @@ TEST_F(View, AFittingPageStaysFittingAndZoomHasBounds) {
     EXPECT_EQ(view.CurrentZoom().percent, Zoom::kLeast);
 }
 
+TEST_F(View, MarginsAreShownWhileTheyAreAskedFor) {
+    const QImage without = view.grab().toImage();
+    view.ShowMargins(true);
+    EXPECT_NE(view.grab().toImage(), without);
+    view.ShowMargins(false);
+    EXPECT_EQ(view.grab().toImage(), without);
+}
+
 TEST_F(View, ScrollToBringsAPlaceIntoSight) {
     view.SetZoom(Zoom::Percent, 400);
     const Rect last{11000, 14000, 11500, 14500}, first{200, 300, 700, 800};
