@@ -55,15 +55,6 @@ void SetBracketed(GenericNote* note, Alteration alteration) {
     AttachAccident(note, alteration, true);
 }
 
-void SetDotsOf(WindowTarn& window, VoiceSymbol* symbol, int count) {
-    Voice* voice = VoicePar(symbol);
-    const MeasureRedraw redraw(window, MeasureStaffPar(voice));
-    SetDots(symbol, count);
-    RebuildVoiceEvents(voice);
-    if (Switches().autoSpace) SpaceVoice(voice);
-    if (Switches().autoBeam) BeamVoice(voice);
-}
-
 }  // namespace
 
 DrawPatch EventUnder(WindowTarn& window, Point p) {
@@ -82,8 +73,14 @@ GenericNote* NoteUnder(WindowTarn& window, Point p) {
     return nullptr;
 }
 
-void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
+GenericNote* NoteFor(const InsertionPlace& place) {
     GenericNote* note = NoteUnder(place.window, place.point);
+    if (!note) place.window.Shell().Tell("Press on a note.");
+    return note;
+}
+
+void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
+    GenericNote* note = NoteFor(place);
     if (!note) return;
     const Alteration alteration = AlterationOf(descriptor);
     const MeasureRedraw redraw(place.window, MeasureStaffPar(note));
@@ -99,13 +96,22 @@ void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
     AuditionNote(note);
 }
 
+void ChangeDots(WindowTarn& window, VoiceSymbol* symbol, int count) {
+    Voice* voice = VoicePar(symbol);
+    const MeasureRedraw redraw(window, MeasureStaffPar(voice));
+    SetDots(symbol, count);
+    RebuildVoiceEvents(voice);
+    if (Switches().autoSpace) SpaceVoice(voice);
+    if (Switches().autoBeam) BeamVoice(voice);
+}
+
 void DotInsertion(const InsertionPlace& place, int count) {
     const DrawPatch patch = EventUnder(place.window, place.point);
-    if (!patch) return;
-    if (auto* pause = patch.Record<Pause>()) SetDotsOf(place.window, pause, count);
+    if (!patch) return place.window.Shell().Tell("Press on a note or a rest.");
+    if (auto* pause = patch.Record<Pause>()) ChangeDots(place.window, pause, count);
     auto* chordSymbol = patch.Record<ChordSymbol>();
     if (chordSymbol && HeadAt(chordSymbol, place.point))
-        for (Chords* chord : chordSymbolChords.Of(chordSymbol)) SetDotsOf(place.window, chord, count);
+        for (Chords* chord : chordSymbolChords.Of(chordSymbol)) ChangeDots(place.window, chord, count);
 }
 
 }  // namespace corvane

@@ -109,14 +109,16 @@ void ClafInsertion(const InsertionPlace& place, std::string_view descriptor) {
     if (!crossing || !crossing->_staff.Get() || !code) return;
     const MeasureFrame frame = FrameOf(MeasurePar(crossing));
     const int32_t at = frame.PerMilleOfX(place.point.x);
+    bool changed = true;
     if (at >= 0) {
-        SetClefWithin(place.window, crossing, std::min(at, int32_t{1000}), code);
+        changed = SetClefWithin(place.window, crossing, std::min(at, int32_t{1000}), code);
     } else if (SignOf<StaticClaf>(crossing)) {
-        SetClefAtHead(place.window, crossing, code);
+        changed = SetClefAtHead(place.window, crossing, code);
     } else if (MeasureStaff* before = PrevOnStaff(crossing)) {
         // A clef for a whole measure stands before its barline.
-        SetClefWithin(place.window, before, 1000, code);
+        changed = SetClefWithin(place.window, before, 1000, code);
     }
+    if (!changed) place.window.Shell().Tell("This clef is in force there already.");
 }
 
 }  // namespace corvane

@@ -1,5 +1,6 @@
 // Clear: what is selected is deleted, class by class. Each list is asked for anew, since what went before it
 // may have taken some of it along.
+#include <algorithm>
 #include <unordered_set>
 
 #include "edit/Clipboard.h"
@@ -52,19 +53,40 @@ constexpr auto kDeleteSpanner =
     [](WindowTarn&, auto* spanner) { DestroyStaffMeasureSymbol(marks.First(spanner)); };
 constexpr auto kPageTexts = [](const MeasureStaff*) { return SelectedPageText(); };
 
-constexpr void (*kLists[])(Clearing&) = {
-    ClearEvents,
-    ClearList<SelectedMovingClaf, DeleteClaf>,
-    ClearList<SelectedDinamiche, DeleteSign>,
-    ClearList<SelectedMeasureStaffText, DeleteSign>,
-    ClearList<SelectedSimboliVari, DeleteSign>,
-    ClearList<SelectedHairpins, kDeleteSpanner<hairpinMarks>>,
-    ClearList<SelectedSlurs, kDeleteSpanner<slurMarks>>,
-    ClearList<SelectedOttave, kDeleteSpanner<ottavaMarks>>,
-    ClearList<SelectedTrilli, kDeleteSpanner<trilloMarks>>,
-    ClearList<SelectedPedali, kDeleteSpanner<pedaleMarks>>,
-    ClearList<kPageTexts, DeletePageText>,
+bool HasEvents(int voice) { return !SelectedVoiceSymbols(voice).empty(); }
+template <auto Selected>
+bool Has(int) {
+    return !Selected(nullptr).empty();
+}
+
+struct ClearRow {
+    bool (*has)(int voice);  // something of it is selected
+    void (*clear)(Clearing&);
 };
+template <auto Selected, auto Delete>
+constexpr ClearRow kRow{Has<Selected>, ClearList<Selected, Delete>};
+
+constexpr ClearRow kLists[] = {
+    {HasEvents, ClearEvents},
+    kRow<SelectedMovingClaf, DeleteClaf>,
+    kRow<SelectedDinamiche, DeleteSign>,
+    kRow<SelectedMeasureStaffText, DeleteSign>,
+    kRow<SelectedSimboliVari, DeleteSign>,
+    kRow<SelectedHairpins, kDeleteSpanner<hairpinMarks>>,
+    kRow<SelectedSlurs, kDeleteSpanner<slurMarks>>,
+    kRow<SelectedOttave, kDeleteSpanner<ottavaMarks>>,
+    kRow<SelectedTrilli, kDeleteSpanner<trilloMarks>>,
+    kRow<SelectedPedali, kDeleteSpanner<pedaleMarks>>,
+    kRow<kPageTexts, DeletePageText>,
+};
+
+bool IsAnythingToClear(WindowTarn& window) {
+    SetSelectionAnchors(window);
+    const bool any = std::any_of(std::begin(kLists), std::end(kLists),
+                                 [](const ClearRow& row) { return row.has(Tools().OneVoice()); });
+    ClearSelectionAnchors();
+    return any;
+}
 
 void Respace(const Clearing& clearing) {
     for (MeasureStaff* crossing : clearing.crossings) {
@@ -79,13 +101,14 @@ void Respace(const Clearing& clearing) {
 void ClearSelection(WindowTarn& window) {
     window.Activate();
     window.caret.visible = false;
+    if (!IsAnythingToClear(window)) return window.Shell().Tell("Nothing that can be deleted is selected.");
     {
         const EditStep step(window);
         Clearing clearing{
             window, {Tools().OneVoice(), Tools().AllVoices(), Switches().deleteNotesToRests, false}, {}};
-        for (const auto clear : kLists) {
+        for (const ClearRow& row : kLists) {
             SetSelectionAnchors(window);
-            clear(clearing);
+            row.clear(clearing);
         }
         ClearSelectionAnchors();
         if (Switches().autoSpace) Respace(clearing);

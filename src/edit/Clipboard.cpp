@@ -26,6 +26,18 @@ std::vector<CutAside>& CutsAside() {
     return aside;
 }
 
+// The cuts whose objects are in a pool, unlinked.
+std::vector<const Clipboard*> CutsIn(const NewMemoryPool& pool) {
+    std::vector<const Clipboard*> cuts;
+    const auto add = [&](const Clipboard& cut) {
+        if (cut.sourceWindow && cut.sourceWindow->Pool() == &pool) cuts.push_back(&cut);
+    };
+    if (TheClipboard().cutInSourcePending) add(TheClipboard());
+    for (const CutAside& aside : CutsAside())
+        if (aside.state == CutAside::State::Completed) add(aside.cut);
+    return cuts;
+}
+
 }  // namespace
 
 Clipboard& ClipboardState() {
@@ -52,7 +64,7 @@ void Copy(WindowTarn& window) {
     SetSelectionAnchors(window);
     Clipboard clips = CollectClips(window, Tools().OneVoice());
     ClearSelectionAnchors();
-    if (clips.IsEmpty()) return;
+    if (clips.IsEmpty()) return window.Shell().Tell("Nothing that can be copied is selected.");
     EndLastCut();
     ClipboardState() = std::move(clips);
     window.Shell().StateChanged(window);
@@ -101,15 +113,26 @@ void ClipboardWindowCloses(WindowTarn& window) {
     std::erase_if(CutsAside(), [&](const CutAside& aside) { return aside.cut.sourceWindow == &window; });
 }
 
+CutKeptOut::CutKeptOut(WindowTarn& window) : _window(window) {
+    const std::vector<const Clipboard*> cuts = CutsIn(*window.Pool());
+    if (cuts.empty()) return;
+    const PoolScope scope(window.Pool());
+    window.Pool()->BeginCommand();
+    for (const Clipboard* cut : cuts) DestroyCutObjects(*cut);
+    window.Pool()->EndCommand();
+    _isOut = true;
+}
+
+CutKeptOut::~CutKeptOut() {
+    if (!_isOut) return;
+    _window.Pool()->Undo();
+    if (!_window.Pool()->StepBack()) _window.ForgetUndo();
+}
+
 std::vector<const void*> ClipboardRoots(const NewMemoryPool& pool) {
     std::vector<const void*> roots;
-    const auto add = [&](const Clipboard& cut) {
-        if (!cut.sourceWindow || cut.sourceWindow->Pool() != &pool) return;
-        for (const void* object : ObjectsOf(cut)) roots.push_back(object);
-    };
-    if (TheClipboard().cutInSourcePending) add(TheClipboard());
-    for (const CutAside& aside : CutsAside())
-        if (aside.state == CutAside::State::Completed) add(aside.cut);
+    for (const Clipboard* cut : CutsIn(pool))
+        for (const void* object : ObjectsOf(*cut)) roots.push_back(object);
     return roots;
 }
 

@@ -71,6 +71,18 @@ void ClipboardCommandBegins(WindowTarn& window);
 void ClipboardUndone(WindowTarn& window);
 void ClipboardRedone(WindowTarn& window);
 void ClipboardWindowCloses(WindowTarn& window);
+// While this lives what was cut in a window is out of its pool, so that nobody saves it. Where there was
+// something, the window's last step cannot be undone behind it.
+class CutKeptOut {
+public:
+    explicit CutKeptOut(WindowTarn& window);
+    ~CutKeptOut();
+    CutKeptOut(const CutKeptOut&) = delete;
+
+private:
+    WindowTarn& _window;
+    bool _isOut = false;
+};
 // The unlinked objects that the clipboard still holds of a pool: roots for the proof of its graph.
 std::vector<const void*> ClipboardRoots(const NewMemoryPool& pool);
 

@@ -173,7 +173,7 @@ void Cut(WindowTarn& window) {
     KeepWholeColumns(clips);
     const std::vector<Slur*> slurs = SelectedSlurs();
     ClearSelectionAnchors();
-    if (clips.IsEmpty() && slurs.empty()) return;
+    if (clips.IsEmpty() && slurs.empty()) return window.Shell().Tell("Nothing that can be cut is selected.");
     EndLastCut();
     {
         const EditStep step(window);
@@ -186,7 +186,7 @@ void Cut(WindowTarn& window) {
         ClipboardState() = std::move(clips);
         window.TheSelection().Clear();
     }
-    window.cutPending = true;
+    window.MarkCut();
     window.SelectionChanged();
 }
 

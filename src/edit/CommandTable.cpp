@@ -25,11 +25,15 @@ constexpr Command kUndo[] = {
 
 bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
 
+std::vector<CommandFamily> CommandFamilies() {
+    return {kUndo,           ClipboardCommands(), SwitchCommands(),    SignCommands(),
+            NoteCommands(),  GraceCommands(),     BeamCommands(),      MarkOptionCommands(),
+            WalkCommands(),  SelectionCommands(), StructureCommands(), SpannerCommands(),
+            MixerCommands(), LayoutCommands(),    FontCommands(),      TextCommands()};
+}
+
 const Command* FindCommand(int id) {
-    for (const CommandFamily family :
-         {CommandFamily(kUndo), ClipboardCommands(), SwitchCommands(), SignCommands(), NoteCommands(),
-          GraceCommands(), BeamCommands(), MarkOptionCommands(), SelectionCommands(), StructureCommands(),
-          SpannerCommands(), LayoutCommands(), FontCommands(), MixerCommands(), TextCommands()})
+    for (const CommandFamily family : CommandFamilies())
         for (const Command& command : family)
             if (command.id == id) return &command;
     return nullptr;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <vector>
 
 #include "base/Status.h"
 #include "edit/CommandArguments.h"
@@ -26,12 +27,16 @@ CommandFamily GraceCommands();
 CommandFamily BeamCommands();
 CommandFamily MarkOptionCommands();
 CommandFamily SelectionCommands();
+CommandFamily WalkCommands();
 CommandFamily StructureCommands();
 CommandFamily SpannerCommands();
 CommandFamily LayoutCommands();
 CommandFamily FontCommands();
 CommandFamily TextCommands();
 CommandFamily MixerCommands();
+
+// All of them.
+std::vector<CommandFamily> CommandFamilies();
 
 // When commands can act.
 bool NotPlaying(const WindowTarn& window);

@@ -8,6 +8,7 @@
 #include "edit/NoteChoice.h"
 #include "edit/ScoreTexts.h"
 #include "edit/Spanners.h"
+#include "edit/ToolState.h"
 #include "layout/Engraving.h"
 #include "layout/PageLayout.h"
 #include "layout/SignRecords.h"
@@ -328,6 +329,8 @@ void PutFont(Values& values) {
     values.Put("sys", std::string(TheFontList().SystemFont(shown->docFont)));
 }
 
+void PutUndoLevels(Values& values) { values.Put("levels", Switches().undoLevels); }
+
 constexpr struct {
     int id;
     void (*put)(Values&);
@@ -344,6 +347,7 @@ constexpr struct {
     {40011, PutTitle},         {40012, PutStaffName}, {32810, PutGrouping},
     {32811, PutSubGroups},     {32820, PutDistances}, {32784, PutVoices},
     {32821, PutTies},          {32822, PutTupletChoices},
+    {40050, PutUndoLevels},
 };
 
 }  // namespace

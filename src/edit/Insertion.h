@@ -35,6 +35,8 @@ struct InsertionPlace {
 
 void NoteInsertion(const InsertionPlace& place, std::string_view descriptor);
 void PauseInsertion(const InsertionPlace& place, std::string_view descriptor);
+// Of the event and, for a chord, of what follows from its length; 0 to 3. Within the caller's step.
+void ChangeDots(WindowTarn& window, VoiceSymbol* symbol, int count);
 void DotInsertion(const InsertionPlace& place, int count);
 void AccInsertion(const InsertionPlace& place, std::string_view descriptor);
 // A clef for what stands right of the point: left of the notes of a system's first measure the system's own,
@@ -51,6 +53,8 @@ void DinamicheInsertion(const InsertionPlace& place, std::string_view name);
 
 // The note, or the column or rest, under a press; null or an empty patch for none.
 GenericNote* NoteUnder(WindowTarn& window, Point p);
+// The same for a handler that needs one: without a note the person is told so.
+GenericNote* NoteFor(const InsertionPlace& place);
 DrawPatch EventUnder(WindowTarn& window, Point p);
 
 // A chord with one note, linked in voice, column and stem, its flag attached; x in per mille decides its

@@ -22,6 +22,10 @@ Status PointStems(WindowTarn& window, const std::vector<Chords*>& chords, bool u
 Status Transpose(WindowTarn& window, const std::vector<GenericNote*>& notes, const Interval& interval);
 // The same, each note written as its key has it.
 Status TransposeBySemitones(WindowTarn& window, const std::vector<GenericNote*>& notes, int semitones);
+// So many staff steps up or down; each note takes the alteration that the key gives its new line.
+Status MoveBySteps(WindowTarn& window, const std::vector<GenericNote*>& notes, int steps);
+// Gives each note an alteration.
+Status AlterNotes(WindowTarn& window, const std::vector<GenericNote*>& notes, Alteration alteration);
 // Writes each note in the next way that sounds the same.
 Status ChangeSpelling(WindowTarn& window, const std::vector<GenericNote*>& notes);
 

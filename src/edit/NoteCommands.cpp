@@ -2,6 +2,7 @@
 #include "edit/CommandTable.h"
 #include "edit/NoteChanges.h"
 #include "edit/NoteChoice.h"
+#include "edit/SelectionPress.h"
 #include "play/MIDIUtility.h"
 
 namespace corvane {
@@ -30,6 +31,7 @@ Status TransposeCommand(WindowTarn& window, const CommandArguments& arguments) {
     ArgumentReader reader(arguments);
     const std::vector<GenericNote*> notes = ReadNotes(reader, window);
     const int sign = reader.Choice("direction", {"up", "down"}, 0) ? -1 : 1;
+    const SelectionFollower follower(window);
     if (reader.Has("semitones") == reader.Has("interval")) reader.Refuse("Tell semitones or an interval");
     if (reader.Has("interval")) {
         const Interval interval = ReadInterval(reader);
@@ -63,6 +65,32 @@ Status EnharmonicCommand(WindowTarn& window, const CommandArguments& arguments) 
     return ChangeSpelling(window, notes);
 }
 
+template <int steps>
+Status StepCommand(WindowTarn& window, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    const std::vector<GenericNote*> notes = ReadNotes(reader, window);
+    if (const Status status = reader.Result(); !status) return status;
+    const SelectionFollower follower(window);
+    return MoveBySteps(window, notes, steps);
+}
+
+template <int octaves>
+Status OctavesCommand(WindowTarn& window, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    const std::vector<GenericNote*> notes = ReadNotes(reader, window);
+    if (const Status status = reader.Result(); !status) return status;
+    const SelectionFollower follower(window);
+    return Transpose(window, notes, {7 * octaves, 12 * octaves});
+}
+
+template <Alteration alteration>
+Status AlterCommand(WindowTarn& window, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    const std::vector<GenericNote*> notes = ReadNotes(reader, window);
+    if (const Status status = reader.Result(); !status) return status;
+    return AlterNotes(window, notes, alteration);
+}
+
 // One value for all notes without `end`.
 Status SetVelocityCommand(WindowTarn& window, const CommandArguments& arguments) {
     ArgumentReader reader(arguments);
@@ -79,7 +107,15 @@ constexpr Command kNotes[] = {
     {32816, "Down", PointStemsCommand<false>, NotPlaying},
     {32817, "Change Durations", ChangeDurationsCommand, NotPlaying},
     {32819, "Transpose", TransposeCommand, NotPlaying},
+    {32900, "Sharp", AlterCommand<Alteration::Sharp>, NotPlaying},
+    {32901, "Flat", AlterCommand<Alteration::Flat>, NotPlaying},
+    {33035, "Natural", AlterCommand<Alteration::None>, NotPlaying},
     {33036, "Enharmonic", EnharmonicCommand, NotPlaying},
+    // Ids of this program's own.
+    {40040, "Step Up", StepCommand<1>, NotPlaying},
+    {40041, "Step Down", StepCommand<-1>, NotPlaying},
+    {40042, "Octave Up", OctavesCommand<1>, NotPlaying},
+    {40043, "Octave Down", OctavesCommand<-1>, NotPlaying},
 };
 
 }  // namespace

@@ -71,11 +71,10 @@ void InsertAsNewChord(const InsertionPlace& place, MeasureStaff* measureStaff, i
 }
 
 void JoinChord(const InsertionPlace& place, Chords* chord, int line, const NoteKind& kind) {
-    if (HasNoteOn(chord, line)) return;
-    if (ValueOf(chord) != kind.value || IsGrace(chord) != kind.grace) {
-        place.window.Shell().Tell("A chord has one value for all its notes.");
-        return;
-    }
+    EditorShell& shell = place.window.Shell();
+    if (HasNoteOn(chord, line)) return shell.Tell("The chord has this note already.");
+    if (IsGrace(chord) != kind.grace) return shell.Tell("Grace notes and others do not share a chord.");
+    if (ValueOf(chord) != kind.value) return shell.Tell("A chord has one value for all its notes.");
     GenericNote* note = AddNoteToChord(chord, line, kind);
     const bool beamed = BeamOf(StemPar(note)) != nullptr;
     AddEvents(note, true);

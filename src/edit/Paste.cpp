@@ -42,6 +42,7 @@ public:
     // Beams, ties, spacing, accidentals: the score is sound behind it.
     void Finish();
     VoiceSymbol* Refused() const { return _refused; }
+    bool HasDropped() const { return _places.HasDropped(); }
     bool HasIllegalBeam() const { return _clones.HasIllegalBeam(); }
 
 private:
@@ -152,12 +153,22 @@ bool Pasting::PasteVoiceSymbols() {
     return true;
 }
 
+// From the left to the right, which pasting among events that are not spaced can break.
+bool IsInOrder(const Voice* voice) {
+    const VoiceSymbol* before = nullptr;
+    for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+        if (before && XOf(symbol) < XOf(before)) return false;
+        before = symbol;
+    }
+    return true;
+}
+
 void Pasting::Finish() {
     _clones.JoinBeams();
     _clones.JoinTies();
     std::unordered_set<MeasureStaff*> crossings;
     for (Voice* voice : _voices) {
-        if (Switches().autoSpace) SpaceVoice(voice);
+        if (Switches().autoSpace || !IsInOrder(voice)) SpaceVoice(voice);
         if (_parted.contains(voice) && Switches().autoBeam) BeamVoice(voice);
         if (MeasureStaff* crossing = MeasureStaffPar(voice); crossings.insert(crossing).second)
             RefitLines(crossing);
@@ -170,7 +181,7 @@ void TakeBack(WindowTarn& window, VoiceSymbol* refused) {
     { const EditStep empty(window); }
     Voice* voice = VoicePar(refused);
     Discard(window, refused);
-    if (Switches().autoSpace) SpaceVoice(voice);
+    if (Switches().autoSpace || !IsInOrder(voice)) SpaceVoice(voice);
 }
 
 }  // namespace
@@ -182,9 +193,12 @@ bool CanPaste(const WindowTarn& window) {
 bool Paste(WindowTarn& window) {
     if (!CanPaste(window)) return false;
     DropDeadClips(ClipboardState());
-    if (TheClipboard().IsEmpty()) return false;
+    if (TheClipboard().IsEmpty()) {
+        window.Shell().Tell("What was copied is gone.");
+        return false;
+    }
     VoiceSymbol* refused = nullptr;
-    bool illegal = false;
+    bool illegal = false, dropped = false;
     std::optional<PageRedraw> redraw(window);
     {
         const EditStep step(window);
@@ -193,9 +207,11 @@ bool Paste(WindowTarn& window) {
         if (pasting.PasteVoiceSymbols()) pasting.PasteSigns();
         pasting.Finish();
         refused = pasting.Refused();
+        dropped = pasting.HasDropped();
         illegal = !refused && pasting.HasIllegalBeam();
     }
     if (refused) TakeBack(window, refused);
+    if (dropped && !illegal) window.Shell().Tell("Some of it found no staff or measure here.");
     if (illegal) {
         window.Undo();
         window.ForgetUndo();

@@ -29,6 +29,12 @@ Measure* PastePlaces::MeasureFromCaret(int32_t count) {
 }
 
 MeasureStaff* PastePlaces::Destination(const ClipPlace& place, int32_t further) {
+    MeasureStaff* crossing = Find(place, further);
+    _hasDropped |= !crossing;
+    return crossing;
+}
+
+MeasureStaff* PastePlaces::Find(const ClipPlace& place, int32_t further) {
     const DocStaff* staff = _staff;
     for (int i = _clips.ClipFirstStaff; staff && i < place.staff; ++i) staff = documentDocStaffs.Next(staff);
     const Measure* measure = MeasureFromCaret(place.measure - _clips.ClipFirstMeasure + further);
@@ -42,7 +48,7 @@ int32_t PastePlaces::XOf(const ClipPlace& place) const {
 }
 
 int32_t PastePlaces::MeasuresBehind(const ClipPlace& place, int32_t count) {
-    while (count && !Destination(place, count)) --count;
+    while (count && !Find(place, count)) --count;
     return count;
 }
 

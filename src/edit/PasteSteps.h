@@ -10,8 +10,10 @@ class PastePlaces {
 public:
     PastePlaces(const Caret& caret, const Clipboard& clips);
 
-    // Null beyond the score and for a staff that is not shown. `further`: measures behind the clip's own.
+    // Null beyond the score's staffs and measures. `further`: measures behind the clip's own.
     MeasureStaff* Destination(const ClipPlace& place, int32_t further = 0);
+    // Some clip had no destination.
+    bool HasDropped() const { return _hasDropped; }
     // Where it comes to in its measure. What comes to the first measure keeps its distance from the leftmost.
     int32_t XOf(const ClipPlace& place) const;
 
@@ -22,11 +24,13 @@ public:
 
 private:
     Measure* MeasureFromCaret(int32_t count);
+    MeasureStaff* Find(const ClipPlace& place, int32_t further);
 
     const Clipboard& _clips;
     const DocStaff* const _staff;
     std::vector<Measure*> _measures;  // from the caret's on, as far as was asked for
     const int32_t _offset;
+    bool _hasDropped = false;
 };
 
 // Clones all that is no event; the events must be there.

@@ -2,6 +2,8 @@
 
 #include "edit/Lasso.h"
 #include "edit/TarnClick.h"
+#include "edit/TarnSelect.h"
+#include "edit/ToolState.h"
 #include "layout/NoteGeometry.h"
 #include "model/Par.h"
 
@@ -40,6 +42,22 @@ void PressWithArrow(WindowTarn& window, Point p, uint32_t modifiers) {
             if (row.is(patch.ClassNumber()))
                 return row.rect ? SelectOnly(window, row.rect(patch, p), adding) : void();
     window.interaction = std::make_unique<Lasso>(window, p, adding);
+}
+
+SelectionFollower::SelectionFollower(WindowTarn& window)
+    : _window(window), _follows(!window.TheSelection().IsEmpty() && !window.TheSelection().IsWholeScore()) {
+    if (!_follows) return;
+    SetSelectionAnchors(window);
+    _notes = SelectedNotes(Tools().OneVoice());
+    for (Pause* pause : SelectedPauses(nullptr, Tools().OneVoice())) _rests.push_back(pause);
+    ClearSelectionAnchors();
+}
+
+SelectionFollower::~SelectionFollower() {
+    if (!_follows) return;
+    _window.TheSelection().Clear();
+    for (const VoiceSymbol* rest : _rests) _window.TheSelection().Add(RectOf(As<Pause>(rest)));
+    SelectHeads(_window, _notes);
 }
 
 void SelectHeads(WindowTarn& window, const std::vector<GenericNote*>& notes) {

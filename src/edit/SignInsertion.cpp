@@ -51,7 +51,7 @@ void FitStemTo(const FontSymbol* strokes, Stem* stem) {
 }  // namespace
 
 void NoteSignInsertion(const InsertionPlace& place, int16_t classNumber, std::string_view descriptor) {
-    GenericNote* note = NoteUnder(place.window, place.point);
+    GenericNote* note = NoteFor(place);
     if (!note) return;
     const MeasureRedraw redraw(place.window, MeasureStaffPar(note));
     const std::string name = SymbolNameFor(descriptor, classNumber, As<Grace>(note) != nullptr);
@@ -66,8 +66,9 @@ void NoteSignInsertion(const InsertionPlace& place, int16_t classNumber, std::st
 }
 
 void TremoloInsertion(const InsertionPlace& place, std::string_view descriptor) {
-    const GenericNote* note = NoteUnder(place.window, place.point);
-    if (!note || As<Grace>(note)) return;
+    const GenericNote* note = NoteFor(place);
+    if (!note) return;
+    if (As<Grace>(note)) return place.window.Shell().Tell("Grace notes have no tremolo.");
     Chords* chord = ChordPar(note);
     const MeasureRedraw redraw(place.window, MeasureStaffPar(note));
     const std::string name = CanonicalSymbolName(descriptor);

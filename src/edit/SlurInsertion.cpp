@@ -87,7 +87,7 @@ Status InsertSlurs(WindowTarn& window, const std::vector<VoiceSymbol*>& symbols,
 
 void SlurStroke(WindowTarn& window, const PaletteItem&, Point from, Point to, int voice) {
     VoiceSymbol* first = EventOfStaffAt(window, from, voice);
-    if (!first) return;
+    if (!first) return window.Shell().Tell("Draw a slur from a note to a later one.");
     VoiceSymbol* last = EventOfStaffAt(window, to, VoicePar(first)->_number);
     if (last && IsBehind(first, last)) std::swap(first, last);
     if (!last || last == first) last = voiceSymbols.Next(first);

@@ -21,7 +21,16 @@ Status ToggleInScore(WindowTarn& window, const CommandArguments& arguments) {
     return Status::Ok();
 }
 
+Status UndoLevels(WindowTarn&, const CommandArguments& arguments) {
+    ArgumentReader reader(arguments);
+    const int levels = reader.Number("levels", 1, kMostUndoLevels);
+    if (const Status status = reader.Result(); !status) return status;
+    SetUndoLevels(levels);
+    return Status::Ok();
+}
+
 constexpr Command kSwitches[] = {
+    {40050, "Undo Levels", UndoLevels, NotPlaying},  // an id of this program's own
     {32808, "Auto Beaming", ToggleInScore<&EditSwitches::autoBeam>, NotPlaying},
     {32809, "Auto Spacing", ToggleInScore<&EditSwitches::autoSpace>, NotPlaying},
     {33130, "Playback notes", Toggle<&EditSwitches::playbackNotes>, NotPlaying},

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "edit/Deletion.h"
+#include "edit/Insertion.h"
 #include "edit/Lyrics.h"
 #include "edit/MeasureRedraw.h"
 #include "edit/PaletteTable.h"
@@ -72,7 +73,9 @@ bool EraseNote(const Press& press, const DrawPatch& patch) {
 }
 bool EraseNoteAttribute(const Press& press, const DrawPatch& patch) {
     auto* attribute = patch.Record<NoteAttribute>();
-    if (!attribute || As<Accident>(attribute)) return attribute != nullptr;
+    if (!attribute) return false;
+    if (As<Accident>(attribute))
+        return press.window.Shell().Tell("Take accidentals away with the palette, not with the eraser."), true;
     if (auto* syllable = As<Liriche>(attribute)) return EraseSyllable(press.window, syllable), true;
     const MeasureRedraw redraw(press.window, MeasureStaffPar(noteAttributes.ParentOf(attribute)));
     DeleteNoteAttribute(press.window, attribute);
@@ -82,6 +85,16 @@ bool EraseTremolo(const Press& press, const DrawPatch& patch) {
     auto* tremolo = patch.Record<Tremolo>();
     if (tremolo) DeleteTremolo(press.window, tremolo);
     return tremolo != nullptr;
+}
+// All dots of what they lengthen, and of the other voices that share its heads.
+bool EraseDots(const Press& press, const DrawPatch& patch) {
+    const auto* dot = patch.Record<Dot>();
+    if (!dot) return false;
+    VoiceSymbol* event = voiceSymbolAttributes.ParentOf(dot);
+    const auto* chord = As<Chords>(event);
+    if (!chord) return ChangeDots(press.window, event, 0), true;
+    for (Chords* each : chordSymbolChords.Of(ChordSymbolPar(chord))) ChangeDots(press.window, each, 0);
+    return true;
 }
 bool EraseTuplet(const Press& press, const DrawPatch& patch) {
     auto* mark = patch.Record<MarkIrreg>();
@@ -105,10 +118,16 @@ bool EraseEndings(const Press& press, const DrawPatch& patch) {
     if (mark) DeleteEndings(press.window, endingsMarks.ParentOf(mark));
     return mark != nullptr;
 }
+bool KeepHead(const Press& press, const DrawPatch& patch) {
+    const bool isHead = patch.Record<StaticClaf>() || patch.Record<ClafSignature>() || patch.Record<TimeSignature>();
+    if (isHead) press.window.Shell().Tell("What a system begins with is changed, not erased.");
+    return isHead;
+}
 constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
     Erase<Dinamiche, DeleteDinamiche>,
     EraseNoteAttribute,
     EraseTremolo,
+    EraseDots,
     EraseTuplet,
     EraseSpanner,
     Erase<SimboliVari, DeleteSimboliVari>,
@@ -120,6 +139,7 @@ constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
     Erase<MovingClaf, DeleteClaf>,
     EraseEndings,
     Erase<Time, DeleteTempo>,
+    KeepHead,
 };
 
 void UseEraser(const Press& press) {
@@ -154,7 +174,8 @@ constexpr struct {
 }  // namespace
 
 void MouseDown(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
-    if (IsPlaying() || !window.CurrentPage()) return;
+    if (!window.CurrentPage()) return;
+    if (IsPlaying()) return window.Shell().Tell("Stop the play to edit.");
     window.Activate();
     window.interaction.reset();
     const Point point = OnPlane(x, y);

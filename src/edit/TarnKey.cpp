@@ -71,8 +71,11 @@ char KeyOfNoteItem(int item) {
 void KeyChar(WindowTarn& window, char character) {
     if (character < 32 || character > 115) return;
     const char upper = static_cast<char>(std::toupper(static_cast<unsigned char>(character)));
-    for (const auto& key : kKeys)
-        if (key.key == upper && (key.whilePlaying || !IsPlaying())) return key.act(window, key.argument);
+    for (const auto& key : kKeys) {
+        if (key.key != upper) continue;
+        if (IsPlaying() && !key.whilePlaying) return window.Shell().Tell("Stop the play to edit.");
+        return key.act(window, key.argument);
+    }
 }
 
 }  // namespace corvane

@@ -118,7 +118,8 @@ void BeginTextAt(WindowTarn& window, System* system, Point p, int item) {
         entry = std::make_unique<NewStaffText>(crossing, p);
     else if (item == kLyricItem && crossing && crossing->_staff)
         entry = EntryAtNote(crossing, p);
-    if (entry) BeginText(window, std::move(entry));
+    if (entry) return BeginText(window, std::move(entry));
+    if (item == kLyricItem) window.Shell().Tell("A syllable stands under a note.");
 }
 
 void EndText(WindowTarn& window, std::string_view text, const std::optional<TextLook>& look) {

@@ -146,7 +146,7 @@ Status TieNotesOf(WindowTarn& window, const std::vector<GenericNote*>& notes) {
 }
 
 void TieInsertion(const InsertionPlace& place) {
-    GenericNote* note = NoteUnder(place.window, place.point);
+    GenericNote* note = NoteFor(place);
     if (!note) return;
     GenericNote* next = NoteToTie(note);
     if (!next) return place.window.Shell().Tell("No note of the same pitch follows.");

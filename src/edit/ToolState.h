@@ -32,6 +32,7 @@ struct Document;
 // preferences when its window becomes the active one, and kept there; no undo changes them.
 struct EditSwitches {
     bool autoSpace = true, autoBeam = true, playbackNotes = true, deleteNotesToRests = true;
+    int undoLevels = 1;  // SetUndoLevels changes them
 };
 EditSwitches& Switches();
 void TakeScoreSwitches(const Document* document);

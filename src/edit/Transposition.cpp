@@ -38,18 +38,44 @@ Status In(const char* what, const GenericNote* note) {
     return {Fault::Refused, std::string(what) + " in measure " + std::to_string(MeasurePar(note)->_number)};
 }
 
+constexpr const char* kNoPitch = "None of these notes has a pitch";
+
+// One of some ways for a note, at a height in semitones.
+template <class Ways>
+Status Choose(Respelling& respelling, GenericNote* note, int height, Ways ways) {
+    if (height < 0 || height > kHighestKey) return In("There is no key for a note", note);
+    if (!respelling.Choose(note, ways())) return In("Two notes of a chord would stand on one line", note);
+    return Status::Ok();
+}
+
 // Chooses for each note among the ways that `ways` gives, and writes them all.
 template <class Ways>
 Status Move(WindowTarn& window, const std::vector<GenericNote*>& notes, int semitones, Ways ways) {
     Respelling respelling(notes);
-    if (respelling.Notes().empty()) return {Fault::Refused, "None of these notes has a pitch"};
+    if (respelling.Notes().empty()) return {Fault::Refused, kNoPitch};
     for (GenericNote* note : respelling.Notes()) {
         const Spelling from = SpellingOf(note);
-        const int height = HeightOf(from) + semitones;
-        if (height < 0 || height > kHighestKey) return In("There is no key for a note", note);
-        if (!respelling.Choose(note, WithSmallStep(ways(note, from), from)))
-            return In("Two notes of a chord would stand on one line", note);
+        const auto choice = [&] { return WithSmallStep(ways(note, from), from); };
+        if (const Status status = Choose(respelling, note, HeightOf(from) + semitones, choice); !status)
+            return status;
     }
+    respelling.Write(window);
+    return Status::Ok();
+}
+
+// Writes each note as `to` tells. Refused where nothing changes.
+template <class To>
+Status Rewrite(WindowTarn& window, const std::vector<GenericNote*>& notes, const char* unchanged, To to) {
+    Respelling respelling(notes);
+    if (respelling.Notes().empty()) return {Fault::Refused, kNoPitch};
+    bool changes = false;
+    for (GenericNote* note : respelling.Notes()) {
+        const Spelling from = SpellingOf(note), way = to(note, from);
+        changes |= !(way == from);
+        const auto choice = [&] { return std::vector<Spelling>{way}; };
+        if (const Status status = Choose(respelling, note, HeightOf(way), choice); !status) return status;
+    }
+    if (!changes) return {Fault::Refused, unchanged};
     respelling.Write(window);
     return Status::Ok();
 }
@@ -66,6 +92,20 @@ Status TransposeBySemitones(WindowTarn& window, const std::vector<GenericNote*>&
     return Move(window, notes, semitones, [&](const GenericNote* note, const Spelling& from) {
         return SpellingsInKey(HeightOf(from) + semitones, KeyInForce(MeasureStaffPar(note)));
     });
+}
+
+Status MoveBySteps(WindowTarn& window, const std::vector<GenericNote*>& notes, int steps) {
+    return Rewrite(window, notes, "They stand there", [&](const GenericNote* note, const Spelling& from) {
+        const int step = from.step + steps;
+        return Spelling{step, AlterationOfKey(KeyInForce(MeasureStaffPar(note)), step)};
+    });
+}
+
+Status AlterNotes(WindowTarn& window, const std::vector<GenericNote*>& notes, Alteration alteration) {
+    return Rewrite(window, notes, "These notes are altered so already",
+                   [&](const GenericNote*, const Spelling& from) {
+                       return Spelling{from.step, alteration};
+                   });
 }
 
 Status ChangeSpelling(WindowTarn& window, const std::vector<GenericNote*>& notes) {

@@ -1,5 +1,6 @@
 #include "edit/WindowTarn.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/Assert.h"
@@ -99,6 +100,7 @@ void WindowTarn::Bind(Document* document) {
     if (instance == this) TakeScoreSwitches(document);
     SetCurrentPage(documentPages.First(document));
     _pool->EnableUndo();
+    _pool->SetUndoLevels(static_cast<size_t>(Switches().undoLevels));
 }
 
 void WindowTarn::SetCurrentPage(Page* page) {
@@ -134,24 +136,41 @@ void WindowTarn::SetIdentity(std::string title, std::string path, bool readOnly,
 
 // ---- undo
 
+void SetUndoLevels(int levels) {
+    Switches().undoLevels = std::clamp(levels, 1, kMostUndoLevels);
+    for (WindowTarn* window : WindowTarn::All()) {
+        window->Pool()->SetUndoLevels(static_cast<size_t>(Switches().undoLevels));
+        window->Shell().StateChanged(*window);
+    }
+}
+
 void WindowTarn::CommandBegins() {
     DropTextEntry();
-    _pageBeforeEdit = _page;
+    _pool->Memo().before = _page;
     cutPending = false;
 }
 
 void WindowTarn::CommandEnds() {
-    _pageAfterEdit = _page;
-    _canUndo = true;
-    _canRedo = false;
+    _pool->Memo().after = _page;
+    _hasStep = true;
+}
+
+void WindowTarn::MarkCut() { _pool->Memo().mark = cutPending = true; }
+
+bool WindowTarn::CanUndo() const { return _hasStep && (!_pool->IsUndone() || _pool->HasOlderStep()); }
+bool WindowTarn::CanRedo() const { return _hasStep && (_pool->IsUndone() || _pool->HasNewerStep()); }
+
+void WindowTarn::ForgetUndo() {
+    _hasStep = false;
+    _pool->ForgetSteps();
 }
 
 void WindowTarn::Undo() {
-    if (_canUndo) Exchange(false);
+    if (CanUndo()) Exchange(false, _pool->StepBack());
 }
 
 void WindowTarn::Redo() {
-    if (_canRedo) Exchange(true);
+    if (CanRedo()) Exchange(true, _pool->StepOn());
 }
 
 void WindowTarn::DropTextEntry() {
@@ -171,20 +190,21 @@ void WindowTarn::DropDeadCaret() {
         caret.measure = nullptr;
 }
 
-void WindowTarn::Exchange(bool redo) {
+// `stepped`: it is another step than the one before.
+void WindowTarn::Exchange(bool redo, bool stepped) {
     DropTextEntry();
     const PoolScope scope(_pool);
+    const StepMemo memo = _pool->Memo();
+    if (stepped) cutPending = memo.mark && !redo;
     if (!redo) ClipboardUndone(*this);
-    _canUndo = redo;
-    _canRedo = !redo;
     redo ? _pool->Redo() : _pool->Undo();
     caret.visible = false;
     DropDeadCaret();
     RefreshPreferences(_document);
     if (instance == this) KeepScoreSwitches(_document);
-    if (redo) ClipboardRedone(*this);
+    if (redo && memo.mark) ClipboardRedone(*this);
     TakePageSize(_document);
-    SetCurrentPage(redo ? _pageAfterEdit : _pageBeforeEdit);
+    SetCurrentPage(static_cast<Page*>(redo ? memo.after : memo.before));
     _shell.StateChanged(*this);
 }
 

@@ -61,12 +61,12 @@ public:
     // Files the current page anew, all tiles dirty.
     void RefilePage();
 
-    // Undo and redo: no-ops where the flag is clear.
+    // Undo and redo: no-ops where they cannot act. One step, or as many as the session keeps.
     void Undo();
     void Redo();
-    bool CanUndo() const { return _canUndo; }
-    bool CanRedo() const { return _canRedo; }
-    void ForgetUndo() { _canUndo = _canRedo = false; }
+    bool CanUndo() const;
+    bool CanRedo() const;
+    void ForgetUndo();
     bool Modified() const;
 
     const std::string& Title() const { return _title; }
@@ -86,13 +86,15 @@ public:
     std::unique_ptr<TextEntry> textEntry;
 
     bool cutPending = false;  // the last thing done here was a cut
+    // What has just been done here was one.
+    void MarkCut();
 
     // Told by the command bracket of this window's pool.
     void CommandBegins();
     void CommandEnds();
 
 private:
-    void Exchange(bool redo);
+    void Exchange(bool redo, bool stepped);
     void DropDeadCaret();
     void DropTextEntry();
 
@@ -103,10 +105,13 @@ private:
     Selection _selection;
     Document* _document = nullptr;
     Page* _page = nullptr;
-    Page *_pageBeforeEdit = nullptr, *_pageAfterEdit = nullptr;
     std::string _title, _path;
-    bool _canUndo = false, _canRedo = false, _readOnly = false, _neverSaved = true;
+    bool _hasStep = false, _readOnly = false, _neverSaved = true;
 };
+
+// How many steps of undo every window keeps, from the next command on: 1 to 100.
+inline constexpr int kMostUndoLevels = 100;
+void SetUndoLevels(int levels);
 
 // Installs the observer that tells each window of the commands of its pool. Once at start-up.
 void WatchCommands();

@@ -49,6 +49,7 @@ enum class SessionWord : int {
     VoiceColouring = 87,
     MidiThru = 88,
     DeleteNotesToRests = 89,
+    UndoLevels = 90,              // 1 to 100
 };
 // clang-format on
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "base/Notify.h"
+#include "edit/Clipboard.h"
+#include "edit/ToolState.h"
 #include "interchange/ImportMidi.h"
 #include "layout/ListaEventi.h"
 #include "layout/PageFit.h"
@@ -155,7 +157,10 @@ Status Session::Save(WindowTarn& window, const std::string& path) {
     if (window.ReadOnly() && path == window.Path()) return {Fault::ReadOnly, kFileReadOnly};
     if (_backups && _backups->Holds(path)) return {Fault::ReadOnly, kFileReadOnly};
     std::vector<uint8_t> bytes;
-    if (Status status = EncodeScore(*window.Pool(), bytes); !status) return status;
+    {
+        const CutKeptOut out(window);
+        if (Status status = EncodeScore(*window.Pool(), bytes); !status) return status;
+    }
     const bool foreign = _backups && path == window.Path() && _backups->IsForeign(path);
     const Status kept = _backups ? _backups->Keep(path) : Status::Ok();
     const Status saved = ReplaceFile(*_parts.files, path, bytes);
@@ -163,6 +168,8 @@ Status Session::Save(WindowTarn& window, const std::string& path) {
     if (!saved) return saved;
     if (_backups) _backups->Wrote(path, bytes);
     window.Pool()->SetModified(false);
+    // A single step does not lead back before a save; who keeps more of them keeps these too.
+    if (Switches().undoLevels == 1) window.ForgetUndo();
     window.SetIdentity(FileName(path), path, false, false);
     Remember(path);
     if (foreign && kept) Notify(Severity::Message, ForeignMessage(path));

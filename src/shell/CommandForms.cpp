@@ -161,6 +161,7 @@ constexpr F kVelocity[] = {
     {.label = "&End value:", .name = "end", .usual = "64", .least = 0, .most = 127, .modes = kSecond},
 };
 
+constexpr F kUndoLevels[] = {{.label = "&Steps:", .name = "levels", .usual = "1", .least = 1, .most = 100}};
 constexpr F kTitle[] = {{.label = "&Title:", .name = "text", .mayBeEmpty = true}};
 constexpr F kStaffName[] = {
     {.label = "&Staff:", .name = "staff", .usual = "1", .least = 1, .reach = Reach::Staves},
@@ -200,6 +201,7 @@ constexpr CommandForm kForms[] = {
     {32782, kNumbers}, {40011, kTitle}, {40012, kStaffName, "The short name stands at all systems but the first."},
     {32805, kTuplet, "The same tuplet again takes it away.", true}, {40023, kOctaveLine, "", true},
     {33088, kGrace, "For new grace notes and those that are selected."},
+    {.id = 40050, .fields = kUndoLevels, .hint = "So many edits can be undone one behind the other.", .ofSession = true},
     {32817, kDurations, "", true}, {32819, kTranspose, "", true},
 };
 // clang-format on

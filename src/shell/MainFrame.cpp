@@ -172,6 +172,7 @@ void MainFrame::TakeSwitches() {
     const SessionPreferences& preferences = _session.Preferences();
     Switches().playbackNotes = IsOn(preferences, SessionWord::PlaybackNotes);
     Switches().deleteNotesToRests = IsOn(preferences, SessionWord::DeleteNotesToRests);
+    SetUndoLevels(GetWord(preferences, SessionWord::UndoLevels));
     SetAngledBeams(IsOn(preferences, SessionWord::AngledBeam));
 }
 
@@ -179,6 +180,7 @@ void MainFrame::KeepSwitches() {
     SessionPreferences& preferences = _session.Preferences();
     SetWord(preferences, SessionWord::PlaybackNotes, Switches().playbackNotes);
     SetWord(preferences, SessionWord::DeleteNotesToRests, Switches().deleteNotesToRests);
+    SetWord(preferences, SessionWord::UndoLevels, Switches().undoLevels);
     SetWord(preferences, SessionWord::AngledBeam, AngledBeams());
     if (const Status status = _session.StorePreferences(); !status) Tell(status.message());
 }

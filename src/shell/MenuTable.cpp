@@ -129,11 +129,12 @@ bool IsSwitchOn(MainFrame&) {
 using S = EditSwitches;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
 constexpr int kOpenBackupId = 40001, kPreviewId = 40030;
-constexpr const char *kFile = "&File", *kEdit = "&Edit", *kView = "&View", *kScore = "&Score",
-                     *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove",
+constexpr const char *kFile = "&File", *kEdit = "&Edit", *kEditGo = "&Edit/&Go", *kView = "&View",
+                     *kScore = "&Score", *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove",
                      *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
-                     *kNotesBeams = "&Notes/&Beams", *kNotesOptions = "&Notes/Options", *kTools = "&Tools",
-                     *kMidi = "&MIDI", *kHelp = "&Help";
+                     *kNotesBeams = "&Notes/&Beams", *kNotesOptions = "&Notes/Options",
+                     *kNotesMove = "&Notes/Mo&ve and Alter", *kTools = "&Tools", *kMidi = "&MIDI",
+                     *kHelp = "&Help";
 
 // clang-format off
 const MenuRow kRows[] = {
@@ -162,8 +163,18 @@ const MenuRow kRows[] = {
     {kEdit, 57637, "&Paste", "Ctrl+V"},
     {kEdit, 32774, "C&lear", "Del"},
     {kEdit, 0},
+    {kEdit, 40050, "Un&do Levels..."},
+    {kEdit, 0},
     {kEdit, 57642, "Select &All", "Ctrl+Shift+A"},
     {kEdit, 57641, "Select &Nothing", "Esc"},
+    {kEditGo, 40060, "&Next\tRight"},
+    {kEditGo, 40061, "&Previous\tLeft"},
+    {kEditGo, 40062, "&Add Next\tShift+Right"},
+    {kEditGo, 40063, "A&dd Previous\tShift+Left"},
+    {kEditGo, 40064, "Next &Measure\tCtrl+Right"},
+    {kEditGo, 40065, "Pre&vious Measure\tCtrl+Left"},
+    {kEditGo, 40066, "&Staff Above\tAlt+Up"},
+    {kEditGo, 40067, "Staff &Below\tAlt+Down"},
 
     {kView, 32865, "&Notes Palette", "", TogglePart<PaletteDock, &MainFrame::NotePalette>, {}, IsPartShown<PaletteDock, &MainFrame::NotePalette>},
     {kView, 32868, "C&lefs Palette", "", ToggleSigns<0>, {}, AreSignsShown<0>},
@@ -237,6 +248,14 @@ const MenuRow kRows[] = {
     {kNotes, 32819, "Trans&pose..."},
     {kNotes, 32817, "Change &Durations..."},
     {kNotes, 33036, "En&harmonic", "Ctrl+E"},
+    {kNotesMove, 40040, "Step &Up\tUp"},
+    {kNotesMove, 40041, "Step &Down\tDown"},
+    {kNotesMove, 40042, "&Octave Up\tCtrl+Up"},
+    {kNotesMove, 40043, "O&ctave Down\tCtrl+Down"},
+    {kNotesMove, 0},
+    {kNotesMove, 32900, "&Sharp"},
+    {kNotesMove, 32901, "&Flat"},
+    {kNotesMove, 33035, "&Natural"},
     {kNotes, 0},
     {kNotes, 32815, "&Up", "Ctrl+U"},
     {kNotes, 32816, "Do&wn", "Ctrl+D"},

@@ -7,12 +7,14 @@
 #include <cmath>
 #include <iterator>
 
+#include "edit/CommandTable.h"
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
 #include "layout/Frames.h"
 #include "shell/TextEditor.h"
 #include "shell/ToolCursors.h"
+#include "shell/ViewKeys.h"
 #include "shell/ViewOverlays.h"
 
 namespace corvane {
@@ -260,6 +262,7 @@ void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
     PaintSelection(paint, _window);
     PaintCaret(paint, _window.caret, _window.CurrentPage());
     if (_hover) PaintGhost(paint, _window, *_hover);
+    if (_hover && _movedByKeys && !HasGhost() && Tools().toolMode != ModeArrow) PaintPen(paint, *_hover);
     if (_playMark) PaintPlayMark(paint, *_playMark);
 }
 
@@ -301,6 +304,7 @@ void ScoreView::mouseMoveEvent(QMouseEvent* event) {
     const Point p = UnitsAt(event->position());
     if (event->buttons() & Qt::LeftButton) MouseMove(_window, p.x, p.y);
     _hover = p;
+    _movedByKeys = false;
     if (HasGhost()) viewport()->update();
 }
 
@@ -324,8 +328,25 @@ bool ScoreView::TakeKey(const QKeyEvent& event) {
     return true;
 }
 
+bool ScoreView::TakeMove(const QKeyEvent& event) {
+    if (IsPlaying()) return false;
+    if (Tools().toolMode == ModeArrow) {
+        const int id = ArrowCommandOf(event);
+        if (!id) return false;
+        if (const Status status = RunCommand(_window, id); !status) _window.Shell().Tell(status.message());
+        return true;
+    }
+    const std::optional<PenMove> move = PenMoveOf(event);
+    if (!move && !IsEnter(event)) return false;
+    _hover = move || !_hover ? MovePen(_window, _hover, move.value_or(PenMove::Right))
+                             : PressWithPen(_window, *_hover);
+    _movedByKeys = true;
+    viewport()->update();
+    return true;
+}
+
 void ScoreView::keyPressEvent(QKeyEvent* event) {
-    if (!TakeKey(*event)) QAbstractScrollArea::keyPressEvent(event);
+    if (!TakeKey(*event) && !TakeMove(*event)) QAbstractScrollArea::keyPressEvent(event);
 }
 
 }  // namespace corvane

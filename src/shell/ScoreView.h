@@ -51,6 +51,8 @@ public:
     void TextEntryChanged();
     // A typed character for the tools; false, and nothing done, for any other key.
     bool TakeKey(const QKeyEvent& event);
+    // The same for a key that walks the selection, or moves or uses the tool at hand.
+    bool TakeMove(const QKeyEvent& event);
 
     // What of the page is seen.
     Rect VisibleUnits() const;
@@ -93,7 +95,8 @@ private:
     Zoom _zoom;
     DrawContext _context;
     bool _margins = false;
-    std::optional<Point> _hover;  // page units
+    std::optional<Point> _hover;  // where the tool would act, page units
+    bool _movedByKeys = false;    // and not by the pointer
     std::optional<CursorMark> _playMark;
     std::function<void()> _zoomed;
     TextEditor* _editor = nullptr;

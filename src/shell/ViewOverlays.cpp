@@ -145,4 +145,11 @@ void PaintGhost(const OverlayPaint& paint, WindowTarn& window, Point p) {
     paint.painter.restore();
 }
 
+void PaintPen(const OverlayPaint& paint, Point place) {
+    const int x = paint.X(place.x), y = paint.Y(place.y);
+    const int arm = paint.scale.PixelsOf(9), width = std::max(1, paint.scale.PixelsOf(2));
+    paint.painter.fillRect(x - arm, y - width / 2, 2 * arm, width, paint.accent);
+    paint.painter.fillRect(x - width / 2, y - arm, width, 2 * arm, paint.accent);
+}
+
 }  // namespace corvane

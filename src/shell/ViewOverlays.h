@@ -44,4 +44,7 @@ bool HasGhost();
 // The item at hand where a press at that place would enter it: on its line, at the chord that it would join.
 void PaintGhost(const OverlayPaint& paint, WindowTarn& window, Point place);
 
+// A cross where keys have brought a tool that has no ghost.
+void PaintPen(const OverlayPaint& paint, Point place);
+
 }  // namespace corvane

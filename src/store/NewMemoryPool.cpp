@@ -130,6 +130,7 @@ void* NewMemoryPool::AllocateRaw(int32_t size) {
 
 // First fit: the first hole that is large enough in the first block that has one, or a new block.
 uint8_t* NewMemoryPool::TakeSpan(uint32_t span) {
+    NoteStructure();
     for (uint32_t i = _index.FirstFrom(0, span); i < _blocks.size(); i = _index.FirstFrom(i + 1, span))
         if (uint8_t* place = TakeFrom(*_blocks[i], span)) return place;
     PoolBlock* block = AddBlock(nullptr);
@@ -173,6 +174,7 @@ void NewMemoryPool::Release(void* object) {
     if (!object) return;
     PoolBlock* block = Find(object);
     CORVANE_ASSERT_AS(block && block->Holds(object), "block");
+    NoteStructure();
     uint8_t* place = static_cast<uint8_t*>(object) - kWordSize;
     Touch(place, sizeof(Hole));
     const int16_t word = WordAt(place);
@@ -277,6 +279,7 @@ std::unordered_set<const void*> NewMemoryPool::Living(std::span<const void* cons
 
 bool NewMemoryPool::StartFilling() {
     for (auto& block : _blocks) StoredSpace::Free(block->start, block->size);
+    _history.Clear();
     _changed.clear();
     _blocks.clear();
     _total = _free = 0;

@@ -15,6 +15,7 @@
 
 #include "store/HoleIndex.h"
 #include "store/PoolBlock.h"
+#include "store/UndoHistory.h"
 
 namespace corvane {
 
@@ -45,6 +46,23 @@ public:
     // Each exchanges the touched blocks with their copies; done twice they cancel out.
     void Undo() { Exchange(false); }
     void Redo() { Exchange(true); }
+    // More steps than the last one, 1 to 100; each further one costs the pages that it changed. They are
+    // forgotten where objects come or go outside a recorded command.
+    void SetUndoLevels(size_t levels) { _history.SetLevels(levels); }
+    // The step that Undo and Redo exchange has been undone, and not done again.
+    bool IsUndone() const { return _undone; }
+    // Behind an undone step, or one that changed nothing: makes the one before it that which Undo exchanges.
+    // False if there is none.
+    bool StepBack();
+    // Before a done step: makes the undone one behind it that which Redo exchanges.
+    bool StepOn();
+    bool HasOlderStep() const {
+        return (_undone || _changed.empty()) && !_stale && _history.HasDone();
+    }
+    bool HasNewerStep() const { return !_undone && !_stale && _history.HasUndone(); }
+    void ForgetSteps();
+    // Goes with the step that Undo and Redo exchange; empty when a command begins.
+    StepMemo& Memo() { return _memo; }
     void EnableUndo() { _undoEnabled = true; }
     void DisableUndo() { _undoEnabled = false; }
     bool UndoEnabled() const { return _undoEnabled; }
@@ -111,12 +129,20 @@ private:
     void StartSnapshot(PoolBlock& block);
     void FreeSnapshot(PoolBlock& block);
     void Exchange(bool redo);
+    void EndLastStep();
+    void LetGo(PoolBlock& block);
+    UndoStep TakeStep();
+    void PutStep(const UndoStep& step);
+    // Objects come or go.
+    void NoteStructure() { _stale |= !_recording || !_undoEnabled; }
     void Account(const PoolBlock& block, int sign);
     void CloseWith(PoolBlock& block, uint8_t* from);
 
     std::vector<std::unique_ptr<PoolBlock>> _blocks;
     std::vector<PoolBlock*> _changed;       // touched, added or released since the command began
     std::vector<uint8_t*> _spareSnapshots;  // kept warm for the next command
+    UndoHistory _history;
+    StepMemo _memo;
     HoleIndex _index;
     void* _document = nullptr;
     std::array<uint8_t, 20> _fileMagic{};
@@ -126,6 +152,9 @@ private:
     int _pageShift = 0;  // a page has two to the power of this many bytes, so that a block has kMostPages
     uint64_t _changes = 0;
     bool _modified = false, _undoEnabled = false, _recording = false, _unrecorded = false;
+    bool _undone = false;        // what the blocks hold of the last step is what was behind it
+    bool _stale = false;         // the steps do not fit the blocks any more
+    bool _heldReleased = false;  // some block is released that a step may bring back
 };
 
 }  // namespace corvane

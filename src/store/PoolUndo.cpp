@@ -1,4 +1,4 @@
-// The write barrier and the one step of undo of a pool.
+// The write barrier and undo: the last step in the blocks themselves, further ones in the history.
 #include <algorithm>
 #include <bit>
 #include <utility>
@@ -102,26 +102,105 @@ void NewMemoryPool::FreeSnapshot(PoolBlock& block) {
 
 void NewMemoryPool::BeginCommand() {
     _recording = _modified = true;
-    bool dropped = false;
+    EndLastStep();
+    _memo = {};
+}
+
+// What the blocks hold of the last command goes, or becomes the history's. Blocks that nothing can bring back
+// are given back.
+void NewMemoryPool::EndLastStep() {
+    if (_stale)
+        _history.Clear();
+    else if (_history.IsKeeping() && !_undone && !_changed.empty())
+        _history.PushDone(TakeStep());
+    _history.DropUndone();
+    bool dropped = _heldReleased;
     for (PoolBlock* block : _changed) {
-        FreeSnapshot(*block);
-        block->Trailer().added = 0;
-        block->noted = false;
-        dropped |= block->Trailer().released;
+        LetGo(*block);
+        dropped |= block->Trailer().released != 0;
     }
     _changed.clear();
+    _undone = _stale = false;
     if (dropped) DropReleased();
 }
 
-// Gives back the memory of the blocks that nothing can bring back.
+void NewMemoryPool::LetGo(PoolBlock& block) {
+    FreeSnapshot(block);
+    block.Trailer().added = 0;
+    block.noted = false;
+}
+
 void NewMemoryPool::DropReleased() {
-    const auto released = [](const auto& block) {
+    _heldReleased = false;
+    const auto isGone = [this](const auto& block) {
         if (!block->Trailer().released) return false;
+        if (_history.Needs(block.get())) {
+            _heldReleased = true;
+            return false;
+        }
         StoredSpace::Free(block->start, block->size);
         return true;
     };
-    _blocks.erase(std::remove_if(_blocks.begin(), _blocks.end(), released), _blocks.end());
+    _blocks.erase(std::remove_if(_blocks.begin(), _blocks.end(), isGone), _blocks.end());
     Renumber();
+}
+
+// ---- further steps
+
+UndoStep NewMemoryPool::TakeStep() {
+    UndoStep step{_memo, {}};
+    for (PoolBlock* block : _changed) {
+        const BlockTrailer& trailer = block->Trailer();
+        UndoStep::Part part{block, block->kept, trailer.touched != 0, trailer.added != 0, {}};
+        const auto* copy = StoredSpace::At<uint8_t>(trailer.undoSnapshot.Get());
+        ForEachRun(*block, block->kept, [&](size_t from, size_t end) {
+            part.bytes.insert(part.bytes.end(), copy + from, copy + end);
+        });
+        _heldReleased |= trailer.released != 0;
+        step.parts.push_back(std::move(part));
+        LetGo(*block);
+    }
+    _changed.clear();
+    return step;
+}
+
+void NewMemoryPool::PutStep(const UndoStep& step) {
+    for (const UndoStep::Part& part : step.parts) {
+        PoolBlock& block = *part.block;
+        Note(block);
+        block.Trailer().added = part.added;
+        if (!part.touched) continue;
+        StartSnapshot(block);
+        auto* copy = StoredSpace::At<uint8_t>(block.Trailer().undoSnapshot.Get());
+        const uint8_t* bytes = part.bytes.data();
+        ForEachRun(block, part.kept, [&](size_t from, size_t end) {
+            std::memcpy(copy + from, bytes, end - from);
+            bytes += end - from;
+        });
+        block.kept = part.kept;
+    }
+    _memo = step.memo;
+}
+
+bool NewMemoryPool::StepBack() {
+    if (!HasOlderStep()) return false;
+    if (UndoStep step = TakeStep(); !step.parts.empty()) _history.PushUndone(std::move(step));
+    PutStep(_history.PopDone());
+    _undone = false;
+    return true;
+}
+
+bool NewMemoryPool::StepOn() {
+    if (!HasNewerStep()) return false;
+    _history.PushDone(TakeStep());
+    PutStep(_history.PopUndone());
+    _undone = true;
+    return true;
+}
+
+void NewMemoryPool::ForgetSteps() {
+    _history.Clear();
+    _stale = true;
 }
 
 // Adds a block's bytes to the counters or takes them off.
@@ -134,6 +213,7 @@ void NewMemoryPool::Account(const PoolBlock& block, int sign) {
 
 void NewMemoryPool::Exchange(bool redo) {
     _modified = true;
+    _undone = !_undone;
     for (PoolBlock* block : _changed) {
         BlockTrailer& trailer = block->Trailer();
         if (!trailer.touched) continue;

@@ -2,7 +2,7 @@
 import os
 import sys
 
-from desk import Desk, Failure, expect, wait_for
+from desk import expect, take, wait_for
 from entry import Plan, Program
 
 # What a hand does in the menus, and the step that says the same. The notes are selected before.
@@ -55,7 +55,7 @@ def refused(desk):
     wait_for(lambda: "score.cvm" in desk.active_window(), "the dialog to go")
 
 
-def travel(corvane, desk):
+def journey(desk, corvane):
     program = Program(corvane, desk.env)
     plan = compose(program)
     path = desk.path("score.cvm")
@@ -84,17 +84,5 @@ def travel(corvane, desk):
     wait_for(lambda: process.poll() is not None, "the program's end")
 
 
-def main():
-    corvane, pictures = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
-    with Desk(pictures) as desk:
-        try:
-            travel(corvane, desk)
-        except Failure as failure:
-            desk.picture("failure")
-            print(f"FAILED: {failure}")
-            return 1
-    return 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(take(journey))

@@ -3,6 +3,7 @@ import os
 import re
 import shutil
 import subprocess
+import sys
 import tempfile
 import time
 
@@ -27,6 +28,19 @@ def wait_for(condition, what):
             return result
         time.sleep(0.02)
     raise Failure(f"waited in vain for {what}")
+
+
+def take(journey):
+    """Takes a journey(desk, corvane) with the program and the folder for pictures that the script was told."""
+    corvane, pictures = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
+    with Desk(pictures) as desk:
+        try:
+            journey(desk, corvane)
+        except Failure as failure:
+            desk.picture("failure")
+            print(f"FAILED: {failure}")
+            return 1
+    return 0
 
 
 class Desk:
@@ -146,6 +160,18 @@ class Desk:
         """Presses a place given in page units."""
         left, top, scale = (float(word) for word in self.words("view")[0])
         self.press(round(left + x * scale), round(top + y * scale))
+
+    def drag_page(self, x, y, to_x, to_y):
+        """Presses at one place of the page, in page units, and lets go at another."""
+        left, top, scale = (float(word) for word in self.words("view")[0])
+        path = [(x, y), ((x + to_x) / 2, (y + to_y) / 2), (to_x, to_y)]
+        spots = [(str(round(left + px * scale)), str(round(top + py * scale))) for px, py in path]
+        self.run("xdotool", "mousemove", *spots[0], "mousedown", "1")
+        for spot in spots[1:]:
+            time.sleep(0.03)
+            self.run("xdotool", "mousemove", *spot)
+        self.run("xdotool", "mouseup", "1")
+        time.sleep(0.05)
 
     def press_widget(self, name):
         self.press(*self.widget(name))

@@ -3,7 +3,7 @@ import os
 import subprocess
 import sys
 
-from desk import Desk, Failure, expect, wait_for
+from desk import expect, take, wait_for
 from entry import Plan, Program
 
 FIRST_PAINT = 1500  # milliseconds; a machine under load, many times what it takes at rest
@@ -199,22 +199,14 @@ def answer_box_no(desk):
     desk.key("alt+n")
 
 
-def main():
-    corvane, pictures = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
-    with Desk(pictures) as desk:
-        program = Program(corvane, desk.env)
-        path = desk.path("journey.cvm")
-        try:
-            plan = enter(desk, program, corvane, path)
-            process = reopen(desk, program, corvane, plan, path)
-            export(desk)
-            refuse(desk, process)
-        except Failure as failure:
-            desk.picture("failure")
-            print(f"FAILED: {failure}")
-            return 1
-    return 0
+def journey(desk, corvane):
+    program = Program(corvane, desk.env)
+    path = desk.path("journey.cvm")
+    plan = enter(desk, program, corvane, path)
+    process = reopen(desk, program, corvane, plan, path)
+    export(desk)
+    refuse(desk, process)
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(take(journey))

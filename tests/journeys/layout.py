@@ -1,9 +1,8 @@
 """Spacing, paper, margins, staves and room for names by menus and dialogs, as a script makes them."""
-import os
 import sys
 
 from commands import compose
-from desk import Desk, Failure, expect, wait_for
+from desk import expect, take, wait_for
 from entry import Program
 
 # What a hand does in the menus, and the step that says the same.
@@ -60,7 +59,7 @@ def saved_as(desk, program, path, steps):
         wait_for(lambda: program.script(f'open "{path}"', f"dump {what}") == told, f"the {what} by hand to be as by script")
 
 
-def travel(corvane, desk):
+def journey(desk, corvane):
     program = Program(corvane, desk.env)
     plan = compose(program)
     path = desk.path("score.cvm")
@@ -80,17 +79,5 @@ def travel(corvane, desk):
     wait_for(lambda: process.poll() is not None, "the program's end")
 
 
-def main():
-    corvane, pictures = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
-    with Desk(pictures) as desk:
-        try:
-            travel(corvane, desk)
-        except Failure as failure:
-            desk.picture("failure")
-            print(f"FAILED: {failure}")
-            return 1
-    return 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(take(journey))

@@ -1,11 +1,10 @@
 """A score plays through a real MIDI system: the cursor moves, the page turns, the mixer and the tempo act at once,
 and whatever ends the play, no note hangs."""
-import os
 import signal
 import sys
 import time
 
-from desk import Desk, Failure, expect, wait_for
+from desk import expect, take, wait_for
 from entry import Program
 from midi import Monitor
 
@@ -175,18 +174,10 @@ def journey(desk, corvane):
 
 
 def main():
-    corvane, pictures = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
     if not Monitor.is_there():
         print("no MIDI system can be started here")
         return 77
-    with Desk(pictures) as desk:
-        try:
-            journey(desk, corvane)
-        except Failure as failure:
-            desk.picture("failure")
-            print(f"FAILED: {failure}")
-            return 1
-    return 0
+    return take(journey)
 
 
 if __name__ == "__main__":

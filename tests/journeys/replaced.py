@@ -4,7 +4,7 @@ import re
 import shutil
 import sys
 
-from desk import Desk, Failure, expect, wait_for
+from desk import expect, take, wait_for
 from entry import Plan, Program
 
 
@@ -34,45 +34,37 @@ def open_newest_backup(desk):
     desk.settled()
 
 
-def main():
-    corvane, pictures = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
-    with Desk(pictures) as desk:
-        program = Program(corvane, desk.env)
-        try:
-            plan = Plan(program)
-            path, theirs = desk.path("score.cvm"), desk.path("theirs.cvm")
-            program.run("new", path)
-            program.run("new", theirs, "--staves", "SSS")
-            process, _ = desk.start(corvane, path)
-            desk.settled()
-            desk.key("3")
-            edit(desk, plan, 3)
-            save(desk, path)
-            shutil.copy(theirs, path)
-            edit(desk, plan, 5)
-            save(desk, path)
-            desk.dialog("Corvane")
-            desk.picture("1-told")
-            desk.key("Return")
-            desk.focus()
-            expect(staves(program, path) == 2, "the save is not the score that was edited")
-            open_newest_backup(desk)
-            copy = desk.path("copy.cvm")
-            desk.key("ctrl+s")
-            desk.dialog("Save as.*")
-            desk.key("ctrl+a")
-            desk.type(copy)
-            desk.key("Return")
-            wait_for(lambda: os.path.exists(copy), "the backup to be saved as a file of its own")
-            expect(staves(program, copy) == 3, "the backup is not what the other program wrote")
-            process.terminate()
-            wait_for(lambda: process.poll() is not None, "the program's end")
-        except Failure as failure:
-            desk.picture("failure")
-            print(f"FAILED: {failure}")
-            return 1
-    return 0
+def journey(desk, corvane):
+    program = Program(corvane, desk.env)
+    plan = Plan(program)
+    path, theirs = desk.path("score.cvm"), desk.path("theirs.cvm")
+    program.run("new", path)
+    program.run("new", theirs, "--staves", "SSS")
+    process, _ = desk.start(corvane, path)
+    desk.settled()
+    desk.key("3")
+    edit(desk, plan, 3)
+    save(desk, path)
+    shutil.copy(theirs, path)
+    edit(desk, plan, 5)
+    save(desk, path)
+    desk.dialog("Corvane")
+    desk.picture("1-told")
+    desk.key("Return")
+    desk.focus()
+    expect(staves(program, path) == 2, "the save is not the score that was edited")
+    open_newest_backup(desk)
+    copy = desk.path("copy.cvm")
+    desk.key("ctrl+s")
+    desk.dialog("Save as.*")
+    desk.key("ctrl+a")
+    desk.type(copy)
+    desk.key("Return")
+    wait_for(lambda: os.path.exists(copy), "the backup to be saved as a file of its own")
+    expect(staves(program, copy) == 3, "the backup is not what the other program wrote")
+    process.terminate()
+    wait_for(lambda: process.poll() is not None, "the program's end")
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(take(journey))

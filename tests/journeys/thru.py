@@ -1,10 +1,9 @@
 """A keyboard that another program plays sounds through Corvane, beside a score that plays too, and no key hangs when thru
 is turned off or the program ends."""
-import os
 import sys
 import time
 
-from desk import Desk, Failure, expect, wait_for
+from desk import expect, take, wait_for
 from entry import Program
 from midi import Monitor
 
@@ -84,18 +83,10 @@ def journey(desk, corvane):
 
 
 def main():
-    corvane, pictures = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
     if not Monitor.is_there():
         print("no MIDI system can be started here")
         return 77
-    with Desk(pictures) as desk:
-        try:
-            journey(desk, corvane)
-        except Failure as failure:
-            desk.picture("failure")
-            print(f"FAILED: {failure}")
-            return 1
-    return 0
+    return take(journey)
 
 
 if __name__ == "__main__":

@@ -5,7 +5,7 @@ import signal
 import sys
 import time
 
-from desk import Desk, Failure, expect, wait_for
+from desk import expect, take, wait_for
 from entry import Plan, Program
 
 
@@ -69,21 +69,13 @@ def nothing_is_left(desk, corvane):
     end_quietly(desk, process)
 
 
-def main():
-    corvane, pictures = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
-    with Desk(pictures) as desk:
-        program = Program(corvane, desk.env)
-        try:
-            plan = compose(program)
-            kill(desk, corvane, plan)
-            start_with_file(desk, program, corvane, plan)
-            nothing_is_left(desk, corvane)
-        except Failure as failure:
-            desk.picture("failure")
-            print(f"FAILED: {failure}")
-            return 1
-    return 0
+def journey(desk, corvane):
+    program = Program(corvane, desk.env)
+    plan = compose(program)
+    kill(desk, corvane, plan)
+    start_with_file(desk, program, corvane, plan)
+    nothing_is_left(desk, corvane)
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(take(journey))
