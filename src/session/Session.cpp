@@ -4,7 +4,6 @@
 
 #include "base/Notify.h"
 #include "edit/Clipboard.h"
-#include "edit/ToolState.h"
 #include "interchange/ImportMidi.h"
 #include "layout/ListaEventi.h"
 #include "layout/PageFit.h"
@@ -168,8 +167,6 @@ Status Session::Save(WindowTarn& window, const std::string& path) {
     if (!saved) return saved;
     if (_backups) _backups->Wrote(path, bytes);
     window.Pool()->SetModified(false);
-    // A single step does not lead back before a save; who keeps more of them keeps these too.
-    if (Switches().undoLevels == 1) window.ForgetUndo();
     window.SetIdentity(FileName(path), path, false, false);
     Remember(path);
     if (foreign && kept) Notify(Severity::Message, ForeignMessage(path));
