@@ -56,9 +56,9 @@ public:
             this);
         _in.openVirtualPort("in");
     }
-    // What has come once `count` messages have, or after two seconds.
+    // What has come once `count` messages have, or after twenty seconds: a busy machine takes its time.
     std::vector<Bytes> Wait(size_t count) {
-        for (int i = 0; i < 2000; ++i) {
+        for (int i = 0; i < 20000; ++i) {
             {
                 const std::lock_guard lock(_mutex);
                 if (_got.size() >= count) break;
