@@ -11,6 +11,8 @@
 
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
+#include "layout/Frames.h"
+#include "model/Par.h"
 #include "model/ScoreCheck.h"
 #include "platform/files/FileSettings.h"
 #include "platform/files/PosixFiles.h"
@@ -18,6 +20,7 @@
 #include "play/DryPlay.h"
 #include "play/NoteDump.h"
 #include "session/ScriptRunner.h"
+#include "store/ObjectFile.h"
 
 namespace corvane {
 namespace {
@@ -110,6 +113,28 @@ TEST_F(SessionTest, WhatAScriptEntersComesBackAndSavesTheSameBytes) {
     ASSERT_TRUE(Run("save " + Path("b.cvm") + "\nopen " + Path("b.cvm") + "\nsave " + Path("c.cvm") + "\n"));
     EXPECT_EQ(Bytes("b.cvm"), Bytes("c.cvm"));
     EXPECT_EQ(Bytes("a.cvm"), Bytes("b.cvm")) << "a score without holes saves as it was loaded";
+}
+
+TEST_F(SessionTest, WhatIsCutIsNotSavedAndCanStillBePasted) {
+    ASSERT_TRUE(Run(kPiece));
+    ASSERT_TRUE(Run("voice 0\ncommand 57642\ncommand 57635\nsave " + Path("cut.cvm") + "\n"));
+    WindowTarn* window = WindowTarn::instance;
+    EXPECT_FALSE(window->CanUndo()) << "the step made room for what is cut";
+    EXPECT_FALSE(window->Modified());
+    {
+        const PoolScope scope(MemoryManager::Instance().NewPool());
+        NewMemoryPool* pool = MemoryManager::Instance().GetCurrentPool();
+        LoadReport report;
+        ASSERT_TRUE(LoadScore(*pool, Bytes("cut.cvm"), &report));
+        EXPECT_TRUE(report.healed.empty()) << report.healed.front();
+        MemoryManager::Instance().DeletePool(pool);
+    }
+    const Measure* first = FirstMeasure(window->GetDocument());
+    window->caret = {FirstMeasure(window->GetDocument()), documentDocStaffs.First(window->GetDocument()),
+                     FrameOf(first).XOf(0), true};
+    ASSERT_TRUE(Run("voice 0\ncommand 57637\ndump notes\n"));
+    EXPECT_GT(std::count(out.begin(), out.end(), '\n'), 0)
+        << "up to the measure that a dot has made too full";
 }
 
 TEST_F(SessionTest, RefusedFilesChangeNothing) {
