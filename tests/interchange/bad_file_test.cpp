@@ -1,5 +1,8 @@
 // MIDI files that lie or exaggerate: a score or the message, and never more memory than 200 bytes for each of
 // the file's and 64 MiB, of which half is left to whoever saves or draws the score.
+#include <algorithm>
+#include <string_view>
+
 #include "HeapMeter.h"
 #include "base/BigEndian.h"
 #include "base/StoredSpace.h"
@@ -15,9 +18,11 @@ class BadFile : public ImportTest {
 protected:
     // A track of raw bytes behind its tag and length.
     static Bytes Chunk(const Bytes& content) {
-        Bytes bytes = {'M', 'T', 'r', 'k', 0, 0, 0, 0};
-        WriteBig32(&bytes[4], static_cast<uint32_t>(content.size()));
-        bytes.insert(bytes.end(), content.begin(), content.end());
+        constexpr std::string_view kTag = "MTrk";
+        Bytes bytes(kTag.size() + 4 + content.size());
+        std::copy(kTag.begin(), kTag.end(), bytes.begin());
+        WriteBig32(&bytes[kTag.size()], static_cast<uint32_t>(content.size()));
+        std::copy(content.begin(), content.end(), bytes.begin() + kTag.size() + 4);
         return bytes;
     }
     static Bytes TempoMap() { return MidiTrackWriter().Finish(); }
