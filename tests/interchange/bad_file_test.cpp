@@ -42,7 +42,7 @@ protected:
         return bytes;
     }
     static Bytes WithoutEnd(Bytes bytes) {
-        bytes.resize(bytes.size() - 4);
+        bytes.erase(bytes.end() - 4, bytes.end());
         return Lying(static_cast<uint32_t>(bytes.size()), bytes);
     }
 
