@@ -10,11 +10,17 @@ namespace {
 
 size_t inUse = 0, peak = 0;
 
-void* Take(size_t size) {
+void* TakeIfThereIs(size_t size) {
     void* place = std::malloc(size);
-    if (!place) throw std::bad_alloc();
+    if (!place) return nullptr;
     inUse += malloc_usable_size(place);
     peak = std::max(peak, inUse);
+    return place;
+}
+
+void* Take(size_t size) {
+    void* place = TakeIfThereIs(size);
+    if (!place) throw std::bad_alloc();
     return place;
 }
 
@@ -25,10 +31,17 @@ void Give(void* place) {
 
 }  // namespace
 
-// What the others of the family do by default comes down to these.
+// All of the family: a sanitizer brings its own for each that is not here.
 void* operator new(size_t size) { return Take(size); }
+void* operator new[](size_t size) { return Take(size); }
+void* operator new(size_t size, const std::nothrow_t&) noexcept { return TakeIfThereIs(size); }
+void* operator new[](size_t size, const std::nothrow_t&) noexcept { return TakeIfThereIs(size); }
 void operator delete(void* place) noexcept { Give(place); }
+void operator delete[](void* place) noexcept { Give(place); }
 void operator delete(void* place, size_t) noexcept { Give(place); }
+void operator delete[](void* place, size_t) noexcept { Give(place); }
+void operator delete(void* place, const std::nothrow_t&) noexcept { Give(place); }
+void operator delete[](void* place, const std::nothrow_t&) noexcept { Give(place); }
 
 namespace corvane {
 
