@@ -138,6 +138,7 @@ NewWindowSheet::NewWindowSheet(int32_t width, int32_t height, int across, int do
 NewWindowSheet::~NewWindowSheet() = default;
 
 void NewWindowSheet::FilePage(Page* page) {
+    _lifted.clear();
     for (Tile& tile : _tiles->tiles) tile = Tile();
     _tiles->entries.clear();
     _page = page;
@@ -146,6 +147,7 @@ void NewWindowSheet::FilePage(Page* page) {
 }
 
 void NewWindowSheet::File(const DrawPatch& patch, int voice) {
+    std::erase(_lifted, patch);
     if (Entry* entry = _tiles->Find(patch)) _tiles->TakeOff(*entry);
     _tiles->File(patch, voice);
 }
@@ -161,6 +163,7 @@ void NewWindowSheet::RemoveObject(const DrawPatch& patch, bool markDirty) {
     Entry* entry = _tiles->Find(patch);
     if (!entry) return;
     if (markDirty) _tiles->MarkDirty(*entry);
+    std::erase(_lifted, patch);
     _tiles->TakeOff(*entry);
 }
 
@@ -195,12 +198,49 @@ bool NewWindowSheet::IsDirty(int tile) const { return _tiles->tiles[static_cast<
 
 void NewWindowSheet::ClearDirty(int tile) { _tiles->tiles[static_cast<size_t>(tile)].dirty = false; }
 
-void NewWindowSheet::Draw(GraphicPort& port, const Rect& area, const DrawContext& context) const {
+DrawContext NewWindowSheet::OurContext(const DrawContext& context) const {
     DrawContext ours = context;
     ours.colouring = _colouring;
     ours.editVoice = _editVoice;
+    return ours;
+}
+
+bool NewWindowSheet::IsLifted(const DrawPatch& patch) const {
+    return std::find(_lifted.begin(), _lifted.end(), patch) != _lifted.end();
+}
+
+void NewWindowSheet::Lift(const std::vector<DrawPatch>& patches) {
+    CORVANE_ASSERT_AS(_lifted.empty(), "!_objVector");
+    for (const DrawPatch& patch : patches)
+        if (const Entry* entry = _tiles->Find(patch)) {
+            _lifted.push_back(patch);
+            _tiles->MarkDirty(*entry);
+        }
+}
+
+void NewWindowSheet::PutDown() {
+    for (const DrawPatch& patch : _lifted) _tiles->MarkDirty(*_tiles->Find(patch));
+    _lifted.clear();
+}
+
+void NewWindowSheet::DrawLifted(GraphicPort& port, Point by, const DrawContext& context) const {
+    const DrawContext ours = OurContext(context);
     const Colour before = port.CurrentColor();
-    for (const Entry* entry : _tiles->Gather(area, [&](const Entry& e) { return e.rect.Meets(area); })) {
+    const Point origin = port.Origin();
+    port.SetOrigin(origin.x - by.x, origin.y - by.y);
+    for (const DrawPatch& patch : _lifted) {
+        port.SetColor(ours.ColourOf(_tiles->Find(patch)->voice));
+        patch.Draw(port, ours);
+    }
+    port.SetOrigin(origin.x, origin.y);
+    port.SetColor(before);
+}
+
+void NewWindowSheet::Draw(GraphicPort& port, const Rect& area, const DrawContext& context) const {
+    const DrawContext ours = OurContext(context);
+    const Colour before = port.CurrentColor();
+    const auto isSeen = [&](const Entry& e) { return e.rect.Meets(area) && !IsLifted(e.patch); };
+    for (const Entry* entry : _tiles->Gather(area, isSeen)) {
         port.SetColor(ours.ColourOf(entry->voice));
         entry->patch.Draw(port, ours);
     }

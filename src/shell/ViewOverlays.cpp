@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "edit/PaletteTable.h"
+#include "edit/SessionChoices.h"
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "layout/Frames.h"
@@ -62,8 +63,9 @@ int32_t OverlayPaint::Y(int32_t units) const { return corner.y + scale.Pixels(un
 
 void PaintMargins(const OverlayPaint& paint, const Page& page) {
     const Rect paper = PageRect(&page);
-    const QRect free(QPoint(paint.X(paper.left + page._leftMargin), paint.Y(paper.top + page._topMargin)),
-                     QPoint(paint.X(paper.right - page._rightMargin), paint.Y(paper.bottom - page._bottomMargin)));
+    const QRect free(
+        QPoint(paint.X(paper.left + page._leftMargin), paint.Y(paper.top + page._topMargin)),
+        QPoint(paint.X(paper.right - page._rightMargin), paint.Y(paper.bottom - page._bottomMargin)));
     paint.painter.save();
     paint.painter.setPen(QPen(kMarginColour, std::max(1, paint.scale.PixelsOf(1)), Qt::DashLine));
     paint.painter.setBrush(Qt::NoBrush);
@@ -121,6 +123,19 @@ void PaintPlayMark(const OverlayPaint& paint, const CursorMark& mark) {
 }
 
 bool HasGhost() { return ItemAtHand() != nullptr; }
+
+void PaintDragged(const OverlayPaint& paint, const WindowTarn& window) {
+    if (!window.interaction) return;
+    paint.painter.save();
+    paint.painter.scale(paint.scale.Ratio(), paint.scale.Ratio());
+    {
+        QtPort port(paint.painter, paint.scale.Dpi());
+        port.SetZoomRatio(paint.scale.Zoom());
+        port.SetDeviceOffset(paint.corner.x, paint.corner.y);
+        window.interaction->Draw(port, ContextFor(false));
+    }
+    paint.painter.restore();
+}
 
 void PaintGhost(const OverlayPaint& paint, WindowTarn& window, Point p) {
     const PaletteItem* item = ItemAtHand();
