@@ -116,6 +116,9 @@ void SettleCrossing(MeasureStaff* crossing) {
     if (HeldVoices(crossing) > 1)
         for (Voice* voice : measureStaffVoices.Of(crossing))
             if (!voiceSymbols.IsEmpty(voice)) RestemVoice(voice);
+    // An accidental holds for what stands behind it, so all need a place before any is judged.
+    for (Voice* voice : measureStaffVoices.Of(crossing))
+        if (!voiceSymbols.IsEmpty(voice)) SpaceVoice(voice);
     RedoAccidentals(crossing);
 }
 
