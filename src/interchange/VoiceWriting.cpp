@@ -124,9 +124,16 @@ void SettleCrossing(MeasureStaff* crossing) {
 
 void RespaceMeasure(Measure* measure) {
     ListaEventi list(measure, SpacingRoom());
-    const bool canBe = list.CanBeSpaced();
-    if (canBe) list.LayOut(spacingTable);
-    const bool fits = canBe && HasRoom(list, FrameOf(measure).NoteArea());
+    const int32_t noteArea = FrameOf(measure).NoteArea();
+    // A full measure has room for what stands there, and the rest by duration.
+    constexpr SpacingTable kNoMoreThanNeeded = {{}};
+    bool fits = false;
+    if (list.CanBeSpaced())
+        for (const SpacingTable& table : {spacingTable, kNoMoreThanNeeded}) {
+            list.LayOut(table);
+            fits = HasRoom(list, noteArea);
+            if (fits) break;
+        }
     if (fits) list.Put();
     for (const MeasureStaff* crossing : measureStaffs.Of(measure))
         for (Voice* voice : measureStaffVoices.Of(crossing))
