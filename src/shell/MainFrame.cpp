@@ -129,8 +129,7 @@ void MainFrame::ShowScore(WindowTarn& window) {
     window.Sheet().SetColouring({ColoursVoices(), _session.Preferences().voiceColours});
     window.Sheet().SetEditVoice(Tools().currentVoice);
     ScoreView* view = _tabs->Add(window);
-    view->SetContext(ScreenContext());
-    view->ShowMargins(_margins);
+    view->ShowMargins(ShowsMargins());
     view->OnZoomed([this] { _toolStrip->Refresh(); });
     TabChanged();
 }
@@ -158,15 +157,6 @@ void MainFrame::GoToPage(int number) {
 }
 
 // ---- preferences
-
-DrawContext MainFrame::ScreenContext() {
-    const SessionPreferences& p = _session.Preferences();
-    DrawContext context;
-    context.hiddenNotes = {IsOn(p, SessionWord::ShowHiddenNotes), IsOn(p, SessionWord::HideNotesInPrint)};
-    context.hiddenStems = {IsOn(p, SessionWord::ShowHiddenStems), IsOn(p, SessionWord::HideStemsInPrint)};
-    context.hiddenRests = {IsOn(p, SessionWord::ShowHiddenRests), IsOn(p, SessionWord::HideRestsInPrint)};
-    return context;
-}
 
 void MainFrame::TakeSwitches() {
     const SessionPreferences& preferences = _session.Preferences();
@@ -197,8 +187,11 @@ void MainFrame::ColourVoices(bool on) {
     }
 }
 
+bool MainFrame::ShowsMargins() { return IsOn(_session.Preferences(), SessionWord::ShowMargins); }
+
 void MainFrame::ShowMargins(bool show) {
-    _margins = show;
+    SetWord(_session.Preferences(), SessionWord::ShowMargins, show);
+    KeepSwitches();
     for (const auto& window : _session.Windows())
         if (ScoreView* view = _tabs->ViewOf(*window)) view->ShowMargins(show);
 }
