@@ -261,9 +261,15 @@ TEST_F(SpacingTest, TheHeaderHoldsTheWidestSignsWithTheirGaps) {
 
     Preferences<TimeMeasurePref>(document)->_showTimeSignature = 0;
     EXPECT_EQ(NoteAreaLeft(first), 100 + clef + 200);
-    Preferences<PagePref>(document)->_barlineClefGap = 30;
-    Preferences<PagePref>(document)->_firstNoteGap = 10;
+    PagePref& gaps = *Preferences<PagePref>(document);
+    gaps._barlineClefGap = 30;
+    gaps._clefKeyGap = 45;
+    gaps._keyTimeGap = 70;
+    gaps._firstNoteGap = 10;
     EXPECT_EQ(NoteAreaLeft(first), 30 + clef + 10);
+    EXPECT_EQ(NoteAreaLeft(second), 30 + clef + 45 + width("cs2%+++----") + 10);
+    Preferences<TimeMeasurePref>(document)->_showTimeSignature = 1;
+    EXPECT_EQ(NoteAreaLeft(first), 30 + clef + 70 + time + 10);
 }
 
 TEST_F(SpacingTest, SignsStandInColumnsOnTheirLines) {
