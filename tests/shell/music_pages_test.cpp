@@ -9,6 +9,7 @@
 
 #include "ViewFixture.h"
 #include "graphics/MemoryPort.h"
+#include "layout/Beaming.h"
 #include "layout/NoteGeometry.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -162,6 +163,44 @@ TEST_P(MusicPages, PartsOfAPaintJoinToTheWholePixelForPixelAlsoBehindAnEdit) {
         window->Undo();
         EXPECT_TRUE(Pieced(cache, scale) == AtOnce(scale));
     }
+}
+
+TEST_P(MusicPages, BehindEveryKindOfEditTheKeptTilesFitTheNewOnes) {
+    const ViewScale scale;
+    TileCache cache;
+    Pieced(cache, scale);
+    for (const char* step : {
+             "command 32819 from=3 to=4 interval=m3",
+             "command 32781 fifths=4 from=2",
+             "command 32807 mode=mathematical from=1 to=5",
+             "command 32817 from=2 by=half",
+             "undo",
+             "command 33031 from=1 to=2",
+             "command 33028 from=2",
+             "command 40027 from=1 to=3",
+             "command 33087",
+             "command 32807 mode=engraver from=1 to=6",
+             "command 32783 measure=3 type=double",
+             "command 32778 measure=2 figure=4 bpm=90",
+             "command 32797 measure=2 text=Fine",
+             "command 32796 from=2 to=4 text=1.",
+             "command 32782 at=every",
+             "command 32777 from=2 to=2 size=80",
+             "command 32791 count=1 after=2",
+             "undo",
+             "redo",
+             "command 32794 from=2 to=2",
+             "undo",
+         }) {
+        SCOPED_TRACE(step);
+        std::string out;
+        ScriptRunner runner(
+            _session, [](WindowTarn&, const std::string&, int, int) { return Status::Ok(); }, out);
+        const Status status = runner.Run(step);
+        EXPECT_TRUE(status) << status.message();
+        EXPECT_TRUE(Pieced(cache, scale) == AtOnce(scale));
+    }
+    SetAngledBeams(true);
 }
 
 TEST_P(MusicPages, TheViewShowsEachPartAsItShowsTheWhole) {
