@@ -12,6 +12,17 @@
 
 namespace corvane {
 
+namespace {
+
+// The words of an entry with the first key that it has.
+QString TipOf(const MenuRow& row) {
+    const QStringList text = QString(row.text).remove('&').remove("...").split('\t');
+    const QStringList keys = text.mid(1) + QString(row.keys).split("; ", Qt::SkipEmptyParts);
+    return keys.isEmpty() ? text.front() : QString("%1 (%2)").arg(text.front(), keys.front());
+}
+
+}  // namespace
+
 ActionSet::ActionSet(MainFrame& frame) : _frame(frame) {
     for (const MenuRow& row : MenuRows()) {
         QMenu& menu = MenuOf(row.menu);
@@ -40,6 +51,7 @@ void ActionSet::Add(QMenu& menu, const MenuRow& row) {
     action->setShortcuts(QKeySequence::listFromString(row.keys));
     action->setCheckable(row.checked != nullptr);
     if (row.picture) action->setIcon(ToolIcon(*row.picture));
+    if (row.picture) action->setToolTip(TipOf(row));
     action->setIconVisibleInMenu(false);
     connect(action, &QAction::triggered, this, [this, &row] { Run(row); });
     menu.addAction(action);

@@ -213,6 +213,7 @@ void MainFrame::ScrollTo(WindowTarn& window, const Rect& units) {
 
 void MainFrame::ToolChanged() {
     _palette->ToolChanged();
+    if (Tools().toolMode == ModePencil && Tools().paletteGroup == kNoteGroup) _palette->raise();
     for (SignDock* dock : _signs) dock->ToolChanged();
     _toolStrip->Refresh();
     _status->ToolChanged();

@@ -125,8 +125,13 @@ template <bool EditSwitches::*Switch>
 bool IsSwitchOn(MainFrame&) {
     return Switches().*Switch;
 }
+template <bool ToolState::*Switch>
+bool IsToolSwitchOn(MainFrame&) {
+    return Tools().*Switch;
+}
 
 using S = EditSwitches;
+using T = ToolState;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
 constexpr int kOpenBackupId = 40001, kPreviewId = 40030;
 constexpr const char *kFile = "&File", *kEdit = "&Edit", *kEditGo = "&Edit/&Go", *kView = "&View",
@@ -158,10 +163,10 @@ const MenuRow kRows[] = {
     {kEdit, kUndoId, "&Undo", "Ctrl+Z", {}, {}, {}, {}, ToolPicture::Undo},
     {kEdit, kRedoId, "&Redo", "Ctrl+Shift+Z", {}, {}, {}, {}, ToolPicture::Redo},
     {kEdit, 0},
-    {kEdit, 57635, "Cu&t", "Ctrl+X"},
-    {kEdit, 57634, "&Copy", "Ctrl+C"},
-    {kEdit, 57637, "&Paste", "Ctrl+V"},
-    {kEdit, 32774, "C&lear", "Del"},
+    {kEdit, kCutId, "Cu&t", "Ctrl+X", {}, {}, {}, {}, ToolPicture::Cut},
+    {kEdit, kCopyId, "&Copy", "Ctrl+C", {}, {}, {}, {}, ToolPicture::Copy},
+    {kEdit, kPasteId, "&Paste", "Ctrl+V", {}, {}, {}, {}, ToolPicture::Paste},
+    {kEdit, kClearId, "C&lear", "Del", {}, {}, {}, {}, ToolPicture::Clear},
     {kEdit, 0},
     {kEdit, 40050, "Un&do Levels..."},
     {kEdit, 0},
@@ -288,6 +293,9 @@ const MenuRow kRows[] = {
     {kNotes, 0},
     {kNotes, 32807, "Spacin&g...", "Ctrl+J"},
     {kNotes, 33177, "Spacing Tab&le..."},
+    {kNotes, 0},
+    {kNotes, 40070, "Accidentals in Brac&kets", "", {}, {}, IsToolSwitchOn<&T::accidentParenthesis>},
+    {kNotes, 40071, "O&rnament Accidentals in Brackets", "", {}, {}, IsToolSwitchOn<&T::ornamentParenthesis>},
     {kNotes, 0},
     {kNotes, 32809, "&Auto Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
     {kNotes, 33153, "Delete Notes To &Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},

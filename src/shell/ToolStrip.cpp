@@ -47,6 +47,7 @@ ToolStrip::ToolStrip(MainFrame& frame) : QToolBar("Toolbar"), _frame(frame) {
     setIconSize(QSize(20, 20));
     AddCommands({kNewId, kOpenId, kSaveId});
     AddCommands({kUndoId, kRedoId});
+    AddCommands({kCutId, kCopyId, kPasteId, kClearId});
     AddTools();
     AddVoices();
     AddCommands({kPlayId, kStopId});

@@ -131,8 +131,7 @@ def journey(desk, corvane):
     expect(told == ({(1, 1): 8, (2, 1): 8}, {(3, 2): 8, (4, 1): 4}), f"the scores hold {told}")
     for path in (first, second):
         expect("sound" in program.run("check", path), f"{path} is not sound")
-    desk.key("ctrl+q")
-    wait_for(lambda: process.poll() is not None, "the program's end")
+    desk.quit(process)
 
 
 if __name__ == "__main__":

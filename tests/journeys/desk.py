@@ -111,6 +111,14 @@ class Desk:
         self.focus()
         return process, int(painted[0][0]) - begin
 
+    def gone(self, process):
+        wait_for(lambda: process.poll() is not None, "the program's end")
+
+    def quit(self, process):
+        """Leaves the program by its key; whatever it asks first is not answered."""
+        self.key("ctrl+q")
+        self.gone(process)
+
     def focus(self):
         """Waits until the program's window has the keyboard."""
         wait_for(lambda: "Corvane" in self.run("xdotool", "getactivewindow", "getwindowname"), "the window")
