@@ -168,8 +168,7 @@ bool SpaceMeasure(Measure* measure, const SpacingRoom& room) {
     std::vector<ClefPlaces> clefs;
     for (const MeasureStaff* crossing : measureStaffs.Of(measure)) clefs.emplace_back(crossing);
     if (!list.Put()) return false;
-    if (!room.clefs)
-        for (const ClefPlaces& each : clefs) each.Apply();
+    for (const ClefPlaces& each : clefs) room.clefs ? each.KeepOrder() : each.Apply();
     for (const MeasureStaff* crossing : measureStaffs.Of(measure))
         for (const Voice* voice : measureStaffVoices.Of(crossing)) RefitBeamsOf(voice);
     return true;
