@@ -153,6 +153,7 @@ bool IsMeasureFull(const Voice* voice, double* sum) {
 bool SpaceVoice(Voice* voice) {
     VoiceSymbol* first = voiceSymbols.First(voice);
     if (!first) return false;
+    const HeadersAtRest headers;
     const ClefPlaces clefs(MeasureStaffPar(voice));
     const bool changed = SpaceEvents(voice, first);
     if (!changed) return false;
@@ -162,6 +163,7 @@ bool SpaceVoice(Voice* voice) {
 }
 
 bool SpaceMeasure(Measure* measure, const SpacingRoom& room) {
+    const HeadersAtRest headers;
     ListaEventi list(measure, room);
     if (!list.CanBeSpaced()) return false;
     list.LayOut(spacingTable);
