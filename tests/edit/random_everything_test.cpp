@@ -12,6 +12,7 @@
 #include "edit_fixture.h"
 #include "layout/Beaming.h"
 #include "layout/NoteGeometry.h"
+#include "layout/PageFiling.h"
 #include "layout/Spacing.h"
 #include "random_arguments.h"
 #include "rebuilt_events.h"
@@ -273,10 +274,20 @@ protected:
         }
     }
 
+    // The sheet holds what the page shows, and nothing that is gone.
+    void ExpectFiled() {
+        size_t shown = 0;
+        ForEachPatch(window->CurrentPage(), [&](const DrawPatch& patch, int) {
+            ++shown;
+            EXPECT_TRUE(window->Sheet().IsFiled(patch)) << patch.ClassNumber();
+        });
+        EXPECT_EQ(window->Sheet().AllPatches().size(), shown);
+    }
     void ExpectAllSound() {
         for (WindowTarn* of : {window.get(), other.get()})
             for (const Finding& finding : CheckScore(*of->Pool(), ClipboardRoots(*of->Pool())))
                 ADD_FAILURE() << TextOf(finding);
+        ExpectFiled();
         EXPECT_LE(Extent().measures, kMostMeasures);
         EXPECT_GT(Extent().staves, 0);
     }
