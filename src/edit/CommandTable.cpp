@@ -49,7 +49,8 @@ std::vector<CommandFamily> CommandFamilies() {
     return {kUndo,           ClipboardCommands(), SwitchCommands(),    SignCommands(),
             NoteCommands(),  GraceCommands(),     BeamCommands(),      MarkOptionCommands(),
             WalkCommands(),  SelectionCommands(), StructureCommands(), SpannerCommands(),
-            MixerCommands(), LayoutCommands(),    FontCommands(),      TextCommands()};
+            MixerCommands(), LayoutCommands(),    FontCommands(),      TextCommands(),
+            HideCommands(),  SignOptionCommands()};
 }
 
 const Command* FindCommand(int id) {

@@ -36,6 +36,8 @@ public:
     int TileCount() const;
     Rect TileRect(int tile) const;  // the outermost tiles reach to the end of the page and beyond
     bool IsDirty(int tile) const;
+    // What of a dirty tile has changed, as one rectangle; empty for a clean one.
+    const Rect& StaleRect(int tile) const;
     void ClearDirty(int tile);
 
     // Draws the objects that meet `area`, each once, in the order of their filing, accidentals and handles

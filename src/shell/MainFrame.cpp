@@ -139,8 +139,7 @@ void MainFrame::ShowScore(WindowTarn& window) {
     window.Sheet().SetColouring({ColoursVoices(), _session.Preferences().voiceColours});
     window.Sheet().SetEditVoice(Tools().currentVoice);
     ScoreView* view = _tabs->Add(window);
-    view->SetContext(ScreenContext());
-    view->ShowMargins(_margins);
+    view->ShowMargins(ShowsMargins());
     view->setContextMenuPolicy(Qt::ActionsContextMenu);
     for (const int id : kContextMenu) view->addAction(id ? _actions->Of(id) : ParterOf(*view));
     view->OnZoomed([this] { _toolStrip->Refresh(); });
@@ -171,15 +170,6 @@ void MainFrame::GoToPage(int number) {
 
 // ---- preferences
 
-DrawContext MainFrame::ScreenContext() {
-    const SessionPreferences& p = _session.Preferences();
-    DrawContext context;
-    context.hiddenNotes = {IsOn(p, SessionWord::ShowHiddenNotes), IsOn(p, SessionWord::HideNotesInPrint)};
-    context.hiddenStems = {IsOn(p, SessionWord::ShowHiddenStems), IsOn(p, SessionWord::HideStemsInPrint)};
-    context.hiddenRests = {IsOn(p, SessionWord::ShowHiddenRests), IsOn(p, SessionWord::HideRestsInPrint)};
-    return context;
-}
-
 void MainFrame::TakeSwitches() {
     const SessionPreferences& preferences = _session.Preferences();
     Switches().playbackNotes = IsOn(preferences, SessionWord::PlaybackNotes);
@@ -209,8 +199,11 @@ void MainFrame::ColourVoices(bool on) {
     }
 }
 
+bool MainFrame::ShowsMargins() { return IsOn(_session.Preferences(), SessionWord::ShowMargins); }
+
 void MainFrame::ShowMargins(bool show) {
-    _margins = show;
+    SetWord(_session.Preferences(), SessionWord::ShowMargins, show);
+    KeepSwitches();
     for (const auto& window : _session.Windows())
         if (ScoreView* view = _tabs->ViewOf(*window)) view->ShowMargins(show);
 }

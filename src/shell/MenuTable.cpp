@@ -135,8 +135,8 @@ using T = ToolState;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
 constexpr int kOpenBackupId = 40001, kPreviewId = 40030;
 constexpr const char *kFile = "&File", *kEdit = "&Edit", *kEditGo = "&Edit/&Go", *kView = "&View",
-                     *kScore = "&Score", *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove",
-                     *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
+                     *kViewHide = "&View/Show-&Hide", *kScore = "&Score", *kScoreAdd = "&Score/&Add",
+                     *kScoreRemove = "&Score/&Remove", *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
                      *kNotesBeams = "&Notes/&Beams", *kNotesOptions = "&Notes/Options",
                      *kNotesMove = "&Notes/Mo&ve and Alter", *kTools = "&Tools", *kMidi = "&MIDI",
                      *kHelp = "&Help";
@@ -194,6 +194,12 @@ const MenuRow kRows[] = {
     {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},
     {kView, 33065, "Mar&gins", "", [](MainFrame& f) { f.ShowMargins(!f.ShowsMargins()); }, {}, [](MainFrame& f) { return f.ShowsMargins(); }},
     {kView, 33129, "Voice &Coloring", "", ToggleColours, {}, IsColouring},
+    {kViewHide, 33083, "&Rests", "Ctrl+R"},
+    {kViewHide, 33084, "&Stems", "Alt+U"},
+    {kViewHide, 33085, "&Notes", "Ctrl+H"},
+    {kViewHide, 33086, "&Tuplets", "Alt+I"},
+    {kViewHide, 0},
+    {kViewHide, 33082, "Show-Hide &Options..."},
     {kView, 0},
     {kView, 33071, "50%", "", ZoomTo<50>, HasScore, IsZoom<50>},
     {kView, 33072, "75%", "", ZoomTo<75>, HasScore, IsZoom<75>},
@@ -252,6 +258,8 @@ const MenuRow kRows[] = {
     {kNotes, 33088, "Grace Notes Options...", "Ctrl+G"},
     {kNotes, 32819, "Trans&pose..."},
     {kNotes, 32817, "Change &Durations..."},
+    {kNotes, 32818, "Appl&y Articulations..."},
+    {kNotes, 32814, "Accidentals Options...", "Ctrl+A"},
     {kNotes, 33036, "En&harmonic", "Ctrl+E"},
     {kNotesMove, 40040, "Step &Up\tUp"},
     {kNotesMove, 40041, "Step &Down\tDown"},

@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "edit/CommandTable.h"
+#include "edit/SessionChoices.h"
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
@@ -183,12 +184,6 @@ void ScoreView::ShowMargins(bool show) {
     viewport()->update();
 }
 
-void ScoreView::SetContext(const DrawContext& context) {
-    _context = context;
-    _tiles.Clear();
-    viewport()->update();
-}
-
 void ScoreView::PageChanged() {
     _hover.reset();
     if (_zoom.kind != Zoom::Percent) return SetZoom(_zoom.kind);
@@ -276,7 +271,7 @@ void ScoreView::paintEvent(QPaintEvent* event) {
     const QRectF box = event->region().boundingRect();
     const QRect exposed = QRectF(box.topLeft() * _scale.Ratio(), box.size() * _scale.Ratio()).toAlignedRect();
     painter.translate(corner.x, corner.y);
-    _tiles.Paint(painter, _window.Sheet(), PageUnits(), _scale, _context,
+    _tiles.Paint(painter, _window.Sheet(), PageUnits(), _scale, ContextFor(false),
                  exposed.translated(-corner.x, -corner.y));
     painter.translate(-corner.x, -corner.y);
     PaintOverlays(painter, corner);

@@ -40,8 +40,6 @@ public:
     void StepZoom(int steps);
     void OnZoomed(std::function<void()> told) { _zoomed = std::move(told); }
 
-    // What the pictures depend on besides the sheet; they are made anew.
-    void SetContext(const DrawContext& context);
     void ShowMargins(bool show);
     // The current page is another one, or of another size.
     void PageChanged();
@@ -97,7 +95,6 @@ private:
     TileCache _tiles;
     ViewScale _scale;
     Zoom _zoom;
-    DrawContext _context;
     bool _margins = false;
     std::optional<Point> _hover;  // where the tool would act, page units
     bool _movedByKeys = false;    // and not by the pointer

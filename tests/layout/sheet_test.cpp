@@ -92,6 +92,8 @@ TEST_F(SheetTest, ChangesMakeTheTilesDirtyThatShowThem) {
     box.rect = {50, 250, 60, 260};
     sheet.RedrawObject(PatchFor(box), 1);
     EXPECT_EQ(Dirty(), (TileNumbers{1, 2, 8})) << "where it was and where it is";
+    EXPECT_EQ(sheet.StaleRect(2), (Rect{200, 50, 250, 60})) << "and of each tile no more than that";
+    EXPECT_EQ(sheet.StaleRect(8), (Rect{50, 250, 60, 260}));
     EXPECT_EQ(sheet.AllPatches().size(), 1u);
     EXPECT_EQ(sheet.FiledRect(PatchFor(box)), box.rect);
 
