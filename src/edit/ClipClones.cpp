@@ -156,9 +156,10 @@ bool ClipClones::HasDropped(const Beam* old, const MarkerJoints& joints) const {
     for (const BeamMarker* marker : beamMarkers.Of(old)) {
         if (joints.contains(marker)) continue;
         const BeamSymbol* symbol = beamSymbolAttributes.ParentOf(marker);
-        if (const auto* pause = As<Pause>(symbol)) return _copied.contains(pause);
-        for (const GenericNote* note : stemNotes.Of(As<Stem>(symbol)))
-            if (_copied.contains(ChordPar(note))) return true;
+        if (const auto* pause = As<Pause>(symbol); pause && _copied.contains(pause)) return true;
+        if (const auto* stem = As<Stem>(symbol))
+            for (const GenericNote* note : stemNotes.Of(stem))
+                if (_copied.contains(ChordPar(note))) return true;
     }
     return false;
 }

@@ -6,6 +6,7 @@
 #include "layout/MeasureFlow.h"
 #include "layout/ScoreBuilder.h"
 #include "model/Par.h"
+#include "play/MIDIUtility.h"
 
 namespace corvane {
 namespace {
@@ -31,7 +32,12 @@ Status OnPages(WindowTarn& window, Page* first, const Page* last, Do act) {
 Status FlowMeasures(WindowTarn& window, int count, const MeasureRange& range) {
     if (count < 1) return {Fault::Refused, "The number of measures must be higher than 0!"};
     StructureStep step(window);
-    SetMeasuresPerSystem(window.GetDocument(), SystemPar(range.first), SystemPar(range.last), count);
+    System *first = SystemPar(range.first), *last = SystemPar(range.last);
+    const Measure *from = systemMeasures.First(first), *to = systemMeasures.Last(last);
+    SetMeasuresPerSystem(window.GetDocument(), first, last, count);
+    // Clefs that stood at heads of systems may stand at ends of measures now.
+    for (const Measure* measure = from; measure; measure = measure == to ? nullptr : NextMeasure(measure))
+        RenewHeightsByClefs(measure);
     step.LookForPage();
     return Status::Ok();
 }

@@ -1,11 +1,17 @@
 #include "edit/MeasureRedraw.h"
 
+#include <algorithm>
+
 #include "layout/PageFiling.h"
 #include "model/Par.h"
 #include "play/MIDIUtility.h"
 
 namespace corvane {
 namespace {
+
+// Crossings of those that live. An inner one leaves them to the outer one: what it would file may be released
+// before the outer one ends.
+std::vector<const MeasureStaff*> taken;
 
 bool ReachesOverStaves(const MeasureSymbol* symbol) {
     if (As<CrossBeam>(symbol)) return true;
@@ -30,6 +36,10 @@ std::vector<const MeasureStaff*> CrossingsWith(const MeasureStaff* crossing) {
 
 MeasureRedraw::MeasureRedraw(WindowTarn& window, const MeasureStaff* measureStaff)
     : _window(window), _crossings(CrossingsWith(measureStaff)) {
+    std::erase_if(_crossings, [](const MeasureStaff* crossing) {
+        return std::find(taken.begin(), taken.end(), crossing) != taken.end();
+    });
+    taken.insert(taken.end(), _crossings.begin(), _crossings.end());
     const auto remove = [&](const DrawPatch& patch, int) { _window.Sheet().RemoveObject(patch); };
     for (const MeasureStaff* crossing : _crossings) {
         ForEachPatch(crossing, remove);
@@ -38,6 +48,7 @@ MeasureRedraw::MeasureRedraw(WindowTarn& window, const MeasureStaff* measureStaf
 }
 
 MeasureRedraw::~MeasureRedraw() {
+    taken.resize(taken.size() - _crossings.size());
     const auto add = [&](const DrawPatch& patch, int voice) { _window.Sheet().AddObject(patch, voice); };
     for (const MeasureStaff* crossing : _crossings) {
         RenewHeightsByClefs(crossing);

@@ -1,7 +1,7 @@
 // While this lives, nothing of a staff's events in one measure is on the sheet, nor a spanner that runs over
 // them; at its end everything is filed as it stands then. So an edit may release and move records freely, and
-// the sheet never holds a stale one. Cost: the events of that staff in that measure, its spanners in the
-// system.
+// the sheet never holds a stale one. One within another files nothing that the outer one has taken. Cost: the
+// events of that staff in that measure, its spanners in the system.
 #pragma once
 
 #include <vector>
@@ -18,7 +18,7 @@ public:
 
 private:
     WindowTarn& _window;
-    const std::vector<const MeasureStaff*>
+    std::vector<const MeasureStaff*>
         _crossings;  // all of a measure in which beams or stems reach over staves
 };
 

@@ -13,6 +13,7 @@
 #include "layout/SpannerMarks.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
+#include "play/MIDIUtility.h"
 
 namespace corvane {
 namespace {
@@ -127,7 +128,7 @@ std::vector<System*> TakeOutMeasures(WindowTarn& window, const std::vector<Measu
         BequeathSigns(going, behind);
     }
     for (Measure* measure : going) DestroyMeasure(window, measure);
-    if (head) head->Settle();
+    if (head && head->Settle() && before) RenewHeightsByClefs(before);  // a clef may end it now
     for (const NoteAreas& each : areas) each.Apply();
     for (System* system : systems)
         if (!systemMeasures.IsEmpty(system)) FitMeasures(system);

@@ -182,6 +182,7 @@ void TakeBack(WindowTarn& window, VoiceSymbol* refused) {
     Voice* voice = VoicePar(refused);
     Discard(window, refused);
     if (Switches().autoSpace || !IsInOrder(voice)) SpaceVoice(voice);
+    RenewHeightsByClefs(MeasureStaffPar(voice));
 }
 
 }  // namespace

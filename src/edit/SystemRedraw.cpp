@@ -32,8 +32,7 @@ SystemRedraw::SystemRedraw(WindowTarn& window, const Measure* first, const Measu
 SystemRedraw::~SystemRedraw() {
     for (const NoteAreas& areas : _areas) areas.Apply();
     for (const System* system : _systems)
-        for (const Measure* measure : systemMeasures.Of(system))
-            for (const MeasureStaff* crossing : measureStaffs.Of(measure)) RenewHeightsByClefs(crossing);
+        for (const Measure* measure : systemMeasures.Of(system)) RenewHeightsByClefs(measure);
     for (const System* system : _systems)
         if (IsShown(system))
             ForEachPatch(system,

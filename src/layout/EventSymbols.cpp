@@ -1,6 +1,7 @@
 #include "layout/EventSymbols.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "layout/AccidentalColumns.h"
 #include "layout/Frames.h"
@@ -15,10 +16,16 @@ namespace corvane {
 namespace {
 
 constexpr int32_t kGraceAirPercent = 60;  // of a line distance, behind each grace chord
+constexpr int32_t kEnd = 1000;            // of the note area, per mille
 
 int32_t WidthOf(const VoiceSymbol* symbol) {
     const auto* pause = As<Pause>(symbol);
     return pause ? RectOf(pause).Width() : RectOf(ChordSymbolPar(As<Chords>(symbol))).Width();
+}
+
+// Of a grace chord, or before one.
+int32_t RoomOf(const VoiceSymbol* symbol, const ListaEventi& list) {
+    return WidthOf(symbol) + kGraceAirPercent * list.lineDistance / 100;
 }
 
 int32_t DotRoom(const VoiceSymbol* symbol, int32_t gap) {
@@ -74,6 +81,7 @@ EventSymbol::Extents MusicSymbol::Measure(const ListaEventi& list, int32_t) cons
     Extents extents{GraceRoom(list) + AccidentalRoom(list), WidthOf(_symbol)};
     const auto* notes = Preferences<NotePref>(list.TheDocument());
     if (list.Room().dots) extents.right += DotRoom(_symbol, notes->_dotGap * list.lineDistance / 100);
+    for (const VoiceSymbol* grace : _trailing) extents.right += RoomOf(grace, list);
     return extents;
 }
 
@@ -87,8 +95,7 @@ int32_t MusicSymbol::AccidentalRoom(const ListaEventi& list) const {
 
 int32_t MusicSymbol::GraceRoom(const ListaEventi& list) const {
     int32_t room = 0;
-    for (const VoiceSymbol* grace : _graces)
-        room += WidthOf(grace) + kGraceAirPercent * list.lineDistance / 100;
+    for (const VoiceSymbol* grace : _graces) room += RoomOf(grace, list);
     return room;
 }
 
@@ -103,13 +110,21 @@ int32_t MusicSymbol::AccidentReach() const {
     return reach;
 }
 
-// Grace chords stand directly before the event and its accidentals, the last one next to it.
+// Grace chords stand directly before the event and its accidentals, the last one next to it; where there is
+// no room for that, not before what they follow. Those that nothing follows stand behind the event.
 bool MusicSymbol::Put(const ListaEventi& list, const Event& event) const {
     bool changed = PutX(_symbol, event.x);
     int32_t room = GraceRoom(list) + AccidentalRoom(list);
+    const VoiceSymbol* before = _graces.empty() ? nullptr : voiceSymbols.Prev(_graces.front());
+    const int32_t least = before ? std::min(XOf(before), event.x) : std::numeric_limits<int32_t>::min();
     for (VoiceSymbol* grace : _graces) {
-        changed |= PutX(grace, event.x - room * 1000 / list.Usable());
-        room -= WidthOf(grace) + kGraceAirPercent * list.lineDistance / 100;
+        changed |= PutX(grace, std::max(event.x - room * 1000 / list.Usable(), least));
+        room -= RoomOf(grace, list);
+    }
+    int32_t behind = RoomOf(_symbol, list);
+    for (VoiceSymbol* grace : _trailing) {
+        changed |= PutX(grace, std::max(event.x, std::min(event.x + behind * 1000 / list.Usable(), kEnd)));
+        behind += RoomOf(grace, list);
     }
     return changed;
 }

@@ -5,12 +5,13 @@
 
 namespace corvane {
 
-// A chord or rest, and the grace chords that wait before it.
+// A chord or rest, the grace chords that wait before it, and those behind the last of its voice.
 class MusicSymbol : public EventSymbol {
 public:
     MusicSymbol(VoiceSymbol* symbol, std::vector<VoiceSymbol*> graces)
         : _symbol(symbol), _graces(std::move(graces)) {}
     VoiceSymbol* Symbol() const { return _symbol; }
+    void Trail(std::vector<VoiceSymbol*> graces) { _trailing = std::move(graces); }
     Extents Measure(const ListaEventi& list, int32_t before) const override;
     bool Put(const ListaEventi& list, const Event& event) const override;
     // Of the grace chords, one behind the other, each with some air behind it.
@@ -22,7 +23,7 @@ private:
     int32_t AccidentalRoom(const ListaEventi& list) const;
 
     VoiceSymbol* _symbol;
-    std::vector<VoiceSymbol*> _graces;
+    std::vector<VoiceSymbol*> _graces, _trailing;
 };
 
 // A clef within the measure, left of all that stands at its event.

@@ -55,15 +55,19 @@ ListaEventi::ListaEventi(const Measure* measure, const SpacingRoom& room)
 void ListaEventi::AddVoice(const Voice* voice) {
     double time = 0.0;
     std::vector<VoiceSymbol*> graces;
+    MusicSymbol* last = nullptr;
     for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
         if (IsGrace(symbol)) {
             graces.push_back(symbol);
             continue;
         }
-        EventAt(time).symbols.push_back(std::make_unique<MusicSymbol>(symbol, std::move(graces)));
+        auto event = std::make_unique<MusicSymbol>(symbol, std::move(graces));
+        last = event.get();
+        EventAt(time).symbols.push_back(std::move(event));
         graces.clear();
         time += Duration(symbol) * 0.001;
     }
+    if (last) last->Trail(std::move(graces));
 }
 
 Event& ListaEventi::EventAt(double time) {

@@ -84,6 +84,8 @@ ClefPlaces::ClefPlaces(const MeasureStaff* crossing) {
             const auto [before, behind] = Around(crossing, clef->_place);
             _clefs.push_back({clef, before, behind, before ? XOf(before) : 0, behind ? XOf(behind) : 1000});
         }
+    std::stable_sort(_clefs.begin(), _clefs.end(),
+                     [](const Between& a, const Between& b) { return a.clef->_place < b.clef->_place; });
 }
 
 void ClefPlaces::Apply() const {
@@ -95,6 +97,16 @@ void ClefPlaces::Apply() const {
         const int64_t from = each.clef->_place - each.oldBefore;
         const auto place = static_cast<int32_t>(before + from * (behind - before) / gap);
         each.clef->_place = each.behind ? std::min(place, behind - 1) : std::max(place, before);
+    }
+    KeepOrder();
+}
+
+// Events of different voices may pass each other. The last clef stays with its event, for it is the one that
+// later measures read.
+void ClefPlaces::KeepOrder() const {
+    for (size_t i = _clefs.size(); i > 1; --i) {
+        MovingClaf *left = _clefs[i - 2].clef, *right = _clefs[i - 1].clef;
+        if (left->_place >= right->_place) left->_place = right->_place - 1;
     }
 }
 

@@ -15,12 +15,14 @@ inline constexpr int32_t kMovingClefPercent = 75;
 // Absolute point at which its symbol is drawn, with the side letter 'l'; its staff must be known.
 Point PlaceOf(const MovingClaf* clef);
 
-// Keeps each clef of a crossing between the events that it stands between while these move: made before the
-// move, applied after it.
+// Keeps each clef of a crossing between the events that it stands between while these move, and behind the
+// clefs that it stands behind: made before the move, applied after it.
 class ClefPlaces {
 public:
     explicit ClefPlaces(const MeasureStaff* crossing);
     void Apply() const;
+    // Where the clefs have been moved already.
+    void KeepOrder() const;
 
 private:
     struct Between {
@@ -28,7 +30,7 @@ private:
         const VoiceSymbol *before, *behind;  // null at the ends
         int32_t oldBefore, oldBehind;
     };
-    std::vector<Between> _clefs;
+    std::vector<Between> _clefs;  // from left to right
 };
 
 }  // namespace corvane

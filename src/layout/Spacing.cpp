@@ -153,6 +153,7 @@ bool IsMeasureFull(const Voice* voice, double* sum) {
 bool SpaceVoice(Voice* voice) {
     VoiceSymbol* first = voiceSymbols.First(voice);
     if (!first) return false;
+    const HeadersAtRest headers;
     const ClefPlaces clefs(MeasureStaffPar(voice));
     const bool changed = SpaceEvents(voice, first);
     if (!changed) return false;
@@ -162,14 +163,14 @@ bool SpaceVoice(Voice* voice) {
 }
 
 bool SpaceMeasure(Measure* measure, const SpacingRoom& room) {
+    const HeadersAtRest headers;
     ListaEventi list(measure, room);
     if (!list.CanBeSpaced()) return false;
     list.LayOut(spacingTable);
     std::vector<ClefPlaces> clefs;
     for (const MeasureStaff* crossing : measureStaffs.Of(measure)) clefs.emplace_back(crossing);
     if (!list.Put()) return false;
-    if (!room.clefs)
-        for (const ClefPlaces& each : clefs) each.Apply();
+    for (const ClefPlaces& each : clefs) room.clefs ? each.KeepOrder() : each.Apply();
     for (const MeasureStaff* crossing : measureStaffs.Of(measure))
         for (const Voice* voice : measureStaffVoices.Of(crossing)) RefitBeamsOf(voice);
     return true;

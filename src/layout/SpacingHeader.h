@@ -29,7 +29,7 @@ struct HeaderPlaces {
 HeaderPlaces PlacesOf(const Measure* measure);
 
 // While one of these lives on a thread, each header is worked out once there, however many objects ask for
-// it: for passes over a page that write nothing. They may nest.
+// it: for passes that write nothing to headers. They may nest.
 class HeadersAtRest {
 public:
     HeadersAtRest();

@@ -318,4 +318,8 @@ void RenewHeightsByClefs(const MeasureStaff* crossing) {
                 for (GenericNote* note : chordNotes.Of(chord)) UpdateNoteHeight(note);
 }
 
+void RenewHeightsByClefs(const Measure* measure) {
+    for (const MeasureStaff* crossing : measureStaffs.Of(measure)) RenewHeightsByClefs(crossing);
+}
+
 }  // namespace corvane

@@ -74,6 +74,7 @@ void UpdateNoteHeight(GenericNote* note);
 // The same for all notes of a crossing that has clefs within, after events moved: one may stand on the other
 // side of a clef. Writes only what has changed.
 void RenewHeightsByClefs(const MeasureStaff* crossing);
+void RenewHeightsByClefs(const Measure* measure);
 
 // The note at the other end of a tie that comes to this note, or leaves it; null if there is none.
 GenericNote* TiedFromBefore(const GenericNote* note);

@@ -1,10 +1,12 @@
 #include "shell/ActionSet.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 
 #include "edit/CommandTable.h"
+#include "edit/ToolState.h"
 #include "shell/FormDialog.h"
 #include "shell/MainFrame.h"
 #include "shell/MenuTable.h"
@@ -77,6 +79,23 @@ void ActionSet::Run(const MenuRow& row) {
         if (row.checked) _frame.KeepSwitches();
     }
     _frame.RefreshActions();
+}
+
+bool ActionSet::TellWhyNot(const QKeyEvent& event) {
+    const QKeySequence keys(event.keyCombination());
+    for (const MenuRow& row : MenuRows()) {
+        const QAction* action = row.id ? _actions.at(row.id) : nullptr;
+        if (!action || action->isEnabled() || !action->shortcuts().contains(keys)) continue;
+        WindowTarn* window = _frame.CurrentScore();
+        if (!window)
+            _frame.Tell("Open a score first");
+        else if (FindCommand(row.id))
+            _frame.Tell(RunCommand(*window, row.id).message());
+        else if (IsPlaying())
+            _frame.Tell("Stop the play first");
+        return true;
+    }
+    return false;
 }
 
 void ActionSet::Ask(const CommandForm& form) {

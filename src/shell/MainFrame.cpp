@@ -1,5 +1,6 @@
 #include "shell/MainFrame.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QMimeData>
@@ -11,6 +12,7 @@
 #include "layout/Beaming.h"
 #include "shell/ActionSet.h"
 #include "shell/AuditionPlayer.h"
+#include "shell/MenuTable.h"
 #include "shell/MixerDock.h"
 #include "shell/PaletteDock.h"
 #include "shell/PlayDock.h"
@@ -27,6 +29,14 @@ namespace {
 constexpr const char* kPlaceKey = "Settings/Window";
 constexpr int kWidth = 1280, kHeight = 860;
 constexpr int kSafetyMilliseconds = 80;
+
+constexpr int kContextMenu[] = {kCutId, kCopyId, kPasteId, kClearId, 0, kSelectAllId, kSelectNothingId};
+
+QAction* ParterOf(QWidget& menu) {
+    auto* parter = new QAction(&menu);
+    parter->setSeparator(true);
+    return parter;
+}
 
 QByteArray ReadBytes(const SettingsStore& settings, const char* name) {
     std::vector<uint8_t> bytes;
@@ -130,6 +140,8 @@ void MainFrame::ShowScore(WindowTarn& window) {
     window.Sheet().SetEditVoice(Tools().currentVoice);
     ScoreView* view = _tabs->Add(window);
     view->ShowMargins(ShowsMargins());
+    view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    for (const int id : kContextMenu) view->addAction(id ? _actions->Of(id) : ParterOf(*view));
     view->OnZoomed([this] { _toolStrip->Refresh(); });
     TabChanged();
 }
@@ -266,7 +278,8 @@ void MainFrame::closeEvent(QCloseEvent* event) {
 // Keys that the focused part of the window has no use for belong to the score.
 void MainFrame::keyPressEvent(QKeyEvent* event) {
     ScoreView* view = CurrentView();
-    if (!view || !view->TakeKey(*event)) QMainWindow::keyPressEvent(event);
+    if (view && view->TakeKey(*event)) return;
+    if (!_actions->TellWhyNot(*event)) QMainWindow::keyPressEvent(event);
 }
 
 void MainFrame::dragEnterEvent(QDragEnterEvent* event) {

@@ -281,9 +281,20 @@ void ScoreView::paintEvent(QPaintEvent* event) {
 
 // ---- input
 
+// The menu of the right button is about what it is pressed on.
+void ScoreView::SelectUnder(Point p) {
+    if (Tools().toolMode != ModeArrow || IsPlaying()) return;
+    const std::vector<Rect> selected = SelectionRects(_window);
+    if (std::any_of(selected.begin(), selected.end(), [p](const Rect& r) { return r.EnclosesStrictly(p); })) return;
+    MouseDown(_window, p.x, p.y, 0);
+    MouseUp(_window, p.x, p.y);
+    viewport()->update();
+}
+
 void ScoreView::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return event->ignore();
     const Point p = UnitsAt(event->position());
+    if (event->button() == Qt::RightButton) SelectUnder(p);
+    if (event->button() != Qt::LeftButton) return event->ignore();
     MouseDown(_window, p.x, p.y, ModifiersOf(event->modifiers()));
     viewport()->update();
 }
@@ -341,7 +352,24 @@ bool ScoreView::TakeMove(const QKeyEvent& event) {
     return true;
 }
 
+// Of two presses the first takes the selection away, the second the pencil or the eraser.
+void ScoreView::TakeEscape() {
+    if (Tools().toolMode == ModeArrow || IsPlaying()) return;
+    SetToolMode(ModeArrow);
+    ApplyToolMode();
+}
+
+bool ScoreView::focusNextPrevChild(bool next) {
+    const QKeyEvent walk(QEvent::KeyPress, next ? Qt::Key_Right : Qt::Key_Left, Qt::NoModifier);
+    return TakeMove(walk) || QAbstractScrollArea::focusNextPrevChild(next);
+}
+
 void ScoreView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F6) {
+        QAbstractScrollArea::focusNextPrevChild(!(event->modifiers() & Qt::ShiftModifier));
+        return;
+    }
+    if (event->key() == Qt::Key_Escape) return TakeEscape();
     if (!TakeKey(*event) && !TakeMove(*event)) QAbstractScrollArea::keyPressEvent(event);
 }
 

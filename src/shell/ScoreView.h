@@ -71,6 +71,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    // Tab walks within the score; F6 leaves it.
+    bool focusNextPrevChild(bool next) override;
     void wheelEvent(QWheelEvent* event) override;
     void changeEvent(QEvent* event) override;
 
@@ -78,6 +80,8 @@ private:
     Rect PageUnits() const;
     QSize PagePixels() const;
     Point PageCorner() const;                    // in the view, pixels
+    void SelectUnder(Point p);
+    void TakeEscape();
     Point UnitsAt(const QPointF& points) const;  // of a place in the view
     void FitScale();
     void FitScrollBars();

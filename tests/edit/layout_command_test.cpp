@@ -90,6 +90,26 @@ TEST_F(LayoutCommands, SpacingReachesItsRangeAndNoFurther) {
     EXPECT_EQ(Xs(3, 1), even);
 }
 
+TEST_F(LayoutCommands, GraceNotesKeepTheirPlacesAmongTheEvents) {
+    constexpr int kThirtySecond = 13;
+    const auto grace = [&](int perMille) {
+        Tools().graceMode = true;
+        Enter(kEighth, 1, 1, perMille, 5);
+        Tools().graceMode = false;
+    };
+    Switches().autoSpace = false;
+    Enter(kQuarter, 1, 1, 5, 3);
+    for (int i = 1; i < 8; ++i) Enter(kThirtySecond, 1, 1, 5 + 100 * i, 3);
+    for (int i = 0; i < 8; ++i) grace(55 + 100 * i);  // nothing follows the last one
+    ASSERT_EQ(Xs(1, 1).size(), 16u);
+    Switches().autoSpace = true;
+    // The long note gives its room to the short ones, so that the first of them begins where it does.
+    ASSERT_TRUE(Run(kSpacingTable, {{"1/32", "10"}}));
+    RunAndBack(kSpacing, {{"from", "1"}, {"to", "1"}});
+    const Xv crowded = Xs(1, 1);
+    EXPECT_TRUE(std::is_sorted(crowded.begin(), crowded.end()));
+}
+
 TEST_F(LayoutCommands, OneVoiceOfASelectionIsSpacedAlone) {
     OpenPages(1, "SS");
     for (const int staff : {1, 2}) {
@@ -133,6 +153,15 @@ TEST_F(LayoutCommands, PaperAndMarginsMoveSystems) {
     EXPECT_EQ(SystemNumber(2, 3)->_right, 6000 - 500 - 550);
     EXPECT_EQ(Tops(PageNumber(1)), (Xv{1800, 3617, 5434}));
     ExpectFitted();
+}
+
+TEST_F(LayoutCommands, TheLeastPaperHoldsThreeSystems) {
+    OpenPages(1, "S", 2, 3);
+    // 5950 - 1800 - 750 leaves 3400: bands of 1133; 4060 - 1600 - 550 leaves 1910 for two measures.
+    RunAndBack(kPageSetup, {{"height", "5950"}, {"width", "4060"}});
+    EXPECT_EQ(Tops(PageNumber(1)), (Xv{1800, 2933, 4066}));
+    EXPECT_EQ(SystemNumber(1, 1)->_right, 1910);
+    EXPECT_EQ(SystemNumber(1, 3)->_bottom, 4066 + 400) << "it ends with its only staff";
 }
 
 TEST_F(LayoutCommands, StavesKeepTheDistancesThatNobodyChanged) {

@@ -1,30 +1,21 @@
 // Thousands of random presses, keys, undos and redos: the score stays sound, and undo gives back every byte.
-#include <cstdlib>
-#include <random>
-
 #include "base/Notify.h"
 #include "edit/Clipboard.h"
 #include "edit/CommandTable.h"
 #include "edit_fixture.h"
 #include "layout/Beaming.h"
 #include "play/MIDIUtility.h"
+#include "random_steps.h"
 #include "state_keeper.h"
 
 namespace corvane {
 namespace {
 
-int StepCount() {
-    const char* asked = std::getenv("CORVANE_RANDOM_STEPS");
-    return asked ? std::atoi(asked) : 400;
-}
-unsigned Seed() {
-    const char* asked = std::getenv("CORVANE_RANDOM_SEED");
-    return asked ? static_cast<unsigned>(std::atoi(asked)) : 1;
-}
+int StepCount() { return RandomSteps(400); }
 
 class RandomEdits : public EditTest {
 protected:
-    int Pick(int low, int high) { return std::uniform_int_distribution<int>(low, high)(_random); }
+    int Pick(int low, int high) { return _dice.Pick(low, high); }
 
     void RandomPress() {
         const int mode = Pick(0, 9) == 0 ? ModeEraser : ModePencil;
@@ -53,7 +44,7 @@ protected:
         }
     }
 
-    std::mt19937 _random{Seed()};
+    Dice _dice{RandomSeed(1)};
 };
 
 // The events that the edits have kept are those that the notation gives.

@@ -2,25 +2,19 @@
 // what the notation gives.
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <random>
 #include <sstream>
 
 #include "edit/CommandTable.h"
 #include "play/MIDIUtility.h"
+#include "random_steps.h"
 #include "spanner_fixture.h"
 
 namespace corvane {
 namespace {
 
-int FromEnvironment(const char* name, int usual) {
-    const char* asked = std::getenv(name);
-    return asked ? std::atoi(asked) : usual;
-}
-
 class RandomSound : public SpannerTest {
 protected:
-    int Pick(int low, int high) { return std::uniform_int_distribution<int>(low, high)(_random); }
+    int Pick(int low, int high) { return _dice.Pick(low, high); }
 
     int AnyMeasure() {
         int count = 1;
@@ -129,12 +123,12 @@ private:
         return rows;
     }
 
-    std::mt19937 _random{static_cast<unsigned>(FromEnvironment("CORVANE_RANDOM_SEED", 3))};
+    Dice _dice{RandomSeed(3)};
 };
 
 TEST_F(RandomSound, IsWhatTheNotationTells) {
     size_t most = 0;
-    const int steps = FromEnvironment("CORVANE_RANDOM_STEPS", 400);
+    const int steps = RandomSteps(400);
     for (int step = 0; step < steps; ++step) {
         const std::string before = Notes();
         RandomStep();

@@ -37,6 +37,17 @@ TEST_F(TieTest, OverTheBarlineTwoNotesSoundOnceAndShowOneAccidental) {
     EXPECT_EQ(Accidentals(2, 1), "d-");
 }
 
+TEST_F(TieTest, ANoteBetweenTiedNotesUnderABeamLeavesNothingOfTheOldBeamOnTheSheet) {
+    Fill(1, 1, "8:5 8:5 8:5 8:5");
+    Lasso(1, -50, 1, 200);
+    Do(kTieNotes, {});
+    ASSERT_TRUE(AreTied(Head(1, 1, 0), Head(1, 1, 1)));
+    const int32_t between = (XOf(Event(1, 1, 0)) + XOf(Event(1, 1, 1))) / 2;
+    Step([&] { Enter(kEighth, 1, 1, between, 8); });
+    EXPECT_EQ(Events(1, 1).size(), 5u);
+    EXPECT_EQ(Count(TieValue::kClass), 0);
+}
+
 TEST_F(TieTest, WhichNotesAreTied) {
     Fill(1, 1, "4:5 4:5 4:4 4:5");
     const std::vector<GenericNote*> heads{Head(1, 1, 0), Head(1, 1, 1), Head(1, 1, 2), Head(1, 1, 3)};

@@ -77,10 +77,11 @@ def copy_between(scores):
     desk = scores.desk
     scores.band(1)
     desk.picture("3-selected")
-    desk.key("ctrl+c")
+    desk.press_widget("command 57634")
     scores.show("b.cvm")
     scores.click(2, 10, 14)
-    desk.key("ctrl+v")
+    desk.settled()
+    desk.press_widget("command 57637")
     scores.click(3, 10, 2, staff=2)
     desk.key("ctrl+v")
     desk.picture("4-pasted")

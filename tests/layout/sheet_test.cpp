@@ -111,6 +111,11 @@ TEST_F(SheetTest, ChangesMakeTheTilesDirtyThatShowThem) {
     Clean();
     sheet.RemoveObject(PatchFor(box), false);
     EXPECT_EQ(Dirty(), TileNumbers{});
+    sheet.MarkDirty({310, 110, 320, 120});
+    sheet.MarkDirty({340, 150, 350, 160});
+    EXPECT_EQ(sheet.StaleRect(7), (Rect{310, 110, 350, 160})) << "around all that has changed";
+    Clean();
+    EXPECT_TRUE(sheet.StaleRect(7).IsEmpty());
     sheet.MarkDirty({399, 199, 401, 201});
     EXPECT_EQ(Dirty(), (TileNumbers{7, 11}));
 }

@@ -183,6 +183,8 @@ TEST_P(MusicPages, BehindEveryKindOfEditTheKeptTilesFitTheNewOnes) {
              "command 32783 measure=3 type=double",
              "command 32778 measure=2 figure=4 bpm=90",
              "command 32797 measure=2 text=Fine",
+             "command 32797 measure=2 text=Fine",
+             "command 40011 text=",
              "command 32796 from=2 to=4 text=1.",
              "command 32782 at=every",
              "command 32777 from=2 to=2 size=80",
