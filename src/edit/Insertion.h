@@ -59,6 +59,8 @@ GenericNote* NoteUnder(WindowTarn& window, Point p);
 // The same for a handler that needs one: without a note the person is told so.
 GenericNote* NoteFor(const InsertionPlace& place);
 DrawPatch EventUnder(WindowTarn& window, Point p);
+// For what belongs to a chord: the note under the press, else one of the chord whose stem is.
+GenericNote* ChordNoteFor(const InsertionPlace& place);
 
 // A chord with one note, linked in voice, column and stem, its flag attached; x in per mille decides its
 // place among the voice's events. Makes no timed events and does not space.

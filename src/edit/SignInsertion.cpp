@@ -51,7 +51,7 @@ void FitStemTo(const FontSymbol* strokes, Stem* stem) {
 }  // namespace
 
 void NoteSignInsertion(const InsertionPlace& place, int16_t classNumber, std::string_view descriptor) {
-    GenericNote* note = NoteFor(place);
+    GenericNote* note = ChordNoteFor(place);
     if (!note) return;
     const MeasureRedraw redraw(place.window, MeasureStaffPar(note));
     const std::string name = SymbolNameFor(descriptor, classNumber, As<Grace>(note) != nullptr);
@@ -73,7 +73,7 @@ void ClearNoteSign(WindowTarn& window, const GenericNote* note, int16_t classNum
 }
 
 void TremoloInsertion(const InsertionPlace& place, std::string_view descriptor) {
-    const GenericNote* note = NoteFor(place);
+    const GenericNote* note = ChordNoteFor(place);
     if (!note) return;
     if (As<Grace>(note)) return place.window.Shell().Tell("Grace notes have no tremolo.");
     Chords* chord = ChordPar(note);

@@ -150,6 +150,7 @@ NewWindowSheet::~NewWindowSheet() = default;
 
 void NewWindowSheet::FilePage(Page* page) {
     const HeadersAtRest headers;
+    _lifted.clear();
     for (Tile& tile : _tiles->tiles) tile = Tile();
     _tiles->entries.clear();
     _page = page;
@@ -158,6 +159,7 @@ void NewWindowSheet::FilePage(Page* page) {
 }
 
 void NewWindowSheet::File(const DrawPatch& patch, int voice) {
+    std::erase(_lifted, patch);
     if (Entry* entry = _tiles->Find(patch)) _tiles->TakeOff(*entry);
     _tiles->File(patch, voice);
 }
@@ -173,6 +175,7 @@ void NewWindowSheet::RemoveObject(const DrawPatch& patch, bool markDirty) {
     Entry* entry = _tiles->Find(patch);
     if (!entry) return;
     if (markDirty) _tiles->MarkDirty(entry->rect);
+    std::erase(_lifted, patch);
     _tiles->TakeOff(*entry);
 }
 
@@ -204,13 +207,50 @@ bool NewWindowSheet::IsDirty(int tile) const { return !StaleRect(tile).IsEmpty()
 
 void NewWindowSheet::ClearDirty(int tile) { _tiles->tiles[static_cast<size_t>(tile)].stale = {}; }
 
-void NewWindowSheet::Draw(GraphicPort& port, const Rect& area, const DrawContext& context) const {
-    const HeadersAtRest headers;
+DrawContext NewWindowSheet::OurContext(const DrawContext& context) const {
     DrawContext ours = context;
     ours.colouring = _colouring;
     ours.editVoice = _editVoice;
+    return ours;
+}
+
+bool NewWindowSheet::IsLifted(const DrawPatch& patch) const {
+    return std::find(_lifted.begin(), _lifted.end(), patch) != _lifted.end();
+}
+
+void NewWindowSheet::Lift(const std::vector<DrawPatch>& patches) {
+    CORVANE_ASSERT_AS(_lifted.empty(), "!_objVector");
+    for (const DrawPatch& patch : patches)
+        if (const Entry* entry = _tiles->Find(patch)) {
+            _lifted.push_back(patch);
+            MarkDirty(entry->rect);
+        }
+}
+
+void NewWindowSheet::PutDown() {
+    for (const DrawPatch& patch : _lifted) MarkDirty(FiledRect(patch));
+    _lifted.clear();
+}
+
+void NewWindowSheet::DrawLifted(GraphicPort& port, Point by, const DrawContext& context) const {
+    const DrawContext ours = OurContext(context);
     const Colour before = port.CurrentColor();
-    for (const Entry* entry : _tiles->Gather(area, [&](const Entry& e) { return e.rect.Meets(area); })) {
+    const Point origin = port.Origin();
+    port.SetOrigin(origin.x - by.x, origin.y - by.y);
+    for (const DrawPatch& patch : _lifted) {
+        port.SetColor(ours.ColourOf(_tiles->Find(patch)->voice));
+        patch.Draw(port, ours);
+    }
+    port.SetOrigin(origin.x, origin.y);
+    port.SetColor(before);
+}
+
+void NewWindowSheet::Draw(GraphicPort& port, const Rect& area, const DrawContext& context) const {
+    const HeadersAtRest headers;
+    const DrawContext ours = OurContext(context);
+    const Colour before = port.CurrentColor();
+    const auto isSeen = [&](const Entry& e) { return e.rect.Meets(area) && !IsLifted(e.patch); };
+    for (const Entry* entry : _tiles->Gather(area, isSeen)) {
         port.SetColor(ours.ColourOf(entry->voice));
         entry->patch.Draw(port, ours);
     }

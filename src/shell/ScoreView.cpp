@@ -255,6 +255,7 @@ void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
     const OverlayPaint paint{painter, _scale, corner, palette().color(QPalette::Highlight)};
     if (_margins && _window.CurrentPage()) PaintMargins(paint, *_window.CurrentPage());
     PaintSelection(paint, _window);
+    PaintDragged(paint, _window);
     PaintCaret(paint, _window.caret, _window.CurrentPage());
     if (_hover) PaintGhost(paint, _window, *_hover);
     if (_hover && _movedByKeys && !HasGhost() && Tools().toolMode != ModeArrow) PaintPen(paint, *_hover);

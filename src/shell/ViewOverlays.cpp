@@ -4,6 +4,7 @@
 #include <QRegion>
 
 #include "edit/PaletteTable.h"
+#include "edit/SessionChoices.h"
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "layout/Frames.h"
@@ -136,6 +137,19 @@ void PaintPlayMark(const OverlayPaint& paint, const CursorMark& mark) {
 }
 
 bool HasGhost() { return ItemAtHand() != nullptr; }
+
+void PaintDragged(const OverlayPaint& paint, const WindowTarn& window) {
+    if (!window.interaction) return;
+    paint.painter.save();
+    paint.painter.scale(paint.scale.Ratio(), paint.scale.Ratio());
+    {
+        QtPort port(paint.painter, paint.scale.Dpi());
+        port.SetZoomRatio(paint.scale.Zoom());
+        port.SetDeviceOffset(paint.corner.x, paint.corner.y);
+        window.interaction->Draw(port, ContextFor(false));
+    }
+    paint.painter.restore();
+}
 
 void PaintGhost(const OverlayPaint& paint, WindowTarn& window, Point p) {
     const PaletteItem* item = ItemAtHand();
