@@ -28,7 +28,7 @@ void InsertOneNote(benchmark::State& state) {
         state.ResumeTiming();
     }
 }
-BENCHMARK(InsertOneNote)->Arg(10)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(InsertOneNote)->Arg(10)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
 
 void UndoOneNote(benchmark::State& state) {
     StartUpForBench();

@@ -71,11 +71,12 @@ void SelectAllAndDelete(benchmark::State& state) {
 }
 BENCHMARK(SelectAllAndDelete)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 
-// So many measures of eight notes each into a score that is empty so far.
+// So many measures of eight notes each into an empty score of that many.
 void PasteMeasures(benchmark::State& state) {
     StartUpForBench();
     const int measures = static_cast<int>(state.range(0));
-    auto source = LargeScore(measures, "S", 8, true), target = LargeScore(measures, "S", 0);
+    auto source = LargeScore(measures, "S", 8, true),
+         target = LargeScore(static_cast<int>(state.range(1)), "S", 0);
     Tools() = ToolState();
     Switches() = EditSwitches();
     source->TheSelection().SelectAll();
@@ -91,7 +92,11 @@ void PasteMeasures(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations() * measures);
 }
-BENCHMARK(PasteMeasures)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK(PasteMeasures)
+    ->Args({100, 100})
+    ->Args({1000, 1000})
+    ->Args({1000, 10000})
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace corvane

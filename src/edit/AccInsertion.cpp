@@ -79,6 +79,15 @@ GenericNote* NoteFor(const InsertionPlace& place) {
     return note;
 }
 
+GenericNote* ChordNoteFor(const InsertionPlace& place) {
+    const DrawPatch patch = EventUnder(place.window, place.point);
+    const auto* column = patch ? patch.Record<ChordSymbol>() : nullptr;
+    if (column && !NoteUnder(place.window, place.point))
+        for (const Stem* stem : chordSymbolStems.Of(column))
+            if (HitAreaOf(Column(stem)).EnclosesStrictly(place.point)) return NoteOuter(stem);
+    return NoteFor(place);
+}
+
 void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
     GenericNote* note = NoteFor(place);
     if (!note) return;

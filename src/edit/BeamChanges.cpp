@@ -37,6 +37,23 @@ Status ChangeBeams(WindowTarn& window, const ChosenSymbols& events, const HandBe
     return Status::Ok();
 }
 
+// Whether a chosen event and a chosen one behind the barline after it are beamed but for that barline.
+bool IsOverBarline(const VoiceSymbol* event, const ChosenEvents& chosen) {
+    const Voice* voice = VoicePar(event);
+    const Measure* next = voiceSymbols.Last(voice) == event ? NextMeasure(MeasurePar(event)) : nullptr;
+    const MeasureStaff* crossing = next ? MeasureStaffAt(next, DocStaffPar(MeasureStaffPar(voice))) : nullptr;
+    const Voice* other = crossing ? FindVoice(crossing, voice->_number) : nullptr;
+    VoiceSymbol* behind = other ? voiceSymbols.First(other) : nullptr;
+    return behind && chosen.count(behind) && As<Chords>(behind) && CanBeam(behind);
+}
+
+bool AreOverBarline(const ChosenSymbols& events) {
+    const ChosenEvents chosen(events.begin(), events.end());
+    return std::any_of(events.begin(), events.end(), [&](VoiceSymbol* event) {
+        return As<Chords>(event) && CanBeam(event) && IsOverBarline(event, chosen);
+    });
+}
+
 std::vector<Chords*> ChordsOf(const ChosenSymbols& events) {
     std::vector<Chords*> chords;
     for (VoiceSymbol* event : events)
@@ -59,8 +76,13 @@ Status BeamOnBeat(WindowTarn& window, const ChosenSymbols& events) {
 }
 
 Status BeamSelection(WindowTarn& window, const ChosenSymbols& events) {
-    return ChangeBeams(window, events, kBeamTogether,
-                       "Select at least two notes in a row that are eighths or shorter");
+    const bool overBarline = AreOverBarline(events);
+    const Status status =
+        ChangeBeams(window, events, kBeamTogether,
+                    overBarline ? "A beam does not go over a barline"
+                                : "Select at least two notes in a row that are eighths or shorter");
+    if (status && overBarline) window.Shell().Tell("A beam ends at the barline; each measure has its own.");
+    return status;
 }
 
 Status AddBeam(WindowTarn& window, const ChosenSymbols& events) {

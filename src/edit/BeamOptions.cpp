@@ -1,7 +1,5 @@
 #include "edit/BeamOptions.h"
 
-#include <optional>
-
 #include "edit/SystemRedraw.h"
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
@@ -27,17 +25,6 @@ void ForEachVoice(const Document* document, Visit visit) {
     });
 }
 
-// One step in which anything of the score's notes may change.
-template <class Change>
-Status ChangeScore(WindowTarn& window, Change change) {
-    Measure *first = FirstMeasure(window.GetDocument()), *last = LastMeasure(window.GetDocument());
-    const EditStep step(window);
-    std::optional<SystemRedraw> redraw;
-    if (first) redraw.emplace(window, first, last);
-    change();
-    return Status::Ok();
-}
-
 bool HasBeam(const Document* document) {
     bool any = false;
     ForEachVoice(document, [&](const Voice* voice) {
@@ -50,15 +37,16 @@ bool HasBeam(const Document* document) {
 
 Status ChooseBeams(WindowTarn& window, bool anew, const std::function<void(NotePref&)>& choose) {
     const Document* document = window.GetDocument();
-    return ChangeScore(window, [&] {
+    ChangeScore(window, [&] {
         choose(*Preferences<NotePref>(window.GetDocument()));
         if (anew) ForEachVoice(document, [](Voice* voice) { BeamVoice(voice); });
     });
+    return Status::Ok();
 }
 
 Status ChooseDistances(WindowTarn& window, const std::function<void(NotePref&, StangPref&)>& choose) {
     Document* document = window.GetDocument();
-    return ChangeScore(window, [&] {
+    ChangeScore(window, [&] {
         auto& notes = *Preferences<NotePref>(document);
         auto& stems = *Preferences<StangPref>(document);
         const int32_t length = stems._stemLength;
@@ -68,23 +56,26 @@ Status ChooseDistances(WindowTarn& window, const std::function<void(NotePref&, S
         ForEachVoice(document, [&](Voice* voice) { restem ? RestemVoice(voice) : RefitBeamsOf(voice); });
         if (notes._accidentalScope != scope) ForEachCrossing(document, RedoAccidentals);
     });
+    return Status::Ok();
 }
 
 Status ChooseStems(WindowTarn& window, const std::function<void(VoicePref&)>& choose) {
     Document* document = window.GetDocument();
-    return ChangeScore(window, [&] {
+    ChangeScore(window, [&] {
         choose(*Preferences<VoicePref>(document));
         ForEachVoice(document, RestemVoice);
     });
+    return Status::Ok();
 }
 
 Status ChooseLooks(WindowTarn& window, const std::function<void(Document*)>& choose) {
-    return ChangeScore(window, [&] { choose(window.GetDocument()); });
+    ChangeScore(window, [&] { choose(window.GetDocument()); });
+    return Status::Ok();
 }
 
 void RefitAllBeams(WindowTarn& window) {
     const Document* document = window.GetDocument();
-    if (HasBeam(document)) (void)ChangeScore(window, [&] { ForEachVoice(document, RefitBeamsOf); });
+    if (HasBeam(document)) ChangeScore(window, [&] { ForEachVoice(document, RefitBeamsOf); });
 }
 
 }  // namespace corvane

@@ -1,6 +1,6 @@
 #include "edit/ClipClones.h"
 
-#include <unordered_set>
+#include <algorithm>
 
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
@@ -10,6 +10,17 @@
 #include "play/MIDIUtility.h"
 
 namespace corvane {
+namespace {
+
+void AddStaffs(const Stem* stem, std::unordered_set<const DocStaff*>& staffs) {
+    for (const GenericNote* note : stemNotes.Of(stem)) staffs.insert(DocStaffPar(note));
+}
+
+}  // namespace
+
+ClipClones::ClipClones(Document* target, const Clipboard& clips) : _target(target) {
+    for (const ClipVoiceSymbol& clip : clips.ClipVoiceSymbols) _copied.insert(clip.object);
+}
 
 // ---- one event
 
@@ -122,21 +133,59 @@ void ClipClones::JoinBeams() {
     _markers.clear();
 }
 
-void ClipClones::JoinBeam(const Beam* old, const MarkerJoints& joints) {
-    for (const BeamMarker* marker : beamMarkers.Of(old))
-        if (!joints.contains(marker)) {
-            for (const auto& [mark, joint] : joints)
-                if (auto* stem = As<Stem>(joint->at)) AttachFlag(stem, ValueOf(joint->event));
-            return;
-        }
-    Beam* beam = Clone(_target, old);
+// What came along of a beam, in its order; of a part nothing beyond its first and last stem.
+ClipClones::BeamPart ClipClones::PartOf(const Beam* old, const MarkerJoints& joints) {
+    BeamPart part;
     for (const BeamMarker* marker : beamMarkers.Of(old)) {
-        BeamMarker* copy = Clone(_target, marker);
-        beamSymbolAttributes.Add(joints.at(marker)->at, copy);
+        const auto found = joints.find(marker);
+        if (found == joints.end())
+            part.isWhole = false;
+        else
+            part.members.push_back(found->second);
+    }
+    const auto isStem = [](const MarkerJoint* joint) { return As<Stem>(joint->at) != nullptr; };
+    auto& members = part.members;
+    if (part.isWhole) return part;
+    members.erase(std::find_if(members.rbegin(), members.rend(), isStem).base(), members.end());
+    members.erase(members.begin(), std::find_if(members.begin(), members.end(), isStem));
+    return part;
+}
+
+// Some of what was copied under the beam found no place.
+bool ClipClones::HasDropped(const Beam* old, const MarkerJoints& joints) const {
+    for (const BeamMarker* marker : beamMarkers.Of(old)) {
+        if (joints.contains(marker)) continue;
+        const BeamSymbol* symbol = beamSymbolAttributes.ParentOf(marker);
+        if (const auto* pause = As<Pause>(symbol); pause && _copied.contains(pause)) return true;
+        if (const auto* stem = As<Stem>(symbol))
+            for (const GenericNote* note : stemNotes.Of(stem))
+                if (_copied.contains(ChordPar(note))) return true;
+    }
+    return false;
+}
+
+void ClipClones::JoinBeam(const Beam* old, const MarkerJoints& joints) {
+    const BeamPart part = PartOf(old, joints);
+    std::unordered_set<const DocStaff*> staffs;
+    for (const MarkerJoint* joint : part.members)
+        if (const auto* stem = As<Stem>(joint->at)) AddStaffs(stem, staffs);
+    const bool fellOnOneStaff = As<CrossBeam>(old) && !part.isWhole && staffs.size() < 2;
+    _isTorn |= fellOnOneStaff && HasDropped(old, joints);
+    if (!part.isWhole && part.members.size() < 2) {
+        for (const MarkerJoint* joint : part.members) AttachFlag(As<Stem>(joint->at), ValueOf(joint->event));
+        return;
+    }
+    Beam* beam = fellOnOneStaff ? Make<Beam>() : Clone(_target, old);
+    if (fellOnOneStaff) beam->_direction = 'U';
+    for (const MarkerJoint* joint : part.members) {
+        BeamMarker* copy = Clone(_target, joint->mark);
+        beamSymbolAttributes.Add(joint->at, copy);
         beamMarkers.Add(beam, copy);
     }
-    if (auto* cross = As<CrossBeam>(beam))
-        measureSymbols.Add(MeasurePar(joints.at(beamMarkers.First(old))->event), cross);
+    BeamMarker* last = beamMarkers.Last(beam);
+    last->_rightValue = kNotCut;
+    last->_level = kNotConnected;
+    if (auto* cross = As<CrossBeam>(beam)) measureSymbols.Add(MeasurePar(part.members.front()->event), cross);
     _beams.push_back(beam);
 }
 
@@ -159,6 +208,7 @@ void ClipClones::JoinTies() {
 }
 
 bool ClipClones::HasIllegalBeam() const {
+    if (_isTorn) return true;
     for (const Beam* beam : _beams) {
         if (!As<CrossBeam>(beam)) continue;
         std::unordered_set<const DocStaff*> staffs;
@@ -166,7 +216,7 @@ bool ClipClones::HasIllegalBeam() const {
             const auto* stem = As<Stem>(beamSymbolAttributes.ParentOf(marker));
             if (!stem) continue;
             std::unordered_set<const DocStaff*> own;
-            for (const GenericNote* note : stemNotes.Of(stem)) own.insert(DocStaffPar(note));
+            AddStaffs(stem, own);
             if (own.size() > 1) return true;
             staffs.insert(own.begin(), own.end());
         }

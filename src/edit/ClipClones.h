@@ -2,6 +2,7 @@
 #pragma once
 
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "edit/Clipboard.h"
@@ -10,7 +11,7 @@ namespace corvane {
 
 class ClipClones {
 public:
-    explicit ClipClones(Document* target) : _target(target) {}
+    ClipClones(Document* target, const Clipboard& clips);
 
     // A clone of the event with its heads and signs, in the voice behind `before` (null: in front), at x per
     // mille. Without sounding events.
@@ -19,10 +20,11 @@ public:
     VoiceSymbol* CloneOf(const VoiceSymbol* original) const;
     // The clone is about to be deleted again.
     void Forget(const VoiceSymbol* clone);
-    // Makes the ties, beams and tuplets of which every note is cloned; stems under other beams get flags.
+    // Make a beam over what was cloned of each, a flag for a single stem; and the ties of which both notes
+    // are cloned.
     void JoinBeams();
     void JoinTies();
-    // A beam over several staffs would stand on one, or a stem of one on several.
+    // What was copied under a beam over several staffs would stand on one, or a stem of one on several.
     bool HasIllegalBeam() const;
 
     const std::vector<Beam*>& Beams() const { return _beams; }
@@ -37,6 +39,10 @@ private:
     };
     using MarkerJoint = Joint<BeamMarker, BeamSymbol>;
     using TieJoint = Joint<MarkValue, GenericNote>;
+    struct BeamPart {
+        std::vector<const MarkerJoint*> members;
+        bool isWhole = true;
+    };
     using MarkerJoints = std::unordered_map<const BeamMarker*, const MarkerJoint*>;
 
     void CloneNote(const GenericNote* original, Chords* chord, ChordSymbol* column, int32_t x);
@@ -44,6 +50,8 @@ private:
     void CloneEventAttributes(const VoiceSymbol* original, VoiceSymbol* clone);
     ChordSymbol* ColumnFor(const Chords* original, Voice* voice);
     Stem* StemFor(const Stem* original, ChordSymbol* column, int32_t x);
+    static BeamPart PartOf(const Beam* old, const MarkerJoints& joints);
+    bool HasDropped(const Beam* old, const MarkerJoints& joints) const;
     void JoinBeam(const Beam* old, const MarkerJoints& joints);
 
     Document* _target;
@@ -55,6 +63,8 @@ private:
     std::vector<MarkerJoint> _markers;
     std::vector<TieJoint> _ties;
     std::vector<Beam*> _beams;
+    std::unordered_set<const VoiceSymbol*> _copied;
+    bool _isTorn = false;  // a beam over several staffs has lost all but one
 };
 
 }  // namespace corvane

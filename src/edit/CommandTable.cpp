@@ -21,6 +21,26 @@ constexpr Command kUndo[] = {
     {57644, "Redo", Redo, CanRedo},
 };
 
+constexpr struct {
+    int id;
+    const char* sentence;
+} kReasons[] = {
+    {57643, "There is nothing to undo"},
+    {57644, "There is nothing to redo"},
+    {57635, "Select what is to be cut first"},
+    {57634, "Select what is to be copied first"},
+    {57637, "Copy something first, then click with the arrow where it is to go"},
+    {32774, "Select what is to be deleted first"},
+};
+
+// Why a command cannot act.
+std::string ReasonAgainst(const Command& command) {
+    if (IsPlaying()) return "Stop the play to edit";
+    for (const auto& reason : kReasons)
+        if (reason.id == command.id) return reason.sentence;
+    return std::string("\"") + command.name + "\" cannot be done now";
+}
+
 }  // namespace
 
 bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
@@ -29,7 +49,8 @@ std::vector<CommandFamily> CommandFamilies() {
     return {kUndo,           ClipboardCommands(), SwitchCommands(),    SignCommands(),
             NoteCommands(),  GraceCommands(),     BeamCommands(),      MarkOptionCommands(),
             WalkCommands(),  SelectionCommands(), StructureCommands(), SpannerCommands(),
-            MixerCommands(), LayoutCommands(),    FontCommands(),      TextCommands()};
+            MixerCommands(), LayoutCommands(),    FontCommands(),      TextCommands(),
+            HideCommands(),  SignOptionCommands()};
 }
 
 const Command* FindCommand(int id) {
@@ -42,8 +63,7 @@ const Command* FindCommand(int id) {
 Status RunCommand(WindowTarn& window, int id, const CommandArguments& arguments) {
     const Command* command = FindCommand(id);
     if (!command) return {Fault::Refused, "There is no command " + std::to_string(id)};
-    if (!command->enabled(window))
-        return {Fault::Refused, std::string("\"") + command->name + "\" cannot be done now"};
+    if (!command->enabled(window)) return {Fault::Refused, ReasonAgainst(*command)};
     window.Activate();
     return command->run(window, arguments);
 }

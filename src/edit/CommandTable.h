@@ -34,6 +34,8 @@ CommandFamily LayoutCommands();
 CommandFamily FontCommands();
 CommandFamily TextCommands();
 CommandFamily MixerCommands();
+CommandFamily HideCommands();
+CommandFamily SignOptionCommands();
 
 // All of them.
 std::vector<CommandFamily> CommandFamilies();

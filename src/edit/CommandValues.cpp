@@ -7,6 +7,7 @@
 #include "edit/MeasureRange.h"
 #include "edit/NoteChoice.h"
 #include "edit/ScoreTexts.h"
+#include "edit/SessionChoices.h"
 #include "edit/Spanners.h"
 #include "edit/ToolState.h"
 #include "layout/Engraving.h"
@@ -136,7 +137,6 @@ void PutSystemsOfPage(Values& values) {
     if (!page) return;
     values.Put("count", pageSystems.Count(page));
     values.Put("from", page->_pageNumber);
-    PutMeasuresOfSystem(values);
 }
 
 // Of the first selected event.
@@ -329,25 +329,36 @@ void PutFont(Values& values) {
     values.Put("sys", std::string(TheFontList().SystemFont(shown->docFont)));
 }
 
+void PutHidden(Values& values) {
+    const SessionChoices& now = Choices();
+    const auto put = [&](const char* show, const char* print, const HiddenRule& rule) {
+        values.Put(show, rule.show);
+        values.Put(print, !rule.hideInPrint);
+    };
+    put("notes", "printnotes", now.hiddenNotes);
+    put("stems", "printstems", now.hiddenStems);
+    put("rests", "printrests", now.hiddenRests);
+}
+
 void PutUndoLevels(Values& values) { values.Put("levels", Switches().undoLevels); }
 
 constexpr struct {
     int id;
     void (*put)(Values&);
 } kValues[] = {
-    {32778, PutTempo},         {32779, PutMeter},     {32780, PutVelocities},
-    {32781, PutKey},           {32783, PutBarline},   {32788, PutMeasuresOfSystem},
-    {32789, PutSystemsOfPage}, {32790, PutPages},     {32791, PutNewMeasures},
-    {32792, PutNewStaves},     {32793, PutPages},     {32794, PutRange},
-    {32795, PutStaves},        {32796, PutRange},     {32797, PutMeasure},
-    {32817, PutDuration},      {32807, PutSpacing},   {33177, PutSpacingTable},
-    {32786, PutGaps},          {57606, PutPaper},     {32776, PutMargins},
-    {32777, PutStaffForm},     {32787, PutIndent},    {32798, PutTimesShown},
-    {33088, PutGrace},         {33090, PutFont},      {32782, PutNumbering},
-    {40011, PutTitle},         {40012, PutStaffName}, {32810, PutGrouping},
-    {32811, PutSubGroups},     {32820, PutDistances}, {32784, PutVoices},
-    {32821, PutTies},          {32822, PutTupletChoices},
-    {40050, PutUndoLevels},
+    {32778, PutTempo},         {32779, PutMeter},         {32780, PutVelocities},
+    {32781, PutKey},           {32783, PutBarline},       {32788, PutMeasuresOfSystem},
+    {32789, PutSystemsOfPage}, {32790, PutPages},         {32791, PutNewMeasures},
+    {32792, PutNewStaves},     {32793, PutPages},         {32794, PutRange},
+    {32795, PutStaves},        {32796, PutRange},         {32797, PutMeasure},
+    {32817, PutDuration},      {32807, PutSpacing},       {33177, PutSpacingTable},
+    {32786, PutGaps},          {57606, PutPaper},         {32776, PutMargins},
+    {32777, PutStaffForm},     {32787, PutIndent},        {32798, PutTimesShown},
+    {33088, PutGrace},         {33090, PutFont},          {32782, PutNumbering},
+    {40011, PutTitle},         {40012, PutStaffName},     {32810, PutGrouping},
+    {32811, PutSubGroups},     {32820, PutDistances},     {32784, PutVoices},
+    {32821, PutTies},          {32822, PutTupletChoices}, {40050, PutUndoLevels},
+    {33082, PutHidden},
 };
 
 }  // namespace

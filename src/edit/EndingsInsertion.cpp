@@ -1,9 +1,12 @@
 // Brackets over the measures that a repeat plays once only.
 #include <algorithm>
+#include <charconv>
 #include <string>
 
 #include "edit/Signs.h"
+#include "edit/SpannerSteps.h"
 #include "edit/SystemRedraw.h"
+#include "edit/TarnClick.h"
 #include "layout/AboveStaff.h"
 #include "model/Par.h"
 
@@ -11,6 +14,7 @@ namespace corvane {
 namespace {
 
 constexpr size_t kLongestText = 200;
+constexpr int kMostNumber = 999;
 
 MarkEndings* MarkIn(const Measure* measure) {
     for (MeasureSymbol* symbol : measureSymbols.Of(measure))
@@ -36,6 +40,34 @@ void ReleaseEndings(Endings* endings) {
     Release(endings);
 }
 
+// The last number in the text of an ending; 0 for none.
+int NumberOf(const Endings* endings) {
+    constexpr std::string_view kDigits = "0123456789";
+    const std::string_view text = TextOf(endings->_text);
+    const size_t last = text.find_last_of(kDigits);
+    if (last == text.npos) return 0;
+    const size_t before = text.find_last_not_of(kDigits, last);
+    const size_t start = before == text.npos ? 0 : before + 1;
+    int number = 0;
+    std::from_chars(text.data() + start, text.data() + last + 1, number);
+    return number < kMostNumber ? number : 0;
+}
+
+// Behind that of the ending which leads up to a measure; its own where it is drawn anew from there.
+int NumberFor(const Measure* first) {
+    const MarkEndings *own = MarkIn(first),
+                      *before = PrevMeasure(first) ? MarkIn(PrevMeasure(first)) : nullptr;
+    if (!before) return 1;
+    const Endings* endings = endingsMarks.ParentOf(before);
+    const bool isOwn = own && endingsMarks.ParentOf(own) == endings;
+    return std::max(1, NumberOf(endings) + (isOwn ? 0 : 1));
+}
+
+Measure* MeasureUnder(const WindowTarn& window, Point point) {
+    const System* system = FindSystem(window.CurrentPage(), point.y);
+    return system ? FindMeasure(system, point.x) : nullptr;
+}
+
 }  // namespace
 
 Status InsertEndings(WindowTarn& window, const MeasureRange& range, std::string_view text) {
@@ -55,6 +87,16 @@ Status InsertEndings(WindowTarn& window, const MeasureRange& range, std::string_
     }
     LiftBracket(endings);
     return Status::Ok();
+}
+
+void EndingsStroke(WindowTarn& window, const PaletteItem&, Point from, Point to, int) {
+    MeasureRange range{MeasureUnder(window, from), MeasureUnder(window, to)};
+    if (!range.first || !range.last) return;
+    if (range.last->_number < range.first->_number) std::swap(range.first, range.last);
+    const bool takesAway = range.first == range.last && MarkIn(range.first);
+    const Status status = InsertEndings(
+        window, range, takesAway ? std::string() : std::to_string(NumberFor(range.first)) + ".");
+    if (!status) window.Shell().Tell(status.message());
 }
 
 void DeleteEndings(WindowTarn& window, Endings* endings) {

@@ -1,4 +1,6 @@
 // Dealing measures and systems out anew, and centring them.
+#include "edit/MeasureSeams.h"
+#include "edit/SessionChoices.h"
 #include "edit/Structure.h"
 #include "edit/StructureStep.h"
 #include "layout/MeasureFlow.h"
@@ -9,8 +11,8 @@
 namespace corvane {
 namespace {
 
-bool HasSystemsFrom(const Page* first) {
-    for (const Page* page = first; page; page = documentPages.Next(page))
+bool HasSystems(const Document* document) {
+    for (const Page* page : documentPages.Of(document))
         if (!pageSystems.IsEmpty(page)) return true;
     return false;
 }
@@ -42,11 +44,14 @@ Status FlowMeasures(WindowTarn& window, int count, const MeasureRange& range) {
 
 Status FlowSystems(WindowTarn& window, int count, Page* first, const Page* lastFilled, int measures) {
     if (count < 1) return {Fault::Refused, "The number of systems must be higher than 0!"};
-    if (measures < 1) return {Fault::Refused, "The number of measures must be higher than 0!"};
-    if (!HasSystemsFrom(first)) return {Fault::Refused, "There is no system to deal out"};
+    if (measures < 0) return {Fault::Refused, "The number of measures must be higher than 0!"};
+    Document* document = window.GetDocument();
+    if (!HasSystems(document)) return {Fault::Refused, "There is no system to deal out"};
     StructureStep step(window);
+    Measure* last = LastMeasure(document);
     const int filled = lastFilled ? lastFilled->_pageNumber.Get() : 0;
-    SetSystemsPerPage(window.GetDocument(), first, filled, count, measures);
+    SetSystemsPerPage(document, first, filled, count, measures ? measures : Choices().measuresPerSystem);
+    if (last != LastMeasure(document)) MoveFinalBarline(last, LastMeasure(document));
     step.LookForPage();
     return Status::Ok();
 }

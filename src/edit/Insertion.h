@@ -47,6 +47,9 @@ void TieInsertion(const InsertionPlace& place);
 void SimboliVariInsertion(const InsertionPlace& place, std::string_view descriptor);
 // A sign of a class on the note under the point: instead of the one of its class, gone where it is the same.
 void NoteSignInsertion(const InsertionPlace& place, int16_t classNumber, std::string_view descriptor);
+// A sign of a class on a note; no such sign any more. The caller keeps the note off the sheet.
+void AddNoteSign(GenericNote* note, int16_t classNumber, std::string_view descriptor);
+void ClearNoteSign(WindowTarn& window, const GenericNote* note, int16_t classNumber);
 void TremoloInsertion(const InsertionPlace& place, std::string_view descriptor);
 // The name is the symbol's: "D" and letters.
 void DinamicheInsertion(const InsertionPlace& place, std::string_view name);
@@ -56,6 +59,8 @@ GenericNote* NoteUnder(WindowTarn& window, Point p);
 // The same for a handler that needs one: without a note the person is told so.
 GenericNote* NoteFor(const InsertionPlace& place);
 DrawPatch EventUnder(WindowTarn& window, Point p);
+// For what belongs to a chord: the note under the press, else one of the chord whose stem is.
+GenericNote* ChordNoteFor(const InsertionPlace& place);
 
 // A chord with one note, linked in voice, column and stem, its flag attached; x in per mille decides its
 // place among the voice's events. Makes no timed events and does not space.

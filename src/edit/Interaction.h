@@ -6,6 +6,9 @@
 
 namespace corvane {
 
+class GraphicPort;
+struct DrawContext;
+
 class Interaction {
 public:
     virtual ~Interaction() = default;
@@ -13,6 +16,8 @@ public:
     virtual void Release(Point at) = 0;
     // The rubber band that the view shows meanwhile; empty for none.
     virtual Rect Band() const { return {}; }
+    // What it shows over the page meanwhile: things where they would come to stand.
+    virtual void Draw(GraphicPort&, const DrawContext&) const {}
 };
 
 }  // namespace corvane

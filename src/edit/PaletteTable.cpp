@@ -141,6 +141,7 @@ constexpr PaletteItem kItems[] = {
     {5, 20, "_Sette_", "Fingering 7", EnterNoteSign<Diteggiatura>, P::Plain},
     {5, 21, "_Otto_", "Fingering 8", EnterNoteSign<Diteggiatura>, P::Plain},
     {5, 22, "_Nove_", "Fingering 9", EnterNoteSign<Diteggiatura>, P::Plain},
+    {6, 2, "", "Ending", {}, P::Plain, EndingsStroke},
     {6, 3, "_8vaSu_", "Octave up", {}, P::Plain, OttavaStroke},
     {6, 4, "_8vaGiu_", "Octave down", {}, P::Plain, OttavaStroke},
     {6, 5, "_15maSu_", "Two octaves up", {}, P::Plain, OttavaStroke},

@@ -31,7 +31,7 @@ class Pasting {
 public:
     Pasting(WindowTarn& window, const Clipboard& clips)
         : _clips(clips),
-          _clones(window.GetDocument()),
+          _clones(window.GetDocument(), clips),
           _places(window.caret, clips),
           _clipSameVoice(Tools().AllVoices()),
           _window(window) {}

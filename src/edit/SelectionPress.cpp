@@ -1,6 +1,7 @@
 #include "edit/SelectionPress.h"
 
 #include "edit/Lasso.h"
+#include "edit/ObjectDrag.h"
 #include "edit/TarnClick.h"
 #include "edit/TarnSelect.h"
 #include "edit/ToolState.h"
@@ -25,6 +26,8 @@ constexpr struct {
     {IsClass<SimboliVari>, RectOfPatch}, {IsClass<MeasureStaffText>, RectOfPatch},
     {IsClass<PageText>, RectOfPatch},    {IsClass<MovingClaf>, RectOfPatch},
     {IsClass<ChordSymbol>, RectOfHead},  {IsClass<StaticClaf>, nullptr},
+    {IsClass<Accident>, RectOfPatch},    {IsClass<SymbolAttribute>, RectOfPatch},
+    {IsClass<Time>, RectOfPatch},        {IsClass<Coda>, RectOfPatch},
 };
 
 void SelectOnly(WindowTarn& window, const Rect& rect, bool adding) {
@@ -39,8 +42,12 @@ void PressWithArrow(WindowTarn& window, Point p, uint32_t modifiers) {
     const bool adding = modifiers & kShift;
     if (const DrawPatch patch = window.Sheet().HitSymbol(p))
         for (const auto& row : kRows)
-            if (row.is(patch.ClassNumber()))
-                return row.rect ? SelectOnly(window, row.rect(patch, p), adding) : void();
+            if (row.is(patch.ClassNumber())) {
+                if (!row.rect) return;
+                SelectOnly(window, row.rect(patch, p), adding);
+                window.interaction = MakeDrag(window, patch, p);
+                return;
+            }
     window.interaction = std::make_unique<Lasso>(window, p, adding);
 }
 

@@ -51,22 +51,29 @@ void FitStemTo(const FontSymbol* strokes, Stem* stem) {
 }  // namespace
 
 void NoteSignInsertion(const InsertionPlace& place, int16_t classNumber, std::string_view descriptor) {
-    GenericNote* note = NoteFor(place);
+    GenericNote* note = ChordNoteFor(place);
     if (!note) return;
     const MeasureRedraw redraw(place.window, MeasureStaffPar(note));
     const std::string name = SymbolNameFor(descriptor, classNumber, As<Grace>(note) != nullptr);
-    if (auto* old = As<SymbolAttribute>(SignOf(note, classNumber))) {
-        const bool same = SymbolName(old->_symbol) == name;
-        DeleteNoteAttribute(place.window, old);
-        if (same) return;
-    }
+    const auto* old = As<SymbolAttribute>(SignOf(note, classNumber));
+    const bool same = old && SymbolName(old->_symbol) == name;
+    ClearNoteSign(place.window, note, classNumber);
+    if (!same) AddNoteSign(note, classNumber, descriptor);
+}
+
+void AddNoteSign(GenericNote* note, int16_t classNumber, std::string_view descriptor) {
     auto* sign = static_cast<SymbolAttribute*>(MemoryManager::Instance().Allocate(classNumber));
     noteAttributes.Add(note, sign);
-    sign->_symbol = LookupSymbol(DocumentPar(note), name);
+    sign->_symbol =
+        LookupSymbol(DocumentPar(note), SymbolNameFor(descriptor, classNumber, As<Grace>(note) != nullptr));
+}
+
+void ClearNoteSign(WindowTarn& window, const GenericNote* note, int16_t classNumber) {
+    if (NoteAttribute* sign = SignOf(note, classNumber)) DeleteNoteAttribute(window, sign);
 }
 
 void TremoloInsertion(const InsertionPlace& place, std::string_view descriptor) {
-    const GenericNote* note = NoteFor(place);
+    const GenericNote* note = ChordNoteFor(place);
     if (!note) return;
     if (As<Grace>(note)) return place.window.Shell().Tell("Grace notes have no tremolo.");
     Chords* chord = ChordPar(note);

@@ -29,17 +29,6 @@ void SpaceProportionally(Measure* measure) {
         for (Voice* voice : measureStaffVoices.Of(crossing)) SpaceVoice(voice);
 }
 
-// A change of preferences that headers are as wide as.
-template <class Change>
-Status ChangeHeaders(WindowTarn& window, Change change) {
-    Measure *first = FirstMeasure(window.GetDocument()), *last = LastMeasure(window.GetDocument());
-    const EditStep step(window);
-    std::optional<SystemRedraw> redraw;
-    if (first) redraw.emplace(window, first, last);
-    change();
-    return Status::Ok();
-}
-
 // What was chosen once is what the dialog offers next.
 void KeepRoom(const Document* document, const SpacingRoom& room) {
     auto* preferences = Preferences<PowerEditPref>(document);
@@ -78,7 +67,7 @@ Status SpaceMeasures(WindowTarn& window, const MeasureRange& range, const Spacin
 }
 
 Status SetSpacingGaps(WindowTarn& window, const SpacingGaps& gaps) {
-    return ChangeHeaders(window, [&] {
+    ChangeScore(window, [&] {
         auto* page = Preferences<PagePref>(window.GetDocument());
         page->_barlineClefGap = gaps.barlineClef;
         page->_clefKeyGap = gaps.clefKey;
@@ -86,12 +75,14 @@ Status SetSpacingGaps(WindowTarn& window, const SpacingGaps& gaps) {
         page->_firstNoteGap = gaps.firstNote;
         page->_lastNoteGap = gaps.lastNote;
     });
+    return Status::Ok();
 }
 
 Status ShowTimeSignatures(WindowTarn& window, bool show) {
-    return ChangeHeaders(window, [&] {
+    ChangeScore(window, [&] {
         Preferences<TimeMeasurePref>(window.GetDocument())->_showTimeSignature = uint8_t{show};
     });
+    return Status::Ok();
 }
 
 }  // namespace corvane

@@ -18,4 +18,8 @@ void OttavaStroke(WindowTarn& window, const PaletteItem& item, Point from, Point
 void TrilloStroke(WindowTarn& window, const PaletteItem& item, Point from, Point to, int voice);
 void PedaleStroke(WindowTarn& window, const PaletteItem& item, Point from, Point to, int voice);
 
+// From the measure under the one point to that under the other, numbered behind the ending before it; a click
+// on one takes it away.
+void EndingsStroke(WindowTarn& window, const PaletteItem& item, Point from, Point to, int voice);
+
 }  // namespace corvane

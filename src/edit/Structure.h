@@ -36,7 +36,7 @@ Status RemoveStaffs(WindowTarn& window, DocStaff* first, DocStaff* last);
 // `count` measures to a system, for the systems of two measures and those between.
 Status FlowMeasures(WindowTarn& window, int count, const MeasureRange& range);
 // `count` systems to a page, from a page on. The first page, and each one up to `lastFilled` where that is no
-// null, is filled with new systems of `measures` measures.
+// null, is filled with new systems of `measures` measures, 0 for as many as a new score has.
 Status FlowSystems(WindowTarn& window, int count, Page* first, const Page* lastFilled, int measures);
 // Equal bands for the systems of pages, their staves spread over them; or the staves of their systems only.
 Status AutocenterSystems(WindowTarn& window, Page* first, Page* last);

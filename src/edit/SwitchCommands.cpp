@@ -21,6 +21,13 @@ Status ToggleInScore(WindowTarn& window, const CommandArguments& arguments) {
     return Status::Ok();
 }
 
+// Of the tool at hand, which tells the shell.
+template <void (*toggle)()>
+Status ToggleTool(WindowTarn&, const CommandArguments&) {
+    toggle();
+    return Status::Ok();
+}
+
 Status UndoLevels(WindowTarn&, const CommandArguments& arguments) {
     ArgumentReader reader(arguments);
     const int levels = reader.Number("levels", 1, kMostUndoLevels);
@@ -30,7 +37,9 @@ Status UndoLevels(WindowTarn&, const CommandArguments& arguments) {
 }
 
 constexpr Command kSwitches[] = {
-    {40050, "Undo Levels", UndoLevels, NotPlaying},  // an id of this program's own
+    {40050, "Undo Levels", UndoLevels, NotPlaying},  // from 40000 on ids of this program's own
+    {40070, "Accidentals in Brackets", ToggleTool<ToggleAccidentParenthesis>, NotPlaying},
+    {40071, "Ornament Accidentals in Brackets", ToggleTool<ToggleOrnamentParenthesis>, NotPlaying},
     {32808, "Auto Beaming", ToggleInScore<&EditSwitches::autoBeam>, NotPlaying},
     {32809, "Auto Spacing", ToggleInScore<&EditSwitches::autoSpace>, NotPlaying},
     {33130, "Playback notes", Toggle<&EditSwitches::playbackNotes>, NotPlaying},

@@ -1,5 +1,7 @@
 #include "edit/SystemRedraw.h"
 
+#include <optional>
+
 #include "layout/PageFiling.h"
 #include "model/Par.h"
 #include "play/MIDIUtility.h"
@@ -35,6 +37,14 @@ SystemRedraw::~SystemRedraw() {
         if (IsShown(system))
             ForEachPatch(system,
                          [&](const DrawPatch& patch, int voice) { _window.Sheet().AddObject(patch, voice); });
+}
+
+void ChangeScore(WindowTarn& window, const std::function<void()>& change) {
+    Measure *first = FirstMeasure(window.GetDocument()), *last = LastMeasure(window.GetDocument());
+    const EditStep step(window);
+    std::optional<SystemRedraw> redraw;
+    if (first) redraw.emplace(window, first, last);
+    change();
 }
 
 bool SystemRedraw::IsShown(const System* system) const { return PagePar(system) == _window.CurrentPage(); }

@@ -3,6 +3,7 @@
 // may release and move records freely. Cost: the systems.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "edit/WindowTarn.h"
@@ -12,8 +13,8 @@ namespace corvane {
 
 class SystemRedraw {
 public:
-    // The systems of two measures, the first not behind the last, and all between; also the one before, where the
-    // first measure is its system's first.
+    // The systems of two measures, the first not behind the last, and all between; also the one before, where
+    // the first measure is its system's first.
     SystemRedraw(WindowTarn& window, const Measure* first, const Measure* last);
     SystemRedraw(WindowTarn& window, const Measure* measure) : SystemRedraw(window, measure, measure) {}
     ~SystemRedraw();
@@ -26,5 +27,8 @@ private:
     std::vector<System*> _systems;
     std::vector<NoteAreas> _areas;
 };
+
+// One undoable step in which anything of the score may change, and where it stands.
+void ChangeScore(WindowTarn& window, const std::function<void()>& change);
 
 }  // namespace corvane

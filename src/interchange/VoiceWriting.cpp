@@ -116,14 +116,24 @@ void SettleCrossing(MeasureStaff* crossing) {
     if (HeldVoices(crossing) > 1)
         for (Voice* voice : measureStaffVoices.Of(crossing))
             if (!voiceSymbols.IsEmpty(voice)) RestemVoice(voice);
+    // An accidental holds for what stands behind it, so all need a place before any is judged.
+    for (Voice* voice : measureStaffVoices.Of(crossing))
+        if (!voiceSymbols.IsEmpty(voice)) SpaceVoice(voice);
     RedoAccidentals(crossing);
 }
 
 void RespaceMeasure(Measure* measure) {
     ListaEventi list(measure, SpacingRoom());
-    const bool canBe = list.CanBeSpaced();
-    if (canBe) list.LayOut(spacingTable);
-    const bool fits = canBe && HasRoom(list, FrameOf(measure).NoteArea());
+    const int32_t noteArea = FrameOf(measure).NoteArea();
+    // A full measure has room for what stands there, and the rest by duration.
+    constexpr SpacingTable kNoMoreThanNeeded = {{}};
+    bool fits = false;
+    if (list.CanBeSpaced())
+        for (const SpacingTable& table : {spacingTable, kNoMoreThanNeeded}) {
+            list.LayOut(table);
+            fits = HasRoom(list, noteArea);
+            if (fits) break;
+        }
     if (fits) list.Put();
     for (const MeasureStaff* crossing : measureStaffs.Of(measure))
         for (Voice* voice : measureStaffVoices.Of(crossing))

@@ -6,6 +6,7 @@
 #include "base/Assert.h"
 #include "layout/CrossBeams.h"
 #include "layout/Engraving.h"
+#include "layout/SpacingHeader.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
@@ -174,6 +175,7 @@ void BeamByBeats(const Voice* voice, const ChosenEvents& chosen) {
 }
 
 void BeamVoice(Voice* voice) {
+    const HeadersAtRest headers;
     EndPartedBeams(voice);
     const Document* document = DocumentPar(voice);
     const BeamWishes wishes(document);
@@ -199,6 +201,7 @@ void BeamVoice(Voice* voice) {
 }
 
 void RefitBeamsOf(const Voice* voice) {
+    const HeadersAtRest headers;
     const Beam* last = nullptr;
     for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
         const BeamMarker* marker = MarkerOf(BeamSymbolOf(symbol));

@@ -1,5 +1,6 @@
 // A beam is painted by its first marker; the others add nothing.
 #include "layout/DrawFamilies.h"
+#include "layout/HiddenInk.h"
 #include "layout/NoteGeometry.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -8,10 +9,11 @@ namespace corvane {
 
 Rect InkOf(const BeamMarker& marker) { return RectOf(&marker); }
 
-void Paint(GraphicPort& port, const BeamMarker& marker, const DrawContext&) {
+void Paint(GraphicPort& port, const BeamMarker& marker, const DrawContext& context) {
     const Beam* beam = beamMarkers.ParentOf(&marker);
     if (!beam || beamMarkers.First(beam) != &marker) return;
     const PenKept kept(port);
+    if (IsHidden(beam) && !UseHiddenColour(port, context.hiddenStems, context.printing)) return;
     for (const BeamStroke& stroke : StrokesOf(beam)) {
         port.SetPenSize(1, stroke.thickness);
         port.DrawLine(stroke.from.x, stroke.from.y, stroke.to.x, stroke.to.y);

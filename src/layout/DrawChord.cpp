@@ -1,6 +1,7 @@
 // A column: for each chord its heads, each followed by its ledger lines, then stem, flags and the slash of a
 // grace chord.
 #include "layout/DrawFamilies.h"
+#include "layout/HiddenInk.h"
 #include "layout/LineWeights.h"
 #include "layout/NoteGeometry.h"
 #include "model/NoteOperations.h"
@@ -25,11 +26,9 @@ void PaintHead(GraphicPort& port, const GenericNote* note, const Column& column,
     if (!note->_hidden) PaintLedgerLines(port, LedgerLinesOf(note, column));
 }
 
-void PaintStem(GraphicPort& port, const Column& column, const DrawContext& context) {
+void PaintStem(GraphicPort& port, const Column& column) {
     if (!HasStemInk(column.stem)) return;
     const PenKept kept(port);
-    const bool visible = IsVisible(column.stem->_direction);
-    if (!visible && !UseHiddenColour(port, context.hiddenStems, context.printing)) return;
     const Rect ink = StemInk(column);
     PaintUpright(port, ink.left, ink.top, ink.bottom, ink.Width());
 }
@@ -67,9 +66,11 @@ void Paint(GraphicPort& port, const ChordSymbol& chordSymbol, const DrawContext&
     }
     port.SetColor(columnColour);
     for (const Stem* stem : chordSymbolStems.Of(&chordSymbol)) {
+        if (IsHidden(stem) && !UseHiddenColour(port, context.hiddenStems, context.printing)) continue;
         const Column column(stem);
-        PaintStem(port, column, context);
+        PaintStem(port, column);
         PaintFlags(port, column);
+        port.SetColor(columnColour);
     }
 }
 

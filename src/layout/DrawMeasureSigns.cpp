@@ -27,7 +27,8 @@ struct SymbolPlace {
 
 // ---- Repetition texts
 
-constexpr int32_t kBaseline = 200;  // above the top line, hundredths of a line distance
+// Hundredths of a line distance: above the top line, and before the barline, beyond which a sign may begin.
+constexpr int32_t kBaseline = 200, kBeforeBarline = 50;
 
 // A sign that is jumped to stands at its measure's beginning, all others end with the measure.
 bool StandsAtStart(const FontSymbol* symbol) {
@@ -43,8 +44,9 @@ SymbolPlace PlaceOf(const Coda& coda) {
     const StaffFrame frame = FrameOf(staff);
     const Rect ink = InkOf(symbol, Point{}, frame.lineDistance, 100);
     const int32_t origin = OriginOf(SystemPar(measure)).x;
-    const int32_t left =
-        StandsAtStart(symbol) ? origin + measure->_left - ink.left : origin + measure->_right - ink.right;
+    const int32_t left = StandsAtStart(symbol) ? origin + measure->_left - ink.left
+                                               : origin + measure->_right - ink.right -
+                                                     kBeforeBarline * frame.lineDistance / 100;
     return {symbol,
             {left + coda._x * frame.lineDistance / 100,
              frame.top + (coda._y - kBaseline) * frame.lineDistance / 100},

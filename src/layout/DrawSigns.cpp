@@ -1,5 +1,6 @@
 // Accidentals and dots.
 #include "layout/DrawFamilies.h"
+#include "layout/HiddenInk.h"
 #include "layout/NoteGeometry.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
@@ -8,7 +9,9 @@ namespace corvane {
 
 Rect InkOf(const Accident& accident) { return RectOf(&accident); }
 
-void Paint(GraphicPort& port, const Accident& accident, const DrawContext&) {
+void Paint(GraphicPort& port, const Accident& accident, const DrawContext& context) {
+    const PenKept kept(port);
+    if (IsHidden(&accident) && !UseHiddenColour(port, context.hiddenNotes, context.printing)) return;
     const GenericNote* note = noteAttributes.ParentOf(&accident);
     const Point place = PlaceOf(&accident);
     DrawSymbol(port, accident._symbol, place.x, place.y, FrameOf(StaffPar(note)).lineDistance, 100);
@@ -22,8 +25,14 @@ int VoiceNumberOf(const NoteAttribute& sign) {
 
 Rect InkOf(const Dot& dot) { return RectOf(&dot); }
 
-void Paint(GraphicPort& port, const Dot& dot, const DrawContext&) {
+void Paint(GraphicPort& port, const Dot& dot, const DrawContext& context) {
     const VoiceSymbol* symbol = voiceSymbolAttributes.ParentOf(&dot);
+    const auto* chord = As<Chords>(symbol);
+    const auto* pause = As<Pause>(symbol);
+    const bool hidden = chord ? IsHidden(chord) : pause && IsHidden(pause);
+    const PenKept kept(port);
+    if (hidden && !UseHiddenColour(port, chord ? context.hiddenNotes : context.hiddenRests, context.printing))
+        return;
     for (const Point place : PlacesOf(&dot))
         DrawSymbol(port, dot._symbol, place.x, place.y, FrameOf(StaffPar(symbol)).lineDistance, 100);
 }

@@ -4,6 +4,7 @@
 
 #include "layout/DrawFamilies.h"
 #include "layout/Engraving.h"
+#include "layout/HiddenInk.h"
 #include "layout/NoteGeometry.h"
 #include "layout/TaperedCurve.h"
 #include "model/NoteOperations.h"
@@ -157,7 +158,11 @@ TaperedCurve CurveOf(const MarkValue& mark) {
 }  // namespace
 
 Rect InkOf(const MarkValue& mark) { return InkOf(CurveOf(mark)); }
-void Paint(GraphicPort& port, const MarkValue& mark, const DrawContext&) { Paint(port, CurveOf(mark)); }
+void Paint(GraphicPort& port, const MarkValue& mark, const DrawContext& context) {
+    const PenKept kept(port);
+    if (IsHidden(&mark) && !UseHiddenColour(port, context.hiddenNotes, context.printing)) return;
+    Paint(port, CurveOf(mark));
+}
 std::vector<Point> OutlineOf(const MarkValue& mark) {
     const TaperedCurve curve = CurveOf(mark);
     return curve.IsEmpty() ? std::vector<Point>{} : PointsAlong(curve);

@@ -8,6 +8,7 @@
 #include "graphics/MemoryPort.h"
 #include "layout/DrawFamilies.h"
 #include "layout/Engraving.h"
+#include "layout/HiddenInk.h"
 #include "layout/LineWeights.h"
 #include "layout/NoteGeometry.h"
 #include "model/NoteOperations.h"
@@ -127,7 +128,7 @@ private:
         _picture.left = Point{first.left, y} + Moved(_irregular->_leftX, _irregular->_leftY);
         _picture.right =
             Point{last.right, y + rise(last.right)} + Moved(_irregular->_rightX, _irregular->_rightY);
-        const TupletBracket bracket = _irregular->_bracket;
+        const TupletBracket bracket = BracketOf(_irregular);
         _picture.bracketed =
             bracket == TupletBracket::Always || (bracket == TupletBracket::UnlessBeamed && !_beam);
     }
@@ -222,10 +223,13 @@ Rect InkOf(const MarkIrreg& mark) {
     return ink;
 }
 
-void Paint(GraphicPort& port, const MarkIrreg& mark, const DrawContext&) {
+// A hidden one is seen where hidden notes are.
+void Paint(GraphicPort& port, const MarkIrreg& mark, const DrawContext& context) {
     const TupletPicture picture = PictureOf(mark);
     if (picture.IsEmpty()) return;
     const PenKept kept(port);
+    const bool hidden = IsHidden(irregularMarks.ParentOf(&mark));
+    if (hidden && !UseHiddenColour(port, context.hiddenNotes, context.printing)) return;
     if (!picture.figureInk.IsEmpty()) {
         TupletShape::UseFigureFont(port, voiceSymbolAttributes.ParentOf(&mark), picture.size);
         port.DrawString(picture.figure, picture.baseline.x, picture.baseline.y);

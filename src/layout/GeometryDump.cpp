@@ -4,6 +4,7 @@
 
 #include "layout/PageFiling.h"
 #include "layout/PageLayout.h"
+#include "layout/SpacingHeader.h"
 #include "model/Par.h"
 
 namespace corvane {
@@ -38,6 +39,7 @@ void AddMeasure(std::string& text, Seen& seen, const Measure* measure) {
 }  // namespace
 
 std::string GeometryDump(const Page* page) {
+    const HeadersAtRest headers;
     std::string text;
     Seen seen;
     for (const System* system : pageSystems.Of(page)) {

@@ -174,6 +174,28 @@ void DealSystems(Document* document, Page* first, const std::vector<System*>& sy
     }
 }
 
+// The last one before a page; null for none.
+const System* SystemBefore(const Page* page) {
+    for (page = documentPages.Prev(page); page; page = documentPages.Prev(page))
+        if (const System* last = pageSystems.Last(page)) return last;
+    return nullptr;
+}
+
+// Where no page from the first on has a system.
+void FillPages(Document* document, Page* first, int lastFilled, int perPage, int measures) {
+    const System* model = SystemBefore(first);
+    CORVANE_ASSERT_AS(model, "protSys");
+    for (Page* page = first; page; page = documentPages.Next(page)) {
+        if (page != first && page->_pageNumber > lastFilled) return;
+        System* last = nullptr;
+        for (int place = 0; place < perPage; ++place) {
+            last = MakeSystemLike(page, last, model, measures);
+            FitMeasures(last);
+        }
+        RefitSystems(document, page);
+    }
+}
+
 }  // namespace
 
 void RenumberMeasures(Measure* first) {
@@ -228,7 +250,7 @@ void SetMeasuresPerSystem(Document* document, System* first, System* last, int p
 void SetSystemsPerPage(Document* document, Page* first, int lastFilled, int perPage, int measures) {
     CORVANE_ASSERT_AS(document && first && perPage > 0, "_prototipo && _doc && _p");
     const std::vector<System*> systems = SystemsFrom(first);
-    CORVANE_ASSERT_AS(!systems.empty(), "protSys");
+    if (systems.empty()) return FillPages(document, first, lastFilled, perPage, measures);
     std::vector<PageHolding> before;
     for (Page* page = first; page; page = documentPages.Next(page)) before.emplace_back(pageSystems, page);
     const Page* lastOld = documentPages.Last(document);

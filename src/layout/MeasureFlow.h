@@ -14,7 +14,8 @@ inline constexpr int kNewSystemMeasures = 3;  // of a system that fills a page
 void SetMeasuresPerSystem(Document* document, System* first, System* last, int perSystem);
 
 // All systems from the page `first` on stand `perPage` to a page, on as many pages as they need. The first
-// page, and each one up to the number `lastFilled`, is filled with new systems of `measures` measures.
+// page, and each one up to the number `lastFilled`, is filled with new systems of `measures` measures. The
+// score has a system somewhere up to the end of `first`, or behind it.
 void SetSystemsPerPage(Document* document, Page* first, int lastFilled, int perPage,
                        int measures = kNewSystemMeasures);
 

@@ -51,6 +51,8 @@ StemLine LineOf(const Column& column);
 void SetEnd(Stem* stem, int32_t y);
 // Ink of a stem: within the edge of the heads, shown or not.
 Rect StemInk(const Column& column);
+// Where a press is on a stem, though beside its thin line: 100 units to either side, strictly between its ends.
+Rect HitAreaOf(const Column& column);
 // Whether a stem is drawn at all: breves and whole notes have one that never is.
 bool HasStemInk(const Stem* stem);
 

@@ -10,6 +10,8 @@
 namespace corvane {
 namespace {
 
+constexpr int32_t kStemReach = 100;  // of a press beside a stem, page units
+
 // The y from which a stem's length counts, upward or downward: the head nearest to its free end, or the
 // bottom line of that head's staff where the heads stand on several.
 int32_t LengthOrigin(const Column& column, const GenericNote* outer) {
@@ -47,6 +49,12 @@ bool HasStemInk(const Stem* stem) {
     const ChordSymbol* chordSymbol = ChordSymbolPar(stem);
     const int value = chordSymbol ? chordSymbol->_value.Get() : 0;
     return value != 1 && value != kDoubleWhole && !stemNotes.IsEmpty(stem);
+}
+
+Rect HitAreaOf(const Column& column) {
+    if (!HasStemInk(column.stem)) return {};
+    const StemLine line = LineOf(column);
+    return Rect{line.x - kStemReach, line.from, line.x + kStemReach, line.end}.Normalised();
 }
 
 Rect StemInk(const Column& column) {

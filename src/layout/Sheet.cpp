@@ -7,6 +7,7 @@
 #include "base/Assert.h"
 #include "graphics/GraphicPort.h"
 #include "layout/PageFiling.h"
+#include "layout/SpacingHeader.h"
 
 namespace corvane {
 namespace {
@@ -22,7 +23,7 @@ using EntryList = std::list<const Entry*>;
 
 struct Tile {
     EntryList inOrder, late;
-    bool dirty = false;
+    Rect stale;
 
     EntryList& ListFor(bool isLate) { return isLate ? late : inOrder; }
 };
@@ -79,8 +80,18 @@ struct NewWindowSheet::Tiles {
         return it == entries.end() ? nullptr : &it->second;
     }
 
-    void MarkDirty(const Entry& entry) {
-        for (const Entry::Place& place : entry.places) tiles[static_cast<size_t>(place.tile)].dirty = true;
+    // The outermost tiles reach to the end of the page and beyond.
+    Rect RectOf(int tile) const {
+        const int i = tile % across, j = tile / across;
+        return {i == 0 ? -kFar : i * cellWidth, j == 0 ? -kFar : j * cellHeight,
+                i + 1 == across ? kFar : (i + 1) * cellWidth, j + 1 == down ? kFar : (j + 1) * cellHeight};
+    }
+
+    void MarkDirty(const Rect& rect) {
+        ForEachTile(rect, [&](int tile) {
+            Rect& stale = tiles[static_cast<size_t>(tile)].stale;
+            stale = Union(stale, Intersection(rect, RectOf(tile)));
+        });
     }
 
     void File(const DrawPatch& patch, int voice) {
@@ -138,6 +149,8 @@ NewWindowSheet::NewWindowSheet(int32_t width, int32_t height, int across, int do
 NewWindowSheet::~NewWindowSheet() = default;
 
 void NewWindowSheet::FilePage(Page* page) {
+    const HeadersAtRest headers;
+    _lifted.clear();
     for (Tile& tile : _tiles->tiles) tile = Tile();
     _tiles->entries.clear();
     _page = page;
@@ -146,6 +159,7 @@ void NewWindowSheet::FilePage(Page* page) {
 }
 
 void NewWindowSheet::File(const DrawPatch& patch, int voice) {
+    std::erase(_lifted, patch);
     if (Entry* entry = _tiles->Find(patch)) _tiles->TakeOff(*entry);
     _tiles->File(patch, voice);
 }
@@ -154,13 +168,14 @@ void NewWindowSheet::AddObject(const DrawPatch& patch, int voice) {
     CORVANE_ASSERT(patch);
     if (IsFiled(patch)) RemoveObject(patch);
     File(patch, voice);
-    _tiles->MarkDirty(*_tiles->Find(patch));
+    _tiles->MarkDirty(_tiles->Find(patch)->rect);
 }
 
 void NewWindowSheet::RemoveObject(const DrawPatch& patch, bool markDirty) {
     Entry* entry = _tiles->Find(patch);
     if (!entry) return;
-    if (markDirty) _tiles->MarkDirty(*entry);
+    if (markDirty) _tiles->MarkDirty(entry->rect);
+    std::erase(_lifted, patch);
     _tiles->TakeOff(*entry);
 }
 
@@ -174,33 +189,68 @@ Rect NewWindowSheet::FiledRect(const DrawPatch& patch) const {
 }
 
 void NewWindowSheet::MarkAllDirty() {
-    for (Tile& tile : _tiles->tiles) tile.dirty = true;
+    for (int tile = 0; tile < TileCount(); ++tile)
+        _tiles->tiles[static_cast<size_t>(tile)].stale = TileRect(tile);
 }
 
-void NewWindowSheet::MarkDirty(const Rect& rect) {
-    _tiles->ForEachTile(rect, [&](int tile) { _tiles->tiles[static_cast<size_t>(tile)].dirty = true; });
-}
+void NewWindowSheet::MarkDirty(const Rect& rect) { _tiles->MarkDirty(rect); }
 
 int NewWindowSheet::TileCount() const { return _tiles->across * _tiles->down; }
 
-Rect NewWindowSheet::TileRect(int tile) const {
-    const Tiles& t = *_tiles;
-    const int i = tile % t.across, j = tile / t.across;
-    return {i == 0 ? -kFar : i * t.cellWidth, j == 0 ? -kFar : j * t.cellHeight,
-            i + 1 == t.across ? kFar : (i + 1) * t.cellWidth,
-            j + 1 == t.down ? kFar : (j + 1) * t.cellHeight};
+Rect NewWindowSheet::TileRect(int tile) const { return _tiles->RectOf(tile); }
+
+const Rect& NewWindowSheet::StaleRect(int tile) const {
+    return _tiles->tiles[static_cast<size_t>(tile)].stale;
 }
 
-bool NewWindowSheet::IsDirty(int tile) const { return _tiles->tiles[static_cast<size_t>(tile)].dirty; }
+bool NewWindowSheet::IsDirty(int tile) const { return !StaleRect(tile).IsEmpty(); }
 
-void NewWindowSheet::ClearDirty(int tile) { _tiles->tiles[static_cast<size_t>(tile)].dirty = false; }
+void NewWindowSheet::ClearDirty(int tile) { _tiles->tiles[static_cast<size_t>(tile)].stale = {}; }
 
-void NewWindowSheet::Draw(GraphicPort& port, const Rect& area, const DrawContext& context) const {
+DrawContext NewWindowSheet::OurContext(const DrawContext& context) const {
     DrawContext ours = context;
     ours.colouring = _colouring;
     ours.editVoice = _editVoice;
+    return ours;
+}
+
+bool NewWindowSheet::IsLifted(const DrawPatch& patch) const {
+    return std::find(_lifted.begin(), _lifted.end(), patch) != _lifted.end();
+}
+
+void NewWindowSheet::Lift(const std::vector<DrawPatch>& patches) {
+    CORVANE_ASSERT_AS(_lifted.empty(), "!_objVector");
+    for (const DrawPatch& patch : patches)
+        if (const Entry* entry = _tiles->Find(patch)) {
+            _lifted.push_back(patch);
+            MarkDirty(entry->rect);
+        }
+}
+
+void NewWindowSheet::PutDown() {
+    for (const DrawPatch& patch : _lifted) MarkDirty(FiledRect(patch));
+    _lifted.clear();
+}
+
+void NewWindowSheet::DrawLifted(GraphicPort& port, Point by, const DrawContext& context) const {
+    const DrawContext ours = OurContext(context);
     const Colour before = port.CurrentColor();
-    for (const Entry* entry : _tiles->Gather(area, [&](const Entry& e) { return e.rect.Meets(area); })) {
+    const Point origin = port.Origin();
+    port.SetOrigin(origin.x - by.x, origin.y - by.y);
+    for (const DrawPatch& patch : _lifted) {
+        port.SetColor(ours.ColourOf(_tiles->Find(patch)->voice));
+        patch.Draw(port, ours);
+    }
+    port.SetOrigin(origin.x, origin.y);
+    port.SetColor(before);
+}
+
+void NewWindowSheet::Draw(GraphicPort& port, const Rect& area, const DrawContext& context) const {
+    const HeadersAtRest headers;
+    const DrawContext ours = OurContext(context);
+    const Colour before = port.CurrentColor();
+    const auto isSeen = [&](const Entry& e) { return e.rect.Meets(area) && !IsLifted(e.patch); };
+    for (const Entry* entry : _tiles->Gather(area, isSeen)) {
         port.SetColor(ours.ColourOf(entry->voice));
         entry->patch.Draw(port, ours);
     }
@@ -245,6 +295,7 @@ std::vector<DrawPatch> NewWindowSheet::AllPatches() const {
 }
 
 void DrawPage(GraphicPort& port, const Page* page, const DrawContext& context) {
+    const HeadersAtRest headers;
     std::vector<std::pair<DrawPatch, int>> late;
     const Colour before = port.CurrentColor();
     const auto draw = [&](const DrawPatch& patch, int voice) {

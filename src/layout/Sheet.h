@@ -36,6 +36,8 @@ public:
     int TileCount() const;
     Rect TileRect(int tile) const;  // the outermost tiles reach to the end of the page and beyond
     bool IsDirty(int tile) const;
+    // What of a dirty tile has changed, as one rectangle; empty for a clean one.
+    const Rect& StaleRect(int tile) const;
     void ClearDirty(int tile);
 
     // Draws the objects that meet `area`, each once, in the order of their filing, accidentals and handles
@@ -49,6 +51,15 @@ public:
     std::vector<DrawPatch> PatchesIn(const GraphicPort& port, const WRegion& region) const;
     std::vector<DrawPatch> AllPatches() const;
 
+    // ---- What is being dragged: the picture is painted without it, and DrawLifted paints it where it would
+    // come to stand. Nothing may be lifted yet; what is not filed is left out.
+    void Lift(const std::vector<DrawPatch>& patches);
+    // Back into the picture, where it stands.
+    void PutDown();
+    // What is taken off the sheet meanwhile, or filed anew, is no longer among it.
+    const std::vector<DrawPatch>& Lifted() const { return _lifted; }
+    void DrawLifted(GraphicPort& port, Point by, const DrawContext& context) const;
+
     // The caller marks dirty what changes its looks by these.
     void SetEditVoice(int voice) { _editVoice = voice; }
     int EditVoice() const { return _editVoice; }
@@ -57,11 +68,14 @@ public:
 private:
     struct Tiles;
     void File(const DrawPatch& patch, int voice);
+    bool IsLifted(const DrawPatch& patch) const;
+    DrawContext OurContext(const DrawContext& context) const;
 
     std::unique_ptr<Tiles> _tiles;
     Page* _page = nullptr;
     int _editVoice = 0;  // 0 for all
     VoiceColouring _colouring;
+    std::vector<DrawPatch> _lifted;
 };
 
 // Draws a whole page without a sheet, as printers and files want it.

@@ -155,6 +155,7 @@ bool SpaceVoice(Voice* voice) {
     VoiceSymbol* first = voiceSymbols.First(voice);
     if (!first) return false;
     SplitPartedColumns(voice);
+    const HeadersAtRest headers;
     const ClefPlaces clefs(MeasureStaffPar(voice));
     const bool changed = SpaceEvents(voice, first);
     if (!changed) return false;
@@ -164,6 +165,7 @@ bool SpaceVoice(Voice* voice) {
 }
 
 bool SpaceMeasure(Measure* measure, const SpacingRoom& room) {
+    const HeadersAtRest headers;
     ListaEventi list(measure, room);
     if (!list.CanBeSpaced()) return false;
     list.LayOut(spacingTable);

@@ -1,6 +1,7 @@
 #include "layout/SpacingHeader.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "layout/BarlineShapes.h"
 #include "layout/Frames.h"
@@ -48,21 +49,7 @@ void MeasureColumns(const Measure* measure, int32_t (&widths)[kColumns]) {
         }
 }
 
-}  // namespace
-
-SpacingGaps GapsOf(const Document* document) {
-    const auto* page = document ? Preferences<PagePref>(document) : nullptr;
-    if (!page) return {};
-    return {page->_barlineClefGap, page->_clefKeyGap, page->_keyTimeGap, page->_firstNoteGap,
-            page->_lastNoteGap};
-}
-
-bool ShowsTimeSignatures(const Document* document) {
-    const auto* preferences = document ? Preferences<TimeMeasurePref>(document) : nullptr;
-    return !preferences || preferences->_showTimeSignature;
-}
-
-HeaderPlaces PlacesOf(const Measure* measure) {
+HeaderPlaces WorkOutPlaces(const Measure* measure) {
     const Document* document = DocumentPar(measure);
     const SpacingGaps gaps = GapsOf(document);
     int32_t widths[kColumns] = {};
@@ -78,6 +65,44 @@ HeaderPlaces PlacesOf(const Measure* measure) {
     const int32_t repeatWidth = StartRepeatWidth(measure);
     const int32_t repeat = x += x && repeatWidth ? gaps.keyTime : 0;
     return {places[0], places[1], places[2], repeat, x + repeatWidth + gaps.firstNote};
+}
+
+// Headers worked out while nothing is written.
+struct KnownHeaders {
+    int passes = 0;
+    std::unordered_map<const Measure*, HeaderPlaces> places;
+};
+KnownHeaders& Known() {
+    thread_local KnownHeaders known;
+    return known;
+}
+
+}  // namespace
+
+HeadersAtRest::HeadersAtRest() { ++Known().passes; }
+
+HeadersAtRest::~HeadersAtRest() {
+    if (--Known().passes == 0) Known().places.clear();
+}
+
+SpacingGaps GapsOf(const Document* document) {
+    const auto* page = document ? Preferences<PagePref>(document) : nullptr;
+    if (!page) return {};
+    return {page->_barlineClefGap, page->_clefKeyGap, page->_keyTimeGap, page->_firstNoteGap,
+            page->_lastNoteGap};
+}
+
+bool ShowsTimeSignatures(const Document* document) {
+    const auto* preferences = document ? Preferences<TimeMeasurePref>(document) : nullptr;
+    return !preferences || preferences->_showTimeSignature;
+}
+
+HeaderPlaces PlacesOf(const Measure* measure) {
+    KnownHeaders& known = Known();
+    if (!known.passes) return WorkOutPlaces(measure);
+    const auto found = known.places.find(measure);
+    if (found != known.places.end()) return found->second;
+    return known.places.emplace(measure, WorkOutPlaces(measure)).first->second;
 }
 
 int32_t NoteAreaLeft(const Measure* measure) { return PlacesOf(measure).noteArea; }

@@ -28,6 +28,15 @@ struct HeaderPlaces {
 };
 HeaderPlaces PlacesOf(const Measure* measure);
 
+// While one of these lives on a thread, each header is worked out once there, however many objects ask for
+// it: for passes that write nothing to headers. They may nest.
+class HeadersAtRest {
+public:
+    HeadersAtRest();
+    ~HeadersAtRest();
+    HeadersAtRest(const HeadersAtRest&) = delete;
+};
+
 // Whether a score shows its time signatures; those that are not shown take no room.
 bool ShowsTimeSignatures(const Document* document);
 

@@ -34,6 +34,7 @@ enum class SessionWord : int {
     CursorStep = 68,              // of the play cursor: 0 a beat, 1 half a measure, 2 a measure
     PageTurn = 69,                // the play cursor is shown and pages turn
     ClickIsOn = 79,
+    ShowMargins = 80,             // of pages, on screen
 
     ShowHiddenRests = 71,         // on screen, in grey
     HideRestsInPrint = 72,

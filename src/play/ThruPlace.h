@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-class Document;
+struct Document;
 
 struct ThruPlace {
     int16_t port = SoundPort::kNone;

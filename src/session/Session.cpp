@@ -4,6 +4,7 @@
 
 #include "base/Notify.h"
 #include "edit/Clipboard.h"
+#include "edit/SessionChoices.h"
 #include "interchange/ImportMidi.h"
 #include "layout/ListaEventi.h"
 #include "layout/PageFit.h"
@@ -59,6 +60,7 @@ Session::Session(const SessionParts& parts) : _parts(parts), _preferences(Defaul
         Notify(Severity::Message, status.message());
     preferredPairDistance = GetWord(_preferences, SessionWord::PairDistance);
     spacingTable.widths = _preferences.spacing;
+    TakeChoices(_preferences);
     UseFontList(FontList::FromNames(_preferences.fonts));
 }
 
@@ -230,6 +232,7 @@ WindowTarn* Session::OpenBackup(const Backup& backup, Status& status, std::vecto
 
 Status Session::StorePreferences() {
     _preferences.spacing = spacingTable.widths;
+    KeepChoices(_preferences);
     _preferences.fonts = TheFontList().ToNames();
     return _parts.settings ? WriteSessionPreferences(*_parts.settings, _preferences) : Status::Ok();
 }

@@ -1,16 +1,29 @@
 #include "shell/ActionSet.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 
 #include "edit/CommandTable.h"
+#include "edit/ToolState.h"
 #include "shell/FormDialog.h"
 #include "shell/MainFrame.h"
 #include "shell/MenuTable.h"
 #include "shell/Notices.h"
 
 namespace corvane {
+
+namespace {
+
+// The words of an entry with the first key that it has.
+QString TipOf(const MenuRow& row) {
+    const QStringList text = QString(row.text).remove('&').remove("...").split('\t');
+    const QStringList keys = text.mid(1) + QString(row.keys).split("; ", Qt::SkipEmptyParts);
+    return keys.isEmpty() ? text.front() : QString("%1 (%2)").arg(text.front(), keys.front());
+}
+
+}  // namespace
 
 ActionSet::ActionSet(MainFrame& frame) : _frame(frame) {
     for (const MenuRow& row : MenuRows()) {
@@ -40,6 +53,7 @@ void ActionSet::Add(QMenu& menu, const MenuRow& row) {
     action->setShortcuts(QKeySequence::listFromString(row.keys));
     action->setCheckable(row.checked != nullptr);
     if (row.picture) action->setIcon(ToolIcon(*row.picture));
+    if (row.picture) action->setToolTip(TipOf(row));
     action->setIconVisibleInMenu(false);
     connect(action, &QAction::triggered, this, [this, &row] { Run(row); });
     menu.addAction(action);
@@ -65,6 +79,23 @@ void ActionSet::Run(const MenuRow& row) {
         if (row.checked) _frame.KeepSwitches();
     }
     _frame.RefreshActions();
+}
+
+bool ActionSet::TellWhyNot(const QKeyEvent& event) {
+    const QKeySequence keys(event.keyCombination());
+    for (const MenuRow& row : MenuRows()) {
+        const QAction* action = row.id ? _actions.at(row.id) : nullptr;
+        if (!action || action->isEnabled() || !action->shortcuts().contains(keys)) continue;
+        WindowTarn* window = _frame.CurrentScore();
+        if (!window)
+            _frame.Tell("Open a score first");
+        else if (FindCommand(row.id))
+            _frame.Tell(RunCommand(*window, row.id).message());
+        else if (IsPlaying())
+            _frame.Tell("Stop the play first");
+        return true;
+    }
+    return false;
 }
 
 void ActionSet::Ask(const CommandForm& form) {

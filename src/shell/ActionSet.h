@@ -6,6 +6,7 @@
 #include <map>
 
 class QAction;
+class QKeyEvent;
 class QMenu;
 
 namespace corvane {
@@ -19,6 +20,8 @@ public:
     explicit ActionSet(MainFrame& frame);
 
     QAction* Of(int id) const { return _actions.at(id); }
+    // Tells why the entry of a key that came to nothing cannot act now; false for a key of no entry.
+    bool TellWhyNot(const QKeyEvent& event);
     // Checks and enabled states as things stand now.
     void Refresh();
 

@@ -143,6 +143,8 @@ constexpr F kFlowMeasures[] = {
 constexpr F kFlowSystems[] = {
     {.label = "&From page:", .name = "from", .usual = "1", .least = 1, .reach = Reach::Pages},
     {.label = "&Systems per page:", .name = "count", .usual = "6", .least = 0, .most = 99},
+    {.label = "Fill &up to page:", .name = "to", .usual = "0", .reach = Reach::Pages, .words = "the first only", .leastIsSilent = true},
+    {.label = "&Measures of a new system:", .name = "measures", .usual = "3", .least = 0, .most = 99, .words = "as in a new score"},
 };
 constexpr F kTranspose[] = {
     {.label = "&By:", .name = "", .options = kTransposed},
@@ -210,7 +212,7 @@ constexpr CommandForm kForms[] = {
 
 const CommandForm* FindForm(int id) {
     for (const std::span<const CommandForm> forms :
-         {std::span<const CommandForm>(kForms), LayoutForms(), NoteForms()})
+         {std::span<const CommandForm>(kForms), LayoutForms(), NoteForms(), SignForms()})
         for (const CommandForm& form : forms)
             if (form.id == id) return &form;
     return nullptr;

@@ -37,9 +37,11 @@ struct CommandForm {
     bool ofSession = false;    // changes what the session's settings keep
 };
 
-// Those of spacing, pages and staves, and those of beams and stems; the others stand with FindForm.
+// Those of spacing, pages and staves, those of beams and stems, those of signs and of what is hidden; the
+// others stand with FindForm.
 std::span<const CommandForm> LayoutForms();
 std::span<const CommandForm> NoteForms();
+std::span<const CommandForm> SignForms();
 
 // Null for a command that asks nothing.
 const CommandForm* FindForm(int id);

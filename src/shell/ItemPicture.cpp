@@ -85,6 +85,14 @@ void AddHairpin(ItemPicture& picture, const PaletteItem&) {
 void AddPedal(ItemPicture& picture, const PaletteItem&) {
     picture.lines = {{{0, -90}, {0, 0}}, {{0, 0}, {360, 0}}, {{360, 0}, {360, -90}}};
 }
+void AddEnding(ItemPicture& picture, const PaletteItem&) {
+    picture.lines = {{{0, 0}, {0, -150}}, {{0, -150}, {340, -150}}};
+    for (GlyphPart part : GlyphsOf(CanonicalSymbolName("_Uno_"))) {
+        part.dx += 60;
+        part.dy -= 30;
+        picture.glyphs.push_back(part);
+    }
+}
 void AddOctave(ItemPicture& picture, const PaletteItem& item) {
     const bool down = std::string_view(item.descriptor).find("Giu") != std::string_view::npos;
     picture.glyphs = GlyphsOf(CanonicalSymbolName(item.descriptor));
@@ -107,8 +115,8 @@ constexpr struct {
     int group, item;
     void (*add)(ItemPicture& picture, const PaletteItem& item);
 } kSpanners[] = {
-    {1, kTieItem, AddTie}, {1, 28, AddSlur},  {3, 18, AddHairpin}, {5, 2, AddTrill}, {6, 3, AddOctave},
-    {6, 4, AddOctave},     {6, 5, AddOctave}, {6, 6, AddOctave},   {6, 13, AddPedal},
+    {1, kTieItem, AddTie}, {1, 28, AddSlur},  {3, 18, AddHairpin}, {5, 2, AddTrill},  {6, 2, AddEnding},
+    {6, 3, AddOctave},     {6, 4, AddOctave}, {6, 5, AddOctave},   {6, 6, AddOctave}, {6, 13, AddPedal},
 };
 
 // The line that the rest hangs from or stands on.

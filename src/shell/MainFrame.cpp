@@ -1,5 +1,6 @@
 #include "shell/MainFrame.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QMimeData>
@@ -11,6 +12,7 @@
 #include "layout/Beaming.h"
 #include "shell/ActionSet.h"
 #include "shell/AuditionPlayer.h"
+#include "shell/MenuTable.h"
 #include "shell/MixerDock.h"
 #include "shell/PaletteDock.h"
 #include "shell/PlayDock.h"
@@ -27,6 +29,14 @@ namespace {
 constexpr const char* kPlaceKey = "Settings/Window";
 constexpr int kWidth = 1280, kHeight = 860;
 constexpr int kSafetyMilliseconds = 80;
+
+constexpr int kContextMenu[] = {kCutId, kCopyId, kPasteId, kClearId, 0, kSelectAllId, kSelectNothingId};
+
+QAction* ParterOf(QWidget& menu) {
+    auto* parter = new QAction(&menu);
+    parter->setSeparator(true);
+    return parter;
+}
 
 QByteArray ReadBytes(const SettingsStore& settings, const char* name) {
     std::vector<uint8_t> bytes;
@@ -129,8 +139,9 @@ void MainFrame::ShowScore(WindowTarn& window) {
     window.Sheet().SetColouring({ColoursVoices(), _session.Preferences().voiceColours});
     window.Sheet().SetEditVoice(Tools().currentVoice);
     ScoreView* view = _tabs->Add(window);
-    view->SetContext(ScreenContext());
-    view->ShowMargins(_margins);
+    view->ShowMargins(ShowsMargins());
+    view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    for (const int id : kContextMenu) view->addAction(id ? _actions->Of(id) : ParterOf(*view));
     view->OnZoomed([this] { _toolStrip->Refresh(); });
     TabChanged();
 }
@@ -158,15 +169,6 @@ void MainFrame::GoToPage(int number) {
 }
 
 // ---- preferences
-
-DrawContext MainFrame::ScreenContext() {
-    const SessionPreferences& p = _session.Preferences();
-    DrawContext context;
-    context.hiddenNotes = {IsOn(p, SessionWord::ShowHiddenNotes), IsOn(p, SessionWord::HideNotesInPrint)};
-    context.hiddenStems = {IsOn(p, SessionWord::ShowHiddenStems), IsOn(p, SessionWord::HideStemsInPrint)};
-    context.hiddenRests = {IsOn(p, SessionWord::ShowHiddenRests), IsOn(p, SessionWord::HideRestsInPrint)};
-    return context;
-}
 
 void MainFrame::TakeSwitches() {
     const SessionPreferences& preferences = _session.Preferences();
@@ -197,8 +199,11 @@ void MainFrame::ColourVoices(bool on) {
     }
 }
 
+bool MainFrame::ShowsMargins() { return IsOn(_session.Preferences(), SessionWord::ShowMargins); }
+
 void MainFrame::ShowMargins(bool show) {
-    _margins = show;
+    SetWord(_session.Preferences(), SessionWord::ShowMargins, show);
+    KeepSwitches();
     for (const auto& window : _session.Windows())
         if (ScoreView* view = _tabs->ViewOf(*window)) view->ShowMargins(show);
 }
@@ -220,6 +225,7 @@ void MainFrame::ScrollTo(WindowTarn& window, const Rect& units) {
 
 void MainFrame::ToolChanged() {
     _palette->ToolChanged();
+    if (Tools().toolMode == ModePencil && Tools().paletteGroup == kNoteGroup) _palette->raise();
     for (SignDock* dock : _signs) dock->ToolChanged();
     _toolStrip->Refresh();
     _status->ToolChanged();
@@ -272,7 +278,8 @@ void MainFrame::closeEvent(QCloseEvent* event) {
 // Keys that the focused part of the window has no use for belong to the score.
 void MainFrame::keyPressEvent(QKeyEvent* event) {
     ScoreView* view = CurrentView();
-    if (!view || !view->TakeKey(*event)) QMainWindow::keyPressEvent(event);
+    if (view && view->TakeKey(*event)) return;
+    if (!_actions->TellWhyNot(*event)) QMainWindow::keyPressEvent(event);
 }
 
 void MainFrame::dragEnterEvent(QDragEnterEvent* event) {

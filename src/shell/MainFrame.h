@@ -58,7 +58,7 @@ public:
     void GoToPage(int number);
     bool ColoursVoices();
     void ColourVoices(bool on);
-    bool ShowsMargins() const { return _margins; }
+    bool ShowsMargins();
     void ShowMargins(bool show);
     // Keeps switches of the menus that are preferences.
     void KeepSwitches();
@@ -85,7 +85,6 @@ private:
     void TabChanged();
     void ShowWindowTitle();
     void TakeSwitches();
-    DrawContext ScreenContext();
     void OfferRecovered();
     void KeepSafe();
     void RestorePlace();
@@ -98,7 +97,6 @@ private:
     PlayControl _player;
     QTimer _safety;  // of unsaved work
     ScoreTabs* _tabs;
-    bool _margins = false;  // of pages are shown
     PaletteDock* _palette = nullptr;
     std::vector<SignDock*> _signs;  // of SignSheets, in their order
     std::unique_ptr<ActionSet> _actions;

@@ -125,13 +125,18 @@ template <bool EditSwitches::*Switch>
 bool IsSwitchOn(MainFrame&) {
     return Switches().*Switch;
 }
+template <bool ToolState::*Switch>
+bool IsToolSwitchOn(MainFrame&) {
+    return Tools().*Switch;
+}
 
 using S = EditSwitches;
+using T = ToolState;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
 constexpr int kOpenBackupId = 40001, kPreviewId = 40030;
 constexpr const char *kFile = "&File", *kEdit = "&Edit", *kEditGo = "&Edit/&Go", *kView = "&View",
-                     *kScore = "&Score", *kScoreAdd = "&Score/&Add", *kScoreRemove = "&Score/&Remove",
-                     *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
+                     *kViewHide = "&View/Show-&Hide", *kScore = "&Score", *kScoreAdd = "&Score/&Add",
+                     *kScoreRemove = "&Score/&Remove", *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
                      *kNotesBeams = "&Notes/&Beams", *kNotesOptions = "&Notes/Options",
                      *kNotesMove = "&Notes/Mo&ve and Alter", *kTools = "&Tools", *kMidi = "&MIDI",
                      *kHelp = "&Help";
@@ -158,15 +163,15 @@ const MenuRow kRows[] = {
     {kEdit, kUndoId, "&Undo", "Ctrl+Z", {}, {}, {}, {}, ToolPicture::Undo},
     {kEdit, kRedoId, "&Redo", "Ctrl+Shift+Z", {}, {}, {}, {}, ToolPicture::Redo},
     {kEdit, 0},
-    {kEdit, 57635, "Cu&t", "Ctrl+X"},
-    {kEdit, 57634, "&Copy", "Ctrl+C"},
-    {kEdit, 57637, "&Paste", "Ctrl+V"},
-    {kEdit, 32774, "C&lear", "Del"},
+    {kEdit, kCutId, "Cu&t", "Ctrl+X", {}, {}, {}, {}, ToolPicture::Cut},
+    {kEdit, kCopyId, "&Copy", "Ctrl+C", {}, {}, {}, {}, ToolPicture::Copy},
+    {kEdit, kPasteId, "&Paste", "Ctrl+V", {}, {}, {}, {}, ToolPicture::Paste},
+    {kEdit, kClearId, "C&lear", "Del", {}, {}, {}, {}, ToolPicture::Clear},
     {kEdit, 0},
     {kEdit, 40050, "Un&do Levels..."},
     {kEdit, 0},
-    {kEdit, 57642, "Select &All", "Ctrl+Shift+A"},
-    {kEdit, 57641, "Select &Nothing", "Esc"},
+    {kEdit, kSelectAllId, "Select &All", "Ctrl+Shift+A"},
+    {kEdit, kSelectNothingId, "Select &Nothing", "Esc"},
     {kEditGo, 40060, "&Next\tRight"},
     {kEditGo, 40061, "&Previous\tLeft"},
     {kEditGo, 40062, "&Add Next\tShift+Right"},
@@ -189,6 +194,12 @@ const MenuRow kRows[] = {
     {kView, 59392, "&Toolbar", "", TogglePart<ToolStrip, &MainFrame::Toolbar>, {}, IsPartShown<ToolStrip, &MainFrame::Toolbar>},
     {kView, 33065, "Mar&gins", "", [](MainFrame& f) { f.ShowMargins(!f.ShowsMargins()); }, {}, [](MainFrame& f) { return f.ShowsMargins(); }},
     {kView, 33129, "Voice &Coloring", "", ToggleColours, {}, IsColouring},
+    {kViewHide, 33083, "&Rests", "Ctrl+R"},
+    {kViewHide, 33084, "&Stems", "Alt+U"},
+    {kViewHide, 33085, "&Notes", "Ctrl+H"},
+    {kViewHide, 33086, "&Tuplets", "Alt+I"},
+    {kViewHide, 0},
+    {kViewHide, 33082, "Show-Hide &Options..."},
     {kView, 0},
     {kView, 33071, "50%", "", ZoomTo<50>, HasScore, IsZoom<50>},
     {kView, 33072, "75%", "", ZoomTo<75>, HasScore, IsZoom<75>},
@@ -247,6 +258,8 @@ const MenuRow kRows[] = {
     {kNotes, 33088, "Grace Notes Options...", "Ctrl+G"},
     {kNotes, 32819, "Trans&pose..."},
     {kNotes, 32817, "Change &Durations..."},
+    {kNotes, 32818, "Appl&y Articulations..."},
+    {kNotes, 32814, "Accidentals Options...", "Ctrl+A"},
     {kNotes, 33036, "En&harmonic", "Ctrl+E"},
     {kNotesMove, 40040, "Step &Up\tUp"},
     {kNotesMove, 40041, "Step &Down\tDown"},
@@ -280,6 +293,9 @@ const MenuRow kRows[] = {
     {kNotes, 0},
     {kNotes, 32807, "Spacin&g...", "Ctrl+J"},
     {kNotes, 33177, "Spacing Tab&le..."},
+    {kNotes, 0},
+    {kNotes, 40070, "Accidentals in Brac&kets", "", {}, {}, IsToolSwitchOn<&T::accidentParenthesis>},
+    {kNotes, 40071, "O&rnament Accidentals in Brackets", "", {}, {}, IsToolSwitchOn<&T::ornamentParenthesis>},
     {kNotes, 0},
     {kNotes, 32809, "&Auto Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
     {kNotes, 33153, "Delete Notes To &Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},

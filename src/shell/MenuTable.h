@@ -29,6 +29,8 @@ std::span<const MenuRow> MenuRows();
 
 // Ids that others than the table name.
 inline constexpr int kNewId = 57600, kOpenId = 57601, kSaveId = 57603, kUndoId = 57643, kRedoId = 57644,
+                     kCutId = 57635, kCopyId = 57634, kPasteId = 57637, kClearId = 32774,
+                     kSelectAllId = 57642, kSelectNothingId = 57641,
                      kPlayId = 33051, kStopId = 33052, kZoomInId = 33080, kZoomOutId = 33081;
 
 }  // namespace corvane

@@ -8,6 +8,7 @@
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "shell/GlyphButton.h"
+#include "shell/SwitchButton.h"
 
 namespace corvane {
 namespace {
@@ -38,18 +39,6 @@ void Take(const PaletteItem& item) {
 QString TipOf(const PaletteItem& item) {
     const char key = item.group == kNoteGroup ? KeyOfNoteItem(item.item) : 0;
     return key ? QString("%1 (%2)").arg(item.name, QChar(key)) : QString(item.name);
-}
-
-QToolButton* MakeSwitch(const char* name, const char* text, const char* tip, void (*toggle)()) {
-    auto* button = new QToolButton;
-    button->setObjectName(name);
-    button->setText(text);
-    button->setToolTip(tip);
-    button->setCheckable(true);
-    button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::TabFocus);
-    QObject::connect(button, &QToolButton::clicked, button, [toggle] { toggle(); });
-    return button;
 }
 
 }  // namespace

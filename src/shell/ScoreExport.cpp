@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "edit/SessionChoices.h"
 #include "edit/WindowTarn.h"
 #include "interchange/ExportMidi.h"
 #include "layout/Sheet.h"
@@ -102,9 +103,7 @@ PagesToRender PagesOf(WindowTarn& window, int page) {
     render.lastPage = page ? page : static_cast<int>(pages.size());
     render.title = window.Title();
     render.draw = [pages](GraphicPort& port, int number) {
-        DrawContext context;
-        context.printing = true;
-        DrawPage(port, pages[static_cast<size_t>(number - 1)], context);
+        DrawPage(port, pages[static_cast<size_t>(number - 1)], ContextFor(true));
     };
     return render;
 }

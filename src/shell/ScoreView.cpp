@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "edit/CommandTable.h"
+#include "edit/SessionChoices.h"
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
@@ -183,12 +184,6 @@ void ScoreView::ShowMargins(bool show) {
     viewport()->update();
 }
 
-void ScoreView::SetContext(const DrawContext& context) {
-    _context = context;
-    _tiles.Clear();
-    viewport()->update();
-}
-
 void ScoreView::PageChanged() {
     _hover.reset();
     if (_zoom.kind != Zoom::Percent) return SetZoom(_zoom.kind);
@@ -260,6 +255,7 @@ void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
     const OverlayPaint paint{painter, _scale, corner, palette().color(QPalette::Highlight)};
     if (_margins && _window.CurrentPage()) PaintMargins(paint, *_window.CurrentPage());
     PaintSelection(paint, _window);
+    PaintDragged(paint, _window);
     PaintCaret(paint, _window.caret, _window.CurrentPage());
     if (_hover) PaintGhost(paint, _window, *_hover);
     if (_hover && _movedByKeys && !HasGhost() && Tools().toolMode != ModeArrow) PaintPen(paint, *_hover);
@@ -276,7 +272,7 @@ void ScoreView::paintEvent(QPaintEvent* event) {
     const QRectF box = event->region().boundingRect();
     const QRect exposed = QRectF(box.topLeft() * _scale.Ratio(), box.size() * _scale.Ratio()).toAlignedRect();
     painter.translate(corner.x, corner.y);
-    _tiles.Paint(painter, _window.Sheet(), PageUnits(), _scale, _context,
+    _tiles.Paint(painter, _window.Sheet(), PageUnits(), _scale, ContextFor(false),
                  exposed.translated(-corner.x, -corner.y));
     painter.translate(-corner.x, -corner.y);
     PaintOverlays(painter, corner);
@@ -285,9 +281,20 @@ void ScoreView::paintEvent(QPaintEvent* event) {
 
 // ---- input
 
+// The menu of the right button is about what it is pressed on.
+void ScoreView::SelectUnder(Point p) {
+    if (Tools().toolMode != ModeArrow || IsPlaying()) return;
+    const std::vector<Rect> selected = SelectionRects(_window);
+    if (std::any_of(selected.begin(), selected.end(), [p](const Rect& r) { return r.EnclosesStrictly(p); })) return;
+    MouseDown(_window, p.x, p.y, 0);
+    MouseUp(_window, p.x, p.y);
+    viewport()->update();
+}
+
 void ScoreView::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return event->ignore();
     const Point p = UnitsAt(event->position());
+    if (event->button() == Qt::RightButton) SelectUnder(p);
+    if (event->button() != Qt::LeftButton) return event->ignore();
     MouseDown(_window, p.x, p.y, ModifiersOf(event->modifiers()));
     viewport()->update();
 }
@@ -345,7 +352,24 @@ bool ScoreView::TakeMove(const QKeyEvent& event) {
     return true;
 }
 
+// Of two presses the first takes the selection away, the second the pencil or the eraser.
+void ScoreView::TakeEscape() {
+    if (Tools().toolMode == ModeArrow || IsPlaying()) return;
+    SetToolMode(ModeArrow);
+    ApplyToolMode();
+}
+
+bool ScoreView::focusNextPrevChild(bool next) {
+    const QKeyEvent walk(QEvent::KeyPress, next ? Qt::Key_Right : Qt::Key_Left, Qt::NoModifier);
+    return TakeMove(walk) || QAbstractScrollArea::focusNextPrevChild(next);
+}
+
 void ScoreView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F6) {
+        QAbstractScrollArea::focusNextPrevChild(!(event->modifiers() & Qt::ShiftModifier));
+        return;
+    }
+    if (event->key() == Qt::Key_Escape) return TakeEscape();
     if (!TakeKey(*event) && !TakeMove(*event)) QAbstractScrollArea::keyPressEvent(event);
 }
 

@@ -40,8 +40,6 @@ public:
     void StepZoom(int steps);
     void OnZoomed(std::function<void()> told) { _zoomed = std::move(told); }
 
-    // What the pictures depend on besides the sheet; they are made anew.
-    void SetContext(const DrawContext& context);
     void ShowMargins(bool show);
     // The current page is another one, or of another size.
     void PageChanged();
@@ -73,6 +71,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    // Tab walks within the score; F6 leaves it.
+    bool focusNextPrevChild(bool next) override;
     void wheelEvent(QWheelEvent* event) override;
     void changeEvent(QEvent* event) override;
 
@@ -80,6 +80,8 @@ private:
     Rect PageUnits() const;
     QSize PagePixels() const;
     Point PageCorner() const;                    // in the view, pixels
+    void SelectUnder(Point p);
+    void TakeEscape();
     Point UnitsAt(const QPointF& points) const;  // of a place in the view
     void FitScale();
     void FitScrollBars();
@@ -93,7 +95,6 @@ private:
     TileCache _tiles;
     ViewScale _scale;
     Zoom _zoom;
-    DrawContext _context;
     bool _margins = false;
     std::optional<Point> _hover;  // where the tool would act, page units
     bool _movedByKeys = false;    // and not by the pointer

@@ -5,11 +5,12 @@
 #include "edit/PaletteTable.h"
 #include "edit/ToolState.h"
 #include "shell/GlyphButton.h"
+#include "shell/SwitchButton.h"
 
 namespace corvane {
 namespace {
 
-constexpr int kColumns = 4, kMostItem = 40;
+constexpr int kColumns = 4, kMostItem = 40, kOrnaments = 5;
 
 constexpr SignSheet kSheets[] = {
     {2, "paletteChiavi", "Clefs"},
@@ -67,6 +68,11 @@ SignDock::SignDock(const SignSheet& sheet) : QDockWidget(sheet.title), _sheet(sh
             grid->addWidget(button, place, 0, 1, kColumns);
         _items[number] = button;
     }
+    if (sheet.group == kOrnaments) {
+        _brackets = MakeSwitch("ornamentBrackets", "( )", "Enter accidentals of ornaments in brackets",
+                               ToggleOrnamentParenthesis);
+        grid->addWidget(_brackets, grid->rowCount(), 0);
+    }
     grid->setRowStretch(grid->rowCount(), 1);
     grid->setColumnStretch(kColumns, 1);
     setWidget(body);
@@ -77,6 +83,7 @@ void SignDock::ToolChanged() {
     const ToolState& tools = Tools();
     const bool atHand = tools.toolMode == ModePencil && tools.paletteGroup == _sheet.group;
     for (const auto& [item, button] : _items) button->setChecked(atHand && item == tools.items[_sheet.group]);
+    if (_brackets) _brackets->setChecked(tools.ornamentParenthesis);
 }
 
 }  // namespace corvane

@@ -9,7 +9,6 @@ class QToolButton;
 
 namespace corvane {
 
-
 struct SignSheet {
     int group;
     const char* name;  // by which the window keeps its place
@@ -27,6 +26,7 @@ public:
 private:
     const SignSheet& _sheet;
     std::map<int, QToolButton*> _items;  // by item number
+    QToolButton* _brackets = nullptr;    // of the palette with ornaments
 };
 
 }  // namespace corvane

@@ -17,6 +17,8 @@ QString ToolText(const ToolState& tools) {
     QString text = item ? QString("Pencil: %1").arg(item->name) : QString("Pencil");
     if (item && item->suffix == PaletteItem::GraceNote && tools.graceMode) text += ", grace";
     if (item && item->suffix == PaletteItem::Bracketed && tools.accidentParenthesis) text += ", in brackets";
+    if (item && item->suffix == PaletteItem::OrnamentBracketed && tools.ornamentParenthesis)
+        text += ", in brackets";
     return text;
 }
 

@@ -44,12 +44,13 @@ void TileCache::Clear() {
     _bytes = 0;
 }
 
-// What a tile shows may have spilt over its edges, so its neighbours go as well.
+// What has changed may have spilt over its rectangle into a neighbour.
 void TileCache::DropDirty(NewWindowSheet& sheet, const Rect& page, const ViewScale& scale) {
     for (int tile = 0; tile < sheet.TileCount(); ++tile) {
         if (!sheet.IsDirty(tile)) continue;
+        const Rect stale = sheet.StaleRect(tile).GrownBy(scale.Units(kSpill));
         sheet.ClearDirty(tile);
-        ForEachSquare(sheet.TileRect(tile).GrownBy(scale.Units(kSpill)), page, [&](const Square& square) {
+        ForEachSquare(stale, page, [&](const Square& square) {
             const auto found = _pictures.find(square);
             if (found == _pictures.end()) return;
             _bytes -= found->second.sizeInBytes();
@@ -67,6 +68,7 @@ void TileCache::Paint(QPainter& painter, NewWindowSheet& sheet, const Rect& page
         QImage& picture = _pictures[square];
         if (picture.isNull()) {
             ImagePort port(units, scale.Zoom(), scale.Dpi());
+            port.SetTrace(_trace);
             sheet.Draw(port, units.GrownBy(scale.Units(kSpill)), context);
             picture = port.Image();
             _bytes += picture.sizeInBytes();

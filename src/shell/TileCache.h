@@ -3,7 +3,9 @@
 
 #include <QImage>
 #include <map>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "layout/DrawPatch.h"
 
@@ -28,6 +30,8 @@ public:
 
     // Pictures made so far.
     int MadeCount() const { return _made; }
+    // As a port's: what the pictures made from now on are told; null ends it.
+    void SetTrace(std::vector<std::string>* lines) { _trace = lines; }
 
 private:
     using Square = std::pair<int, int>;  // column, row
@@ -37,6 +41,7 @@ private:
     std::map<Square, QImage> _pictures;
     qsizetype _bytes = 0;
     int _made = 0;
+    std::vector<std::string>* _trace = nullptr;
 };
 
 }  // namespace corvane

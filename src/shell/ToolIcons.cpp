@@ -26,6 +26,17 @@ constexpr Shape kShapes[] = {
      ""},
     {ToolPicture::Undo, "M9 4.5 L4.5 9 L9 13.5 M4.5 9 H14.5 A5 5 0 0 1 14.5 19 H10", ""},
     {ToolPicture::Redo, "M15 4.5 L19.5 9 L15 13.5 M19.5 9 H9.5 A5 5 0 0 0 9.5 19 H14", ""},
+    {ToolPicture::Cut,
+     "M6.3 3.5 L15.6 15.9 M17.7 3.5 L8.4 15.9 M9.7 18 A2.7 2.7 0 1 1 4.3 18 A2.7 2.7 0 1 1 9.7 18 "
+     "M19.7 18 A2.7 2.7 0 1 1 14.3 18 A2.7 2.7 0 1 1 19.7 18",
+     ""},
+    {ToolPicture::Copy, "M8.5 7.5 H19.5 V20.5 H8.5 Z M15.5 7.5 V3.5 H4.5 V16.5 H8.5", ""},
+    {ToolPicture::Paste, "M8.5 5 H5.5 V20.5 H18.5 V5 H15.5 M8.5 3.5 H15.5 V7 H8.5 Z M9 11.5 H15 M9 15.5 H15",
+     ""},
+    {ToolPicture::Clear,
+     "M4.5 6.5 H19.5 M9.5 6.5 V3.5 H14.5 V6.5 M6.5 6.5 L7.5 20.5 H16.5 L17.5 6.5 M10.3 10.5 V16.5 M13.7 10.5 "
+     "V16.5",
+     ""},
     {ToolPicture::Play, "", "M7 4.5 L19 12 L7 19.5 Z"},
     {ToolPicture::Stop, "", "M6.5 6.5 H17.5 V17.5 H6.5 Z"},
     {ToolPicture::ZoomIn,

@@ -47,6 +47,7 @@ ToolStrip::ToolStrip(MainFrame& frame) : QToolBar("Toolbar"), _frame(frame) {
     setIconSize(QSize(20, 20));
     AddCommands({kNewId, kOpenId, kSaveId});
     AddCommands({kUndoId, kRedoId});
+    AddCommands({kCutId, kCopyId, kPasteId, kClearId});
     AddTools();
     AddVoices();
     AddCommands({kPlayId, kStopId});
@@ -55,7 +56,11 @@ ToolStrip::ToolStrip(MainFrame& frame) : QToolBar("Toolbar"), _frame(frame) {
 }
 
 void ToolStrip::AddCommands(std::initializer_list<int> ids) {
-    for (const int id : ids) addAction(_frame.Actions().Of(id));
+    for (const int id : ids) {
+        QAction* action = _frame.Actions().Of(id);
+        addAction(action);
+        widgetForAction(action)->setObjectName(QString("command %1").arg(id));
+    }
     addSeparator();
 }
 

@@ -1,4 +1,4 @@
-// The toolbar: files, undo, tools, voice, play, page, zoom.
+// The toolbar: files, undo, clipboard, tools, voice, play, page, zoom.
 #pragma once
 
 #include <QToolBar>

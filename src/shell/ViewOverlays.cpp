@@ -1,8 +1,10 @@
 #include "shell/ViewOverlays.h"
 
 #include <QPainter>
+#include <QRegion>
 
 #include "edit/PaletteTable.h"
+#include "edit/SessionChoices.h"
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "layout/Frames.h"
@@ -16,7 +18,8 @@ namespace corvane {
 namespace {
 
 constexpr double kGhostOpacity = 0.55;
-constexpr int kSelectionFill = 70, kSelectionEdge = 150, kBandFill = 35, kBandEdge = 255;  // of 255
+constexpr int kSelectionFill = 90, kSelectionEdge = 220, kBandFill = 35, kBandEdge = 255;  // of 255
+constexpr double kSelectionMargin = 2.5;  // points, so that the colour shows around black ink
 const QColor kPlayColour(0xD0, 0x30, 0x20), kMarginColour(0x60, 0x90, 0xC8);
 
 const PaletteItem* ItemAtHand() {
@@ -55,6 +58,26 @@ void DrawLedgerLines(GraphicPort& port, const GhostPlace& place) {
     for (int line = -1; line >= place.line; line -= 2) draw(line);
 }
 
+QRect PixelRect(const OverlayPaint& paint, const Rect& units) {
+    return QRect(QPoint(paint.X(units.left), paint.Y(units.top)),
+                 QPoint(paint.X(units.right), paint.Y(units.bottom)));
+}
+
+// An area of the accent's colour with an edge around the whole of it.
+void PaintArea(const OverlayPaint& paint, const QRegion& area, int fill, int edge) {
+    const int width = std::max(1, paint.scale.PixelsOf(1));
+    QRegion inner = area;
+    for (const QPoint by : {QPoint(width, 0), QPoint(-width, 0), QPoint(0, width), QPoint(0, -width)})
+        inner &= area.translated(by);
+    const auto tint = [&](const QRegion& region, int alpha) {
+        QColor colour = paint.accent;
+        colour.setAlpha(alpha);
+        for (const QRect& rect : region) paint.painter.fillRect(rect, colour);
+    };
+    tint(inner, fill);
+    tint(area - inner, edge);
+}
+
 }  // namespace
 
 int32_t OverlayPaint::X(int32_t units) const { return corner.x + scale.Pixels(units); }
@@ -62,8 +85,9 @@ int32_t OverlayPaint::Y(int32_t units) const { return corner.y + scale.Pixels(un
 
 void PaintMargins(const OverlayPaint& paint, const Page& page) {
     const Rect paper = PageRect(&page);
-    const QRect free(QPoint(paint.X(paper.left + page._leftMargin), paint.Y(paper.top + page._topMargin)),
-                     QPoint(paint.X(paper.right - page._rightMargin), paint.Y(paper.bottom - page._bottomMargin)));
+    const QRect free(
+        QPoint(paint.X(paper.left + page._leftMargin), paint.Y(paper.top + page._topMargin)),
+        QPoint(paint.X(paper.right - page._rightMargin), paint.Y(paper.bottom - page._bottomMargin)));
     paint.painter.save();
     paint.painter.setPen(QPen(kMarginColour, std::max(1, paint.scale.PixelsOf(1)), Qt::DashLine));
     paint.painter.setBrush(Qt::NoBrush);
@@ -72,21 +96,13 @@ void PaintMargins(const OverlayPaint& paint, const Page& page) {
 }
 
 void PaintSelection(const OverlayPaint& paint, const WindowTarn& window) {
-    const auto paintRect = [&](const Rect& units, int fill, int edge) {
-        const QRect rect(QPoint(paint.X(units.left), paint.Y(units.top)),
-                         QPoint(paint.X(units.right), paint.Y(units.bottom)));
-        QColor colour = paint.accent;
-        colour.setAlpha(fill);
-        paint.painter.fillRect(rect, colour);
-        colour.setAlpha(edge);
-        paint.painter.setPen(QPen(colour, std::max(1, paint.scale.PixelsOf(1))));
-        paint.painter.drawRect(rect);
-    };
-    paint.painter.save();
-    for (const Rect& rect : SelectionRects(window)) paintRect(rect, kSelectionFill, kSelectionEdge);
+    const int margin = paint.scale.PixelsOf(kSelectionMargin);
+    QRegion selected;
+    for (const Rect& rect : SelectionRects(window))
+        selected += PixelRect(paint, rect).adjusted(-margin, -margin, margin, margin);
+    PaintArea(paint, selected, kSelectionFill, kSelectionEdge);
     const Rect band = window.interaction ? window.interaction->Band() : Rect{};
-    if (!band.IsEmpty()) paintRect(band, kBandFill, kBandEdge);
-    paint.painter.restore();
+    if (!band.IsEmpty()) PaintArea(paint, PixelRect(paint, band), kBandFill, kBandEdge);
 }
 
 void PaintCaret(const OverlayPaint& paint, const Caret& caret, const Page* page) {
@@ -121,6 +137,19 @@ void PaintPlayMark(const OverlayPaint& paint, const CursorMark& mark) {
 }
 
 bool HasGhost() { return ItemAtHand() != nullptr; }
+
+void PaintDragged(const OverlayPaint& paint, const WindowTarn& window) {
+    if (!window.interaction) return;
+    paint.painter.save();
+    paint.painter.scale(paint.scale.Ratio(), paint.scale.Ratio());
+    {
+        QtPort port(paint.painter, paint.scale.Dpi());
+        port.SetZoomRatio(paint.scale.Zoom());
+        port.SetDeviceOffset(paint.corner.x, paint.corner.y);
+        window.interaction->Draw(port, ContextFor(false));
+    }
+    paint.painter.restore();
+}
 
 void PaintGhost(const OverlayPaint& paint, WindowTarn& window, Point p) {
     const PaletteItem* item = ItemAtHand();

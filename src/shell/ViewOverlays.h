@@ -33,6 +33,9 @@ void PaintMargins(const OverlayPaint& paint, const Page& page);
 // What is selected, and the rubber band while one is drawn.
 void PaintSelection(const OverlayPaint& paint, const WindowTarn& window);
 
+// What the pressed pointer drags, where it would come to stand.
+void PaintDragged(const OverlayPaint& paint, const WindowTarn& window);
+
 // An upright line over the staves of the caret's system.
 void PaintCaret(const OverlayPaint& paint, const Caret& caret, const Page* page);  // where it is on the page
 

@@ -10,7 +10,9 @@
 namespace corvane {
 namespace {
 
-constexpr size_t kSpareSnapshots = 16;
+// As many as a paste of a measure touches: what it makes goes to the tails of ever so many blocks of a large
+// score, and fresh memory for each copy would be half of its cost.
+constexpr size_t kSpareSnapshots = 64;
 
 template <class Visit>
 void ForEachHoleSize(const BlockTrailer& trailer, Visit visit) {

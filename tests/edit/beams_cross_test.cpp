@@ -79,6 +79,19 @@ TEST_F(CrossBeamsTest, ItFollowsItsNotesAndStaves) {
     ExpectFiled();
 }
 
+TEST_F(CrossBeamsTest, StemsBetweenTheStavesMayBeShortBeforeTheBeamLeaves) {
+    // The staves are 600 apart, so heads on -2 and 12 leave 300: less than 250 for each, but more than 125.
+    // Heads on -3 and 13 leave 200.
+    Write(1, 1, "8:-2 r8 8:-2");
+    Write(1, 2, "r8 8:12");
+    Do(kOverStaves, In(1));
+    EXPECT_EQ(LineY(BeamAt(1, 1, 1)), (YOfLine(1, -2) + YOfLine(2, 12)) / 2);
+    Write(2, 1, "8:-3 r8 8:-3");
+    Write(2, 2, "r8 8:13");
+    Do(kOverStaves, In(2));
+    EXPECT_EQ(LineY(BeamAt(2, 1, 1)), YOfLine(2, 13) + 250);
+}
+
 TEST_F(CrossBeamsTest, WithoutRoomItGoesToTheFirstNotesSide) {
     Write(1, 1, "8:-4 r8 8:-4");
     Write(1, 2, "r8 8:14 r8");
@@ -86,12 +99,12 @@ TEST_F(CrossBeamsTest, WithoutRoomItGoesToTheFirstNotesSide) {
     EXPECT_FALSE(PointsUp(1, 1));
     EXPECT_FALSE(PointsUp(2, 2));
     EXPECT_EQ(BeamAt(1, 1, 1)->_direction, 'D') << "below all for an upper first note";
-    EXPECT_GT(LineY(BeamAt(1, 1, 1)), YOfLine(2, 14));
+    EXPECT_EQ(LineY(BeamAt(1, 1, 1)), YOfLine(2, 14) + 250) << "the lowest head keeps two spaces and a half";
     ExpectOnLine(BeamAt(1, 1, 1));
     Choose(1, 1, 1, 1);
     Step([&] { Do(kUp, {}); });
     EXPECT_TRUE(PointsUp(2, 2)) << "a word to one stem turns all";
-    EXPECT_LT(LineY(BeamAt(1, 1, 1)), YOfLine(1, -4));
+    EXPECT_EQ(LineY(BeamAt(1, 1, 1)), YOfLine(1, -4) - 250);
     ExpectOnLine(BeamAt(1, 1, 1));
 }
 

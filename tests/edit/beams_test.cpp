@@ -49,6 +49,30 @@ TEST_F(HandBeamsTest, WhatComesBetweenEndsABeam) {
     ExpectSound();
 }
 
+TEST_F(HandBeamsTest, ABeamEndsAtTheBarlineAndAPersonIsTold) {
+    struct : EditorShell {
+        std::string told;
+        void Tell(std::string_view text) override { told = text; }
+    } shell;
+    window = std::make_unique<WindowTarn>(shell);
+    window->Activate();
+    window->Bind(BuildNewScore({3, 2}, "D"));
+    Write(1, 1, "2:3 4:3 8:4 8:5");
+    Write(2, 1, "8:4 8:5 4:5");
+    Choose(1, 1, 4, 4);
+    ChooseMore(2, 1, 1, 1);
+    EXPECT_EQ(Refusal(kTogether, {}), "A beam does not go over a barline");
+    EXPECT_EQ(shell.told, "");
+    ChooseMore(1, 1, 3, 3);
+    Do(kTogether, {});
+    EXPECT_EQ(shell.told, "A beam ends at the barline; each measure has its own.");
+    EXPECT_EQ(Picture(1, 1) + "|" + Picture(2, 1), "..aa|aa.");
+    shell.told.clear();
+    On(kTogether, 1, 1, 3, 4);
+    EXPECT_EQ(shell.told, "");
+    window.reset();
+}
+
 TEST_F(HandBeamsTest, ARemovedBeamStaysAway) {
     On(kTogether, 1, 1, 1, 6);
     On(kRemove, 1, 1, 3, 3);

@@ -155,6 +155,15 @@ TEST_F(LayoutCommands, PaperAndMarginsMoveSystems) {
     ExpectFitted();
 }
 
+TEST_F(LayoutCommands, TheLeastPaperHoldsThreeSystems) {
+    OpenPages(1, "S", 2, 3);
+    // 5950 - 1800 - 750 leaves 3400: bands of 1133; 4060 - 1600 - 550 leaves 1910 for two measures.
+    RunAndBack(kPageSetup, {{"height", "5950"}, {"width", "4060"}});
+    EXPECT_EQ(Tops(PageNumber(1)), (Xv{1800, 2933, 4066}));
+    EXPECT_EQ(SystemNumber(1, 1)->_right, 1910);
+    EXPECT_EQ(SystemNumber(1, 3)->_bottom, 4066 + 400) << "it ends with its only staff";
+}
+
 TEST_F(LayoutCommands, StavesKeepTheDistancesThatNobodyChanged) {
     OpenPages(2, "SSS", 2, 2);
     const auto tops = [&] {

@@ -1,4 +1,5 @@
 // Signs on notes from the palettes, and where they stand.
+#include "edit/CommandTable.h"
 #include "edit/TarnClick.h"
 #include "edit_fixture.h"
 #include "layout/NoteGeometry.h"
@@ -74,6 +75,27 @@ TEST_F(NoteSignTest, ASignOfAGraceNoteIsSmaller) {
     const auto* sign = As<SymbolAttribute>(noteAttributes.First(NoteNumber(2)));
     ASSERT_TRUE(sign);
     EXPECT_EQ(PlaceOf(sign).percent, 80);
+    ExpectSound();
+}
+
+TEST_F(NoteSignTest, AccidentalsOfOrnamentsAreBracketedWhereTheirSwitchSays) {
+    Enter(kQuarter, 1, 1, 0, 4);
+    const auto flip = [&](int id) { EXPECT_TRUE(RunCommand(*window, id)); };
+    flip(40070);  // the other switch is for accidentals of notes
+    Sign(5, 9);
+    const std::string plain = Signs();
+    const int32_t width = InkOfSign(plain.c_str()).Width();
+    flip(40071);
+    Sign(5, 9);
+    EXPECT_EQ(Signs(), plain + "(") << "with brackets it is another sign";
+    EXPECT_GT(InkOfSign((plain + "(").c_str()).Width(), width + 40) << "drawn with them";
+    window->Undo();
+    EXPECT_EQ(Signs(), plain);
+    window->Redo();
+    flip(40070);
+    Sign(1, kSharp);
+    flip(40071);
+    EXPECT_EQ(Signs().find("(", Signs().find("(") + 1), std::string::npos) << Signs();
     ExpectSound();
 }
 

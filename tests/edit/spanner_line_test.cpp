@@ -171,5 +171,29 @@ TEST_F(LineTest, ASlurFollowsWhatChangesUnderIt) {
     EXPECT_LT(PatchOf(First<MarkSlur>(1, 1)).Bounds().top, before.top);
 }
 
+TEST_F(LineTest, AnEndingIsDrawnOverMeasuresAndCounts) {
+    const auto text = [&](int measure) -> std::string {
+        for (const MeasureSymbol* symbol : measureSymbols.Of(MeasureNumber(measure)))
+            if (const auto* mark = As<MarkEndings>(symbol))
+                return std::string(TextOf(endingsMarks.ParentOf(mark)->_text));
+        return "";
+    };
+    const auto draw = [&](int from, int to) {
+        Step([&] { Stroke(6, 2, At(from, 1, 500, 12), At(to, 2, 400, 3)); });
+    };
+    draw(2, 1);
+    EXPECT_EQ(text(1) + text(2) + text(3), "1.1.") << "backward too";
+    draw(3, 3);
+    EXPECT_EQ(text(3), "2.");
+    Do(32796, {{"from", "3"}, {"to", "3"}, {"text", "2.-11. volta"}});
+    draw(4, 5);
+    EXPECT_EQ(text(4) + text(5), "12.12.");
+    draw(2, 2);
+    EXPECT_EQ(text(1) + text(2), "") << "a click takes the whole bracket away";
+    EXPECT_EQ(text(4), "12.");
+    draw(5, 6);
+    EXPECT_EQ(text(4) + text(5) + text(6), "12.12.") << "one that it meets is drawn anew";
+}
+
 }  // namespace
 }  // namespace corvane

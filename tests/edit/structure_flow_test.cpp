@@ -1,4 +1,5 @@
 // Measures dealt over systems, systems over pages, and where they stand there.
+#include "edit/SessionChoices.h"
 #include "edit/Signs.h"
 #include "layout/SignRecords.h"
 #include "model/Clefs.h"
@@ -14,6 +15,12 @@ class StructureFlow : public StructureTest {
 protected:
     static int32_t Free(const Page* page) {
         return Document::pageHeight - page->_topMargin - page->_bottomMargin;
+    }
+    int CountOfMeasures() {
+        int count = 0;
+        for (const Page* page : documentPages.Of(Score()))
+            for (const System* system : pageSystems.Of(page)) count += systemMeasures.Count(system);
+        return count;
     }
 };
 
@@ -94,6 +101,44 @@ TEST_F(StructureFlow, SystemsAreDealtOverPages) {
                     EXPECT_LE(system->_bottom, next->_top);
                 }
         }
+    }
+}
+
+TEST_F(StructureFlow, NewSystemsHaveAsManyMeasuresAsSetWhereNobodyTells) {
+    OpenPages(1);
+    LastMeasure(Score())->_barline = BarlineKind::Final;
+    Choices().measuresPerSystem = 4;
+    RunAndBack(kSystemsPerPage, {{"count", "5"}, {"measures", "0"}});
+    EXPECT_EQ(Shape(), "5 5 5 4 4");
+    EXPECT_EQ(LastMeasure(Score())->_barline, BarlineKind::Final);
+    EXPECT_EQ(MeasureNumber(15)->_barline, BarlineKind::Single) << "the score ends further on";
+    Choices() = SessionChoices();
+    EXPECT_EQ(Run(kSystemsPerPage, {{"count", "5"}, {"measures", "-1"}}).message(),
+              "The number of measures must be higher than 0!");
+}
+
+TEST_F(StructureFlow, PagesWithoutSystemsAreFilled) {
+    const struct {
+        const char* why;
+        CommandArguments arguments;
+        const char* shape;
+    } cases[] = {
+        {"the first of them", {{"count", "2"}, {"from", "2"}}, "5 5 5/3 3//"},
+        {"up to a page", {{"count", "1"}, {"from", "2"}, {"to", "3"}, {"measures", "6"}}, "5 5 5/6/6/"},
+        {"those behind one that has none", {{"count", "2"}, {"from", "3"}}, "5 5 5//3 3/"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        OpenPages(1);
+        for (int i = 0; i < 3; ++i) {
+            Page* bare = MakePage(Score(), documentPages.Last(Score()), nullptr);
+            bare->_leftMargin = bare->_rightMargin = 900;
+            bare->_topMargin = bare->_bottomMargin = 1500;
+        }
+        ASSERT_EQ(Shape(), "5 5 5///");
+        RunAndBack(kSystemsPerPage, c.arguments);
+        EXPECT_EQ(Shape(), c.shape);
+        EXPECT_EQ(LastMeasure(Score())->_number, CountOfMeasures());
     }
 }
 

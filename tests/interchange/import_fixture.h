@@ -17,6 +17,7 @@
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/ScoreCheck.h"
+#include "model/SymbolTable.h"
 #include "platform/freetype/FreeTypeMeasures.h"
 #include "play/MIDIUtility.h"
 

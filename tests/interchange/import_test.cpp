@@ -97,6 +97,25 @@ TEST_F(MidiImport, NotesAreWrittenAsTheyAreRead) {
     }
 }
 
+TEST_F(MidiImport, AnAccidentalHoldsForItsMeasureInAllVoices) {
+    std::vector<MadeNote> notes = {{0, 1920, 73, 1}};
+    for (const int key : {61, 61, 60, 61, 61, 73, 61, 61}) {
+        const auto on = static_cast<int32_t>(notes.size() - 1) * 480;
+        notes.push_back({on, on + 480, key, 0});
+    }
+    ASSERT_TRUE(Import(Music(notes)));
+    std::string signs;
+    for (const MeasureStaff* crossing : docStaffMeasureStaffs.Of(documentDocStaffs.First(score))) {
+        for (const auto* voice : measureStaffVoices.Of(crossing))
+            for (const VoiceSymbol* symbol : voiceSymbols.Of(voice))
+                if (const auto* chord = As<Chords>(symbol))
+                    for (const GenericNote* note : chordNotes.Of(chord))
+                        signs += AccidentOf(note) ? SymbolName(AccidentOf(note)->_symbol) : "-";
+        signs += '|';
+    }
+    EXPECT_EQ(signs, "#d#d-#A#d|#d#d--|");
+}
+
 TEST_F(MidiImport, MeasuresAreFilledWhateverTheMeter) {
     const struct {
         int num, doublings;

@@ -77,10 +77,11 @@ def copy_between(scores):
     desk = scores.desk
     scores.band(1)
     desk.picture("3-selected")
-    desk.key("ctrl+c")
+    desk.press_widget("command 57634")
     scores.show("b.cvm")
     scores.click(2, 10, 14)
-    desk.key("ctrl+v")
+    desk.settled()
+    desk.press_widget("command 57637")
     scores.click(3, 10, 2, staff=2)
     desk.key("ctrl+v")
     desk.picture("4-pasted")
@@ -131,8 +132,7 @@ def journey(desk, corvane):
     expect(told == ({(1, 1): 8, (2, 1): 8}, {(3, 2): 8, (4, 1): 4}), f"the scores hold {told}")
     for path in (first, second):
         expect("sound" in program.run("check", path), f"{path} is not sound")
-    desk.key("ctrl+q")
-    wait_for(lambda: process.poll() is not None, "the program's end")
+    desk.quit(process)
 
 
 if __name__ == "__main__":

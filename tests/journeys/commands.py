@@ -80,8 +80,7 @@ def journey(desk, corvane):
         expect(saved == told, f"by hand and by script differ in {what}:\n{saved}\n{told}")
     expect(len(program.script(f'open "{path}"', "dump notes").splitlines()) == 5, "notes are missing")
     expect("sound" in program.run("check", path), "the saved score is not sound")
-    desk.key("ctrl+q")
-    wait_for(lambda: process.poll() is not None, "the program's end")
+    desk.quit(process)
 
 
 if __name__ == "__main__":

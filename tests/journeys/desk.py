@@ -111,6 +111,14 @@ class Desk:
         self.focus()
         return process, int(painted[0][0]) - begin
 
+    def gone(self, process):
+        wait_for(lambda: process.poll() is not None, "the program's end")
+
+    def quit(self, process):
+        """Leaves the program by its key; whatever it asks first is not answered."""
+        self.key("ctrl+q")
+        self.gone(process)
+
     def focus(self):
         """Waits until the program's window has the keyboard."""
         wait_for(lambda: "Corvane" in self.run("xdotool", "getactivewindow", "getwindowname"), "the window")
@@ -161,7 +169,7 @@ class Desk:
         left, top, scale = (float(word) for word in self.words("view")[0])
         self.press(round(left + x * scale), round(top + y * scale))
 
-    def drag_page(self, x, y, to_x, to_y):
+    def drag_page(self, x, y, to_x, to_y, on_the_way=None):
         """Presses at one place of the page, in page units, and lets go at another."""
         left, top, scale = (float(word) for word in self.words("view")[0])
         path = [(x, y), ((x + to_x) / 2, (y + to_y) / 2), (to_x, to_y)]
@@ -170,6 +178,8 @@ class Desk:
         for spot in spots[1:]:
             time.sleep(0.03)
             self.run("xdotool", "mousemove", *spot)
+        if on_the_way:
+            on_the_way()
         self.run("xdotool", "mouseup", "1")
         time.sleep(0.05)
 

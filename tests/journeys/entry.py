@@ -64,7 +64,7 @@ class Plan:
             if found := re.match(r" *(measure|staff|voice) (\d+)", line):
                 level = ("measure", "staff", "voice").index(found[1])
                 here[level] = int(found[2])
-            elif here == [measure, staff, voice] and (found := re.match(r" *(?:Chord|Rest) .*?\bx (-?\d+)", line)):
+            elif here == [measure, staff, voice] and (found := re.match(r" *(?:Chord|Pause) .*?\bx (-?\d+)", line)):
                 places.append(int(found[1]))
         return places
 

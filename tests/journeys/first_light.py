@@ -82,8 +82,7 @@ def save_as(desk, path):
 
 
 def close_program(desk, process):
-    desk.key("ctrl+q")
-    wait_for(lambda: process.poll() is not None, "the program's end")
+    desk.quit(process)
     expect(process.returncode == 0, f"the program ended with {process.returncode}")
 
 
@@ -190,7 +189,7 @@ def refuse(desk, process):
     expect(process.poll() is None, "the program has gone")
     desk.key("ctrl+q")
     answer_box_no(desk)
-    wait_for(lambda: process.poll() is not None, "the program's end")
+    desk.gone(process)
     expect(process.returncode == 0, f"the program ended with {process.returncode}")
 
 

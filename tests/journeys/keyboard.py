@@ -75,8 +75,7 @@ def journey(desk, corvane):
     expect((chords, rests) == (6, 1), f"{chords} chords and {rests} rests")
     expect([line.split()[8] for line in notes.splitlines()] == KEYS, f"other notes were written:\n{notes}")
     expect("sound" in program.run("check", path), "the saved score is not sound")
-    desk.key("ctrl+q")
-    wait_for(lambda: process.poll() is not None, "the program's end")
+    desk.quit(process)
 
 
 if __name__ == "__main__":

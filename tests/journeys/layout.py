@@ -75,8 +75,7 @@ def journey(desk, corvane):
     expect("sound" in program.run("check", path), "the saved score is not sound")
     desk.key("ctrl+z")
     saved_as(desk, program, path, [*plan.steps, *steps[:-1]])
-    desk.key("ctrl+q")
-    wait_for(lambda: process.poll() is not None, "the program's end")
+    desk.quit(process)
 
 
 if __name__ == "__main__":

@@ -4,9 +4,9 @@ import signal
 import sys
 import time
 
-from desk import expect, take, wait_for
+from desk import expect, wait_for
 from entry import Program
-from midi import Monitor
+from midi import Monitor, take_with_midi
 
 STEPS_OF_A_MEASURE = 4
 
@@ -149,7 +149,7 @@ def end_while_playing(desk, monitor, process, how):
     if wait_for(lambda: process.poll() is not None or desk.active_window() == "Corvane", "the program's end"):
         if process.poll() is None:
             desk.key("alt+n")  # the mixer's changes are not wanted
-    wait_for(lambda: process.poll() is not None, "the program's end")
+    desk.gone(process)
     wait_for(lambda: not monitor.sounding(), "silence behind the program's end")
 
 
@@ -173,12 +173,5 @@ def journey(desk, corvane):
         end_while_playing(desk, monitor, process, lambda p, end=end: p.send_signal(end))
 
 
-def main():
-    if not Monitor.is_there():
-        print("no MIDI system can be started here")
-        return 77
-    return take(journey)
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(take_with_midi(journey))

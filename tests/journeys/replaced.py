@@ -63,7 +63,7 @@ def journey(desk, corvane):
     wait_for(lambda: os.path.exists(copy), "the backup to be saved as a file of its own")
     expect(staves(program, copy) == 3, "the backup is not what the other program wrote")
     process.terminate()
-    wait_for(lambda: process.poll() is not None, "the program's end")
+    desk.gone(process)
 
 
 if __name__ == "__main__":

@@ -3,9 +3,9 @@ is turned off or the program ends."""
 import sys
 import time
 
-from desk import expect, take, wait_for
+from desk import expect, wait_for
 from entry import Program
-from midi import Monitor
+from midi import Monitor, take_with_midi
 
 KEY, CHANNEL = 100, 3  # no key of the score's
 PERIOD_OF_KEYS, HELD = 24000, 20000  # frames
@@ -71,23 +71,15 @@ def journey(desk, corvane):
     toggle(desk)
     before = len(monitor.messages())
     wait_for(lambda: keys(monitor, before) and held(monitor), "the key, thru turned on again")
-    desk.key("ctrl+q")
-    wait_for(lambda: process.poll() is not None, "the program's end")
+    desk.quit(process)
     expect_quiet(monitor, "the program's end")
 
     process, _ = desk.start(corvane, path)
     wait_for(lambda: held(monitor), "the key of the next start: the choice was kept")
     process.terminate()
-    wait_for(lambda: process.poll() is not None, "the program's end")
+    desk.gone(process)
     expect_quiet(monitor, "a program that is told to end")
 
 
-def main():
-    if not Monitor.is_there():
-        print("no MIDI system can be started here")
-        return 77
-    return take(journey)
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(take_with_midi(journey))

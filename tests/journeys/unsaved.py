@@ -58,7 +58,7 @@ def start_with_file(desk, program, corvane, plan):
 def end_quietly(desk, process):
     """The system's wish to end is no question, and leaves nothing behind where nothing was changed."""
     process.send_signal(signal.SIGTERM)
-    wait_for(lambda: process.poll() is not None, "the program's end")
+    desk.gone(process)
     expect(process.returncode == 128 + signal.SIGTERM, f"the program ended with {process.returncode}")
 
 

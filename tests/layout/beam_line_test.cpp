@@ -71,6 +71,28 @@ TEST_F(BeamLineTest, OverALongWayABeamRisesByTwoSpaces) {
     }
 }
 
+TEST_F(BeamLineTest, LevelsScaleWithTheStaffAndAreHalfAsThickForGraceNotes) {
+    const struct {
+        const char *why, *events;
+        int32_t distance, thickness, step, stub;
+    } cases[] = {
+        {"42, 84 from line to line, a stub of twice 42", "16:5 8:5 16:5", 100, 42, 84, 84},
+        {"60 of 100: 25.2, 50.4 and twice 25", "16:5 8:5 16:5", 60, 25, 50, 50},
+        {"half of each, a stub of one and a half", "g16:5 g8:5 g16:5", 100, 21, 42, 63},
+        {"and on a small staff: 12.6, 25.2 and 37.5", "g16:5 g8:5 g16:5", 60, 12, 25, 37},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        Clear();
+        StaffsFromTop(SystemAt(0))[0]->_lineDistance = c.distance;
+        const std::vector<BeamStroke> strokes = StrokesOf(Beamed(c.events));
+        ASSERT_EQ(strokes.size(), 3u);
+        EXPECT_EQ(strokes[1].thickness, c.thickness);
+        EXPECT_EQ(strokes[1].from.y - strokes[0].from.y, c.step) << "towards the heads";
+        EXPECT_EQ(strokes[1].to.x - strokes[1].from.x, c.stub);
+    }
+}
+
 TEST_F(BeamLineTest, WithoutAnglesEveryBeamIsLevel) {
     SetAngledBeams(false);
     Beamed("8:3 8:4@200");

@@ -51,6 +51,14 @@ protected:
         SetDirection(stem, StemDirection::Up);
         return chord;
     }
+    static void PutInTuplet(VoiceSymbol* symbol, int16_t count, int16_t inTimeOf) {
+        auto* tuplet = Make<Irregular>();
+        tuplet->_count = count;
+        tuplet->_inTimeOf = inTimeOf;
+        auto* mark = Make<MarkIrreg>();
+        voiceSymbolAttributes.Add(symbol, mark);
+        irregularMarks.Add(tuplet, mark);
+    }
     using Xv = std::vector<int32_t>;
     Measure* measure = nullptr;
 };
@@ -82,6 +90,55 @@ TEST_F(EngraverSpacing, SlackIsSharedByDurationWithACarry) {
     EXPECT_FALSE(SpaceMeasure(measure, {})) << "no room at all";
 }
 
+TEST_F(EngraverSpacing, EachEventTakesItsRowOfTheTableAndItsShareOfTheSlack) {
+    const auto fillBare = [&](const std::vector<uint8_t>& values) {
+        for (const uint8_t value : values)
+            AddChord(VoiceOn(0), {value, {3}, 0, StemDirection::Up, "Quarto", 350, false});
+    };
+    const auto xs = [](std::vector<int32_t> units, int32_t usable) {
+        for (int32_t& x : units) x = x * 1000 / usable;
+        return units;
+    };
+    // 281 + 141 + 141 + 400 + 660 = 1623, 267 to share: an eighth 33.4, a 16th 16.7, a quarter 66.75. So 281
+    // + 33, 422 + 17 + 33, 563 + 17 + 50, 963 + 67 + 67.
+    Open("S");
+    fillBare({8, 16, 16, 4, 2});
+    EXPECT_EQ(Spaced(), xs({0, 314, 472, 630, 1097}, 1890));
+    // Lines 73 apart: 2.81 * 73 is 205.1, 6.6 * 73 481.8; 205 + 205 + 292 + 482 = 1184, 706 to share: an
+    // eighth 88.25, a quarter 176.5, rounded up. So 205 + 88, 410 + 88 + 88, 702 + 177 + 176.
+    Open("S");
+    StaffsFromTop(SystemAt(0))[0]->_lineDistance = 73;
+    fillBare({8, 8, 4, 2});
+    EXPECT_EQ(Spaced(), xs({0, 293, 586, 1055}, 1890));
+    // Other gaps: 2200 - 300 - 220 = 1680; of 220 to share a quarter gives 55.
+    Open("S");
+    Preferences<PagePref>(document)->_firstNoteGap = 300;
+    Preferences<PagePref>(document)->_lastNoteGap = 100;
+    fillBare({4, 4, 2});
+    EXPECT_EQ(Spaced(), xs({0, 455, 910}, 1680));
+}
+
+TEST_F(EngraverSpacing, OnsetsLessThanAThousandthApartAreOne) {
+    Open("SS", 2210);
+    Fill(0, {4, 4, 4, 2});
+    Fill(1, {2, 2});
+    VoiceSymbol* symbol = voiceSymbols.First(VoiceOn(0));
+    for (int i = 0; i < 3; ++i, symbol = voiceSymbols.Next(symbol)) PutInTuplet(symbol, 3, 2);
+    // Four events, at 0, 1/6, 1/3 and 1/2: a sixth of a whole note takes the row of the eighth. 2210 - 200 -
+    // 110 = 1900; 3 * 281 + 660 = 1503; of the 397 left a sixth gives 66.2.
+    EXPECT_EQ(Spaced(), (Xv{0, 347 * 1000 / 1900, 694 * 1000 / 1900, 1041 * 1000 / 1900}));
+    EXPECT_EQ(Xs(VoiceOn(1)), (Xv{0, 1041 * 1000 / 1900}));
+
+    // A quarter of 499/500 ends 0.0005 before a whole one, of 199/200 0.00125 before it.
+    for (const int16_t count : {500, 200}) {
+        Open("SS");
+        Fill(0, {4, 2});
+        Fill(1, {4, 2});
+        PutInTuplet(voiceSymbols.First(VoiceOn(0)), count, static_cast<int16_t>(count - 1));
+        EXPECT_EQ(ListaEventi(measure, {}).events.size(), count == 500 ? 2u : 3u);
+    }
+}
+
 TEST_F(EngraverSpacing, AllStavesShareTheirTimePoints) {
     Open("SS");
     Fill(0, {4, 2, 4});
@@ -109,6 +166,17 @@ TEST_F(EngraverSpacing, ALargerStaffRulesAndExtentsAreMinima) {
     EXPECT_EQ(list.events[1].rightExtent, head * 1000 / 1890);
     const int32_t share = Round((1890 - 4 * head) * 0.25);
     EXPECT_EQ(list.events[1].x, (head + share) * 1000 / 1890);
+    // An accidental needs its room left of its head alone: the event before is as wide as that, its own as
+    // its head.
+    const int32_t sharp = 110 + RectOf(AddAccident(HeadOf(ChordSymbolPar(As<Chords>(
+                                                       voiceSymbols.Next(voiceSymbols.First(VoiceOn(0)))))),
+                                                   "#d"))
+                                    .Width();
+    ASSERT_GT(sharp, head);
+    const int32_t quarter = Round((1890 - sharp - 3 * head) * 0.25);
+    const Xv spaced = Spaced();
+    EXPECT_EQ(spaced[1], (sharp + quarter) * 1000 / 1890);
+    EXPECT_EQ(spaced[2], (sharp + head + 2 * quarter) * 1000 / 1890);
     spacingTable = kept;
 }
 

@@ -52,6 +52,8 @@ TEST_F(BeamGeometryTest, EachLevelJoinsTheMarkersThatReachIt) {
     MarkerAt(cut, 1)->_rightValue = uint8_t{8};
     EXPECT_EQ(Picture(cut), "0:0..612 1:0..212 1:400..612 2:0..212 2:400..612")
         << "cut to the eighth-note level";
+    MarkerAt(cut, 1)->_rightValue = uint8_t{16};
+    EXPECT_EQ(Picture(cut), "0:0..612 1:0..612 2:0..212 2:400..612") << "at the larger value of 16ths";
     Beam* left = Beamed({8, 16, 8});
     MarkerAt(left, 1)->_stubSide = uint8_t{'L'};
     EXPECT_EQ(Picture(left), "0:0..412 1:128..212");

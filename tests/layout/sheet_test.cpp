@@ -92,6 +92,8 @@ TEST_F(SheetTest, ChangesMakeTheTilesDirtyThatShowThem) {
     box.rect = {50, 250, 60, 260};
     sheet.RedrawObject(PatchFor(box), 1);
     EXPECT_EQ(Dirty(), (TileNumbers{1, 2, 8})) << "where it was and where it is";
+    EXPECT_EQ(sheet.StaleRect(2), (Rect{200, 50, 250, 60})) << "and of each tile no more than that";
+    EXPECT_EQ(sheet.StaleRect(8), (Rect{50, 250, 60, 260}));
     EXPECT_EQ(sheet.AllPatches().size(), 1u);
     EXPECT_EQ(sheet.FiledRect(PatchFor(box)), box.rect);
 
@@ -109,6 +111,11 @@ TEST_F(SheetTest, ChangesMakeTheTilesDirtyThatShowThem) {
     Clean();
     sheet.RemoveObject(PatchFor(box), false);
     EXPECT_EQ(Dirty(), TileNumbers{});
+    sheet.MarkDirty({310, 110, 320, 120});
+    sheet.MarkDirty({340, 150, 350, 160});
+    EXPECT_EQ(sheet.StaleRect(7), (Rect{310, 110, 350, 160})) << "around all that has changed";
+    Clean();
+    EXPECT_TRUE(sheet.StaleRect(7).IsEmpty());
     sheet.MarkDirty({399, 199, 401, 201});
     EXPECT_EQ(Dirty(), (TileNumbers{7, 11}));
 }

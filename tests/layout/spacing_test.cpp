@@ -129,6 +129,26 @@ TEST_F(SpacingTest, EventsStandInProportionToTime) {
     EXPECT_FALSE(SpaceVoice(VoiceAt(2))) << "an empty voice";
 }
 
+TEST_F(SpacingTest, TupletsWithinEachOtherMultiplyAndAnEmptyOneCountsNothing) {
+    Voice* voice = Empty(4, 4);
+    const auto put = [&](VoiceSymbol* symbol, int16_t count, int16_t inTimeOf) {
+        auto* tuplet = Make<Irregular>();
+        tuplet->_count = count;
+        tuplet->_inTimeOf = inTimeOf;
+        auto* mark = Make<MarkIrreg>();
+        voiceSymbolAttributes.Add(symbol, mark);
+        irregularMarks.Add(tuplet, mark);
+    };
+    Pause* first = AddRest(voice, {4, 0, false});
+    put(first, 3, 2);
+    put(first, 5, 4);
+    put(AddRest(voice, {4, 0, false}), 0, 2);
+    AddRest(voice, {4, 0, false});
+    SpaceVoice(voice);
+    // 237.5 * 2/3 * 4/5 is 126.7; then 237.5.
+    EXPECT_EQ(PlacesIn(voice), (std::vector<int32_t>{0, 127, 127 + 238}));
+}
+
 TEST_F(SpacingTest, AMeasureIsFullBeyondATenThousandth) {
     const struct {
         const char* why;
@@ -230,15 +250,26 @@ TEST_F(SpacingTest, TheHeaderHoldsTheWidestSignsWithTheirGaps) {
 
     auto* key = As<ClafSignature>(staffSymbols.Next(staffSymbols.First(measureStaffs.Last(second))));
     ASSERT_TRUE(key);
+    {
+        const HeadersAtRest outer;
+        EXPECT_EQ(NoteAreaLeft(second), 100 + clef + 200);
+        const HeadersAtRest inner;
+    }
     ChangeSymbol(document, key->_symbol, "cs2%+++----");
     EXPECT_EQ(NoteAreaLeft(second), 100 + clef + 100 + width("cs2%+++----") + 200)
         << "one staff's key is enough";
 
     Preferences<TimeMeasurePref>(document)->_showTimeSignature = 0;
     EXPECT_EQ(NoteAreaLeft(first), 100 + clef + 200);
-    Preferences<PagePref>(document)->_barlineClefGap = 30;
-    Preferences<PagePref>(document)->_firstNoteGap = 10;
+    PagePref& gaps = *Preferences<PagePref>(document);
+    gaps._barlineClefGap = 30;
+    gaps._clefKeyGap = 45;
+    gaps._keyTimeGap = 70;
+    gaps._firstNoteGap = 10;
     EXPECT_EQ(NoteAreaLeft(first), 30 + clef + 10);
+    EXPECT_EQ(NoteAreaLeft(second), 30 + clef + 45 + width("cs2%+++----") + 10);
+    Preferences<TimeMeasurePref>(document)->_showTimeSignature = 1;
+    EXPECT_EQ(NoteAreaLeft(first), 30 + clef + 70 + time + 10);
 }
 
 TEST_F(SpacingTest, SignsStandInColumnsOnTheirLines) {

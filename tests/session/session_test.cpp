@@ -192,7 +192,7 @@ TEST_F(SessionTest, ScriptsStopAtTheFirstRefusedLineAndSayWhich) {
         {"new\nvoice 9\n", "line 2: voices are 0 (all) to 8"},
         {"new\npress 1 1 hyper\n", "line 2: \"hyper\" is no modifier"},
         {"new\ncommand 12345\n", "line 2: There is no command 12345"},
-        {"new\ncommand 57643\n", "line 2: \"Undo\" cannot be done now"},
+        {"new\ncommand 57643\n", "line 2: There is nothing to undo"},
         {"new\ndump everything\n", "line 2: dump wants layout, geometry, fonts, tree, notes or objects"},
     };
     for (const auto& c : cases) {

@@ -4,6 +4,9 @@
 #include <QWheelEvent>
 
 #include "ViewFixture.h"
+#include "edit/Selection.h"
+#include "layout/NoteGeometry.h"
+#include "model/Par.h"
 #include "shell/ScoreView.h"
 
 namespace corvane {
@@ -61,6 +64,53 @@ TEST_F(View, OtherButtonsAndPressesOnTheDeskBesideTheLastStaffDoNotCrash) {
     EXPECT_TRUE(LinesIn(1).empty());
     Send(QEvent::MouseMove, {1, 1}, Qt::NoButton);
     view.grab();
+}
+
+TEST_F(View, TabWalksInTheScoreAndEscapeLeavesStepByStep) {
+    EnterSome();
+    const auto key = [&](int code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QKeyEvent event(QEvent::KeyPress, code, modifiers);
+        QApplication::sendEvent(&view, &event);
+    };
+    key(Qt::Key_Escape);
+    EXPECT_EQ(Tools().toolMode, ModeArrow);
+    key(Qt::Key_Tab);  // what was entered last
+    const std::vector<Rect> first = SelectionRects(*window);
+    ASSERT_FALSE(first.empty());
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    const std::vector<Rect> second = SelectionRects(*window);
+    ASSERT_FALSE(second.empty());
+    EXPECT_LT(second.front().left, first.front().left);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(SelectionRects(*window).front(), first.front());
+    key(Qt::Key_Escape);
+    EXPECT_EQ(SelectionRects(*window).size(), first.size())
+        << "the menu's shortcut takes it away, not the view";
+}
+
+TEST_F(View, TheRightButtonSelectsWhatItIsPressedOn) {
+    EnterSome();
+    const auto right = [&](int line) {
+        const System* system = pageSystems.First(window->CurrentPage());
+        const Voice* voice = measureStaffVoices.First(measureStaffs.First(systemMeasures.First(system)));
+        for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+            const GenericNote* note = chordNotes.First(As<Chords>(symbol));
+            const Rect head = RectOf(note);
+            const Point middle{(head.left + head.right) / 2, (head.top + head.bottom) / 2};
+            if (note->_line == line) Send(QEvent::MouseButtonPress, On(middle), Qt::RightButton);
+        }
+    };
+    right(9);
+    EXPECT_TRUE(window->TheSelection().IsEmpty()) << "the pencil keeps what is selected";
+    SetToolMode(ModeArrow);
+    right(9);
+    const std::vector<Rect> one = SelectionRects(*window);
+    ASSERT_EQ(one.size(), 1u);
+    EXPECT_FALSE(window->interaction) << "and no band follows the pointer";
+    window->TheSelection().SelectAll();
+    right(4);
+    EXPECT_TRUE(window->TheSelection().IsWholeScore()) << "pressed on what is selected";
+    EXPECT_EQ(LinesIn(1), (std::vector<int>{1, 4, 9, 12}));
 }
 
 TEST_F(View, PlainCharactersAreToolKeysAndShortcutsAreNot) {

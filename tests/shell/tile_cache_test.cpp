@@ -10,6 +10,20 @@
 namespace corvane {
 namespace {
 
+// An upright line, thinner than a pixel.
+struct Hair {
+    Rect rect;
+};
+class HairBehaviour : public PatchBehaviour {
+public:
+    void Draw(GraphicPort& port, void* object, const DrawContext&) const override {
+        const Rect& rect = static_cast<Hair*>(object)->rect;
+        port.DrawLine(rect.left, rect.top, rect.left, rect.bottom);
+    }
+    Rect Bounds(const void* object) const override { return static_cast<const Hair*>(object)->rect; }
+    int16_t ClassNumber() const override { return 0; }
+};
+
 class Tiles : public ViewTest {
 protected:
     Rect Page() const { return PageRect(window->CurrentPage()); }
@@ -37,7 +51,8 @@ protected:
         if (a.size() != b.size()) return "the size";
         for (int y = 0; y < a.height(); ++y)
             for (int x = 0; x < a.width(); ++x)
-                if (a.pixel(x, y) != b.pixel(x, y)) return "at " + std::to_string(x) + " " + std::to_string(y);
+                if (a.pixel(x, y) != b.pixel(x, y))
+                    return "at " + std::to_string(x) + " " + std::to_string(y);
         return "";
     }
 
@@ -84,6 +99,23 @@ TEST_F(Tiles, ANoteAndItsUndoRemakeOnlyWhatTheyTouch) {
     EXPECT_LE(cache.MadeCount(), all + all / 4);
     window->Undo();
     EXPECT_EQ(Difference(Pieced(scale), AtOnce(scale)), "");
+}
+
+// A picture ends at 1500 units; what stands just before that is painted on the pixels behind.
+TEST_F(Tiles, InkThatIsRoundedIntoTheNextPictureComesAndGoesThere) {
+    static const HairBehaviour behaviour;
+    ViewScale scale;
+    scale.Set(100, 96, 1);
+    for (int32_t x = 1480; x <= 1520; x += 3) {
+        Hair hair{{x, 200, x + 1, 400}};
+        const DrawPatch patch(&hair, &behaviour);
+        window->Sheet().AddObject(patch, 0);
+        const QImage with = AtOnce(scale);
+        EXPECT_EQ(Difference(Pieced(scale), with), "") << x;
+        window->Sheet().RemoveObject(patch);
+        EXPECT_NE(Difference(Pieced(scale), with), "");
+        EXPECT_EQ(Difference(Pieced(scale), AtOnce(scale)), "") << x << ", gone";
+    }
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-class Document;
+struct Document;
 
 // Main thread. The port must be there to be made until this is off.
 class MidiThru {
