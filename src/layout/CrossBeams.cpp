@@ -1,6 +1,8 @@
 // Joining and parting the columns of several staves, and the beams over them.
 #include "layout/CrossBeams.h"
 
+#include <cmath>
+
 #include "base/Assert.h"
 #include "layout/Engraving.h"
 #include "model/NoteOperations.h"
@@ -67,6 +69,26 @@ std::vector<Chords*> ChordsOnOtherStaffs(const ChordSymbol* column) {
     return chords;
 }
 
+// Thousandths of a whole note.
+double OnsetOf(const Chords* chord) {
+    double time = 0.0;
+    for (const VoiceSymbol* symbol : voiceSymbols.Of(VoicePar(chord))) {
+        if (symbol == chord) break;
+        if (!IsGrace(symbol)) time += Duration(symbol);
+    }
+    return time;
+}
+
+bool IsParted(const ChordSymbol* column) {
+    constexpr double kSameTime = 0.001;
+    const Chords* first = chordSymbolChords.First(column);
+    if (first == chordSymbolChords.Last(column)) return false;
+    const double onset = OnsetOf(first);
+    for (const Chords* chord : chordSymbolChords.Of(column))
+        if (std::fabs(OnsetOf(chord) - onset) > kSameTime) return true;
+    return false;
+}
+
 }  // namespace
 
 Stem* JoinColumns(const std::vector<Chords*>& chords) {
@@ -84,6 +106,19 @@ void SplitCrossChord(ChordSymbol* column) {
     Chords* chord = chordSymbolChords.First(column);
     RestemChord(chord);
     if (Stem* stem = StemOf(chord); !FlagOf(stem)) AttachFlag(stem, column->_value);
+}
+
+void SplitPartedColumns(const Voice* voice) {
+    for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+        const auto* chord = As<Chords>(symbol);
+        ChordSymbol* column = chord ? ChordSymbolPar(chord) : nullptr;
+        if (!column || !IsParted(column)) continue;
+        Beam* beam = BeamOf(StemOf(chord));
+        if (beam)
+            DissolveBeam(beam, nullptr);  // its columns go with it
+        else
+            SplitCrossChord(column);
+    }
 }
 
 CrossBeam* BuildCrossBeam(const std::vector<Stem*>& stems) {

@@ -13,6 +13,9 @@ Stem* JoinColumns(const std::vector<Chords*>& chords);
 // The chords of a column that stand on another staff than its first get columns, stems and flags of their
 // own.
 void SplitCrossChord(ChordSymbol* column);
+// The same for each column of a voice whose chords do not begin together any more: something has come or gone
+// before one of them. A beam over such a column ends.
+void SplitPartedColumns(const Voice* voice);
 
 // A beam over stems in the order of their time, which stand under none.
 CrossBeam* BuildCrossBeam(const std::vector<Stem*>& stems);

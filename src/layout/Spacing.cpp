@@ -6,6 +6,7 @@
 
 #include "base/Rounding.h"
 #include "layout/Beaming.h"
+#include "layout/CrossBeams.h"
 #include "layout/EventSymbols.h"
 #include "layout/Frames.h"
 #include "layout/MovingClefs.h"
@@ -153,6 +154,7 @@ bool IsMeasureFull(const Voice* voice, double* sum) {
 bool SpaceVoice(Voice* voice) {
     VoiceSymbol* first = voiceSymbols.First(voice);
     if (!first) return false;
+    SplitPartedColumns(voice);
     const HeadersAtRest headers;
     const ClefPlaces clefs(MeasureStaffPar(voice));
     const bool changed = SpaceEvents(voice, first);

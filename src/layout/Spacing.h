@@ -13,7 +13,8 @@ inline constexpr int32_t kMiddleOfMeasure = 500;
 int32_t NoteAreaLeft(const Measure* measure);
 
 // The mathematical rule for one voice: every event strictly in proportion to its duration. Clefs among the
-// events stay between the same ones; its beams are refitted. True if some x changed.
+// events stay between the same ones; its beams are refitted. A stem that it shares with a voice of another
+// staff is parted where the two do not begin together. True if some x changed.
 bool SpaceVoice(Voice* voice);
 
 // The engraver's rule for a whole measure: all staves share their time points, each as wide as the table in

@@ -1,5 +1,6 @@
 // Beams and stems over two staves.
 #include "beams_fixture.h"
+#include "edit/Clipboard.h"
 
 namespace corvane {
 namespace {
@@ -30,6 +31,22 @@ TEST_F(CrossBeamsTest, TheLineRunsBetweenTheStaves) {
     EXPECT_LT(LineY(beam), YOfLine(2, 9));
     ExpectOnLine(beam);
     ExpectSameAfterReload();
+}
+
+TEST_F(CrossBeamsTest, AStemOverStavesIsPartedWhereItsNotesBeginTogetherNoMore) {
+    Write(1, 1, "r8 4:3");
+    Write(1, 2, "r8 4:8 4:8");
+    Do(kOverStaves, In(1));
+    ASSERT_EQ(StemNumber(1, 1, 2), StemNumber(1, 2, 2));
+    Enter(kHalfRest, 2, 1, 0, 5);
+    const Point a = At(2, 1, -50, 20), b = At(2, 1, 1000, -10);
+    window->TheSelection().Add({a.x, a.y, b.x, b.y});
+    Copy(*window);
+    window->caret = {MeasureNumber(1), StaffNumber(1), At(1, 1, 60, 5).x, true};
+    Step([&] { EXPECT_TRUE(Paste(*window)); });
+    ASSERT_EQ(Events(1, 1).size(), 3u);
+    EXPECT_NE(StemNumber(1, 1, 3), StemNumber(1, 2, 2));
+    EXPECT_GT(XOf(Events(1, 1)[2]), XOf(Events(1, 2)[2]));
 }
 
 TEST_F(CrossBeamsTest, ItHalvesTheRoomBetweenItsHeads) {
