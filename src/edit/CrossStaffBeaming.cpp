@@ -8,6 +8,7 @@
 #include "edit/SystemRedraw.h"
 #include "layout/CrossBeams.h"
 #include "layout/HandBeams.h"
+#include "layout/SharedColumns.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 
@@ -147,6 +148,7 @@ void Join(const Moments& moments) {
     FreeFromBeams(moments, runs);
     for (const Moment& moment : moments.All())
         if (moment.chosen.size() > 1) JoinColumns(moment.chosen);
+    FollowSharedColumns(MeasurePar(moments.Voices().front()));
     for (const Run& run : runs) {
         std::vector<Stem*> stems;
         for (const Moment* moment : run) stems.push_back(StemOf(moment->chosen.front()));

@@ -11,6 +11,7 @@
 #include "layout/Frames.h"
 #include "layout/MovingClefs.h"
 #include "layout/NoteGeometry.h"
+#include "layout/SharedColumns.h"
 #include "layout/SpacingHeader.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -19,14 +20,6 @@ namespace corvane {
 namespace {
 
 constexpr double kEpsilon = 0.0001;  // of a whole note
-
-// What an event counts of a whole note; a grace chord counts nothing.
-double FractionOf(const VoiceSymbol* symbol) {
-    if (IsGrace(symbol)) return 0.0;
-    const int dots = DotCount(symbol);
-    const double dotted = dots > 0 ? 2.0 - std::ldexp(1.0, -dots) : 1.0;
-    return SpacingFraction(ValueOf(symbol)) * (TupletRatio(symbol) / 1000.0) * dotted;
-}
 
 struct Placed {
     VoiceSymbol* symbol;
@@ -132,6 +125,13 @@ bool SpaceEvents(Voice* voice, VoiceSymbol* first) {
 
 }  // namespace
 
+double FractionOf(const VoiceSymbol* symbol) {
+    if (IsGrace(symbol)) return 0.0;
+    const int dots = DotCount(symbol);
+    const double dotted = dots > 0 ? 2.0 - std::ldexp(1.0, -dots) : 1.0;
+    return SpacingFraction(ValueOf(symbol)) * (TupletRatio(symbol) / 1000.0) * dotted;
+}
+
 double MeasureFraction(const Measure* measure) {
     const int denominator = std::max<int>(measure->_den, 1);
     const double log = std::log2(denominator);
@@ -161,6 +161,7 @@ bool SpaceVoice(Voice* voice) {
     if (!changed) return false;
     clefs.Apply();
     RefitBeamsOf(voice);
+    if (HasSharedColumn(voice)) FollowSharedColumns(MeasurePar(voice));
     return true;
 }
 

@@ -14,7 +14,8 @@ int32_t NoteAreaLeft(const Measure* measure);
 
 // The mathematical rule for one voice: every event strictly in proportion to its duration. Clefs among the
 // events stay between the same ones; its beams are refitted. A stem that it shares with a voice of another
-// staff is parted where the two do not begin together. True if some x changed.
+// staff is parted where the two do not begin together, else that voice's events follow it. True if some x
+// changed.
 bool SpaceVoice(Voice* voice);
 
 // The engraver's rule for a whole measure: all staves share their time points, each as wide as the table in
@@ -23,6 +24,8 @@ bool SpaceVoice(Voice* voice);
 // some x changed.
 bool SpaceMeasure(Measure* measure, const SpacingRoom& room);
 
+// What an event counts of a whole note where voices are spaced by time; a grace chord counts nothing.
+double FractionOf(const VoiceSymbol* symbol);
 // What a measure can hold and what a voice fills of it, in whole notes. Denominators that are no power of two
 // are rounded to the nearest one.
 double MeasureFraction(const Measure* measure);

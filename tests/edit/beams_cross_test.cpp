@@ -1,6 +1,8 @@
 // Beams and stems over two staves.
 #include "beams_fixture.h"
 #include "edit/Clipboard.h"
+#include "edit/MeasureRedraw.h"
+#include "layout/EventSymbols.h"
 
 namespace corvane {
 namespace {
@@ -47,6 +49,38 @@ TEST_F(CrossBeamsTest, AStemOverStavesIsPartedWhereItsNotesBeginTogetherNoMore) 
     ASSERT_EQ(Events(1, 1).size(), 3u);
     EXPECT_NE(StemNumber(1, 1, 3), StemNumber(1, 2, 2));
     EXPECT_GT(XOf(Events(1, 1)[2]), XOf(Events(1, 2)[2]));
+}
+
+TEST_F(CrossBeamsTest, WhatStandsAloneFollowsASharedStem) {
+    const auto expectOrder = [&] {
+        for (const int staff : {1, 2}) {
+            int32_t before = -1;
+            for (const VoiceSymbol* event : Events(1, staff)) {
+                EXPECT_LT(before, XOf(event)) << staff;
+                before = XOf(event);
+            }
+        }
+        ExpectSound();
+    };
+    Write(1, 1, "16:3 16:4");
+    Write(1, 2, "16:8 16:7 16:8");
+    // As if room for something else had moved it.
+    constexpr int32_t moved = 400;
+    Step([&] {
+        const EditStep step(*window);
+        const MeasureRedraw redraw(*window, Crossing(1, 1));
+        PutX(Events(1, 1)[1], moved);
+    });
+    ASSERT_GT(moved, XOf(Events(1, 2)[2]));
+    Step([&] { Do(kOverStaves, In(1)); });
+    ASSERT_EQ(StemNumber(1, 1, 2), StemNumber(1, 2, 2));
+    EXPECT_EQ(XOf(Events(1, 2)[1]), moved);
+    expectOrder();
+    // The lower staff is spaced anew, and the upper one follows.
+    Write(1, 2, "4:3");
+    ASSERT_EQ(StemNumber(1, 1, 2), StemNumber(1, 2, 2));
+    EXPECT_LT(XOf(Events(1, 2)[1]), moved);
+    expectOrder();
 }
 
 TEST_F(CrossBeamsTest, ItHalvesTheRoomBetweenItsHeads) {
