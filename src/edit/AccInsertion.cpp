@@ -116,11 +116,11 @@ void ChangeDots(WindowTarn& window, VoiceSymbol* symbol, int count) {
 
 void DotInsertion(const InsertionPlace& place, int count) {
     const DrawPatch patch = EventUnder(place.window, place.point);
-    if (!patch) return place.window.Shell().Tell("Press on a note or a rest.");
-    if (auto* pause = patch.Record<Pause>()) ChangeDots(place.window, pause, count);
-    auto* chordSymbol = patch.Record<ChordSymbol>();
-    if (chordSymbol && HeadAt(chordSymbol, place.point))
-        for (Chords* chord : chordSymbolChords.Of(chordSymbol)) ChangeDots(place.window, chord, count);
+    if (auto* pause = patch ? patch.Record<Pause>() : nullptr) return ChangeDots(place.window, pause, count);
+    const auto* chordSymbol = patch ? patch.Record<ChordSymbol>() : nullptr;
+    if (!chordSymbol || !HeadAt(chordSymbol, place.point))
+        return place.window.Shell().Tell("Press on a note or a rest.");
+    for (Chords* chord : chordSymbolChords.Of(chordSymbol)) ChangeDots(place.window, chord, count);
 }
 
 }  // namespace corvane

@@ -1,5 +1,7 @@
 // What a copy or cut lists, and what of it is still there later.
 #include <algorithm>
+#include <climits>
+#include <cstdint>
 #include <unordered_set>
 
 #include "edit/ClipboardState.h"
@@ -62,6 +64,27 @@ std::vector<ClipHairpin> Hairpins() {
     return clips;
 }
 
+// Beside events only what begins in their measures and staves: a frame around them also meets what reaches in
+// from elsewhere, and a paste begins where the first thing stood.
+void KeepAmongEvents(Clipboard& clips) {
+    if (clips.ClipVoiceSymbols.empty()) return;
+    int32_t first = INT32_MAX, last = 0;
+    int top = INT_MAX, bottom = 0;
+    for (const ClipVoiceSymbol& clip : clips.ClipVoiceSymbols) {
+        first = std::min(first, clip.place.measure);
+        last = std::max(last, clip.place.measure);
+        top = std::min(top, clip.place.staff);
+        bottom = std::max(bottom, clip.place.staff);
+    }
+    const auto beginsElsewhere = [=](const auto& clip) {
+        const ClipPlace& place = clip.place;
+        return place.measure < first || place.measure > last || place.staff < top || place.staff > bottom;
+    };
+    std::erase_if(clips.ClipDinamiche, beginsElsewhere);
+    std::erase_if(clips.ClipMeasureStaffText, beginsElsewhere);
+    std::erase_if(clips.ClipHairpins, beginsElsewhere);
+}
+
 template <class List>
 void TakeFirst(Clipboard& clips, const List& list) {
     for (const auto& clip : list) {
@@ -111,6 +134,7 @@ Clipboard CollectClips(WindowTarn& window, int voice) {
         clips.ClipMeasureStaffText.push_back({text, PlaceOf(MeasureStaffPar(text), text->_x, 0)});
     clips.ClipHairpins = Hairpins();
     clips.ClipSlurs = SlursAt(clips.ClipVoiceSymbols);
+    KeepAmongEvents(clips);
     for (PageText* text : SelectedPageText()) clips.ClipPageText.push_back({text, {}});
     SettleClips(clips);
     return clips;

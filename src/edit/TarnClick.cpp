@@ -68,14 +68,18 @@ bool EraseRest(const Press& press, const DrawPatch& patch) {
 bool EraseNote(const Press& press, const DrawPatch& patch) {
     auto* chordSymbol = patch.Record<ChordSymbol>();
     GenericNote* note = chordSymbol ? HeadAt(chordSymbol, press.point) : nullptr;
-    if (note) DeleteNote(press.window, note, ErasersChoice());
+    if (note)
+        DeleteNote(press.window, note, ErasersChoice());
+    else if (chordSymbol)
+        press.window.Shell().Tell("Press on the head of the note.");
     return chordSymbol != nullptr;
 }
 bool EraseNoteAttribute(const Press& press, const DrawPatch& patch) {
     auto* attribute = patch.Record<NoteAttribute>();
     if (!attribute) return false;
     if (As<Accident>(attribute))
-        return press.window.Shell().Tell("Take accidentals away with the palette, not with the eraser."), true;
+        return press.window.Shell().Tell("Take accidentals away with the palette, not with the eraser."),
+               true;
     if (auto* syllable = As<Liriche>(attribute)) return EraseSyllable(press.window, syllable), true;
     const MeasureRedraw redraw(press.window, MeasureStaffPar(noteAttributes.ParentOf(attribute)));
     DeleteNoteAttribute(press.window, attribute);
@@ -119,7 +123,8 @@ bool EraseEndings(const Press& press, const DrawPatch& patch) {
     return mark != nullptr;
 }
 bool KeepHead(const Press& press, const DrawPatch& patch) {
-    const bool isHead = patch.Record<StaticClaf>() || patch.Record<ClafSignature>() || patch.Record<TimeSignature>();
+    const bool isHead =
+        patch.Record<StaticClaf>() || patch.Record<ClafSignature>() || patch.Record<TimeSignature>();
     if (isHead) press.window.Shell().Tell("What a system begins with is changed, not erased.");
     return isHead;
 }
@@ -147,9 +152,10 @@ void UseEraser(const Press& press) {
     EditStep step(press.window);
     ClearSelectionAnchors();
     const DrawPatch patch = press.window.Sheet().HitSymbol(press.point);
-    if (!patch) return;
-    for (const auto row : kEraserRows)
-        if (row(press, patch)) return;
+    if (patch)
+        for (const auto row : kEraserRows)
+            if (row(press, patch)) return;
+    press.window.Shell().Tell("There is nothing to erase here.");
 }
 
 void UseArrow(const Press& press) {

@@ -1,6 +1,7 @@
 // What is no event on the clipboard: signs, hairpins, slurs and texts, copied, cut, pasted and cleared.
 #include "edit/Clipboard.h"
 #include "edit/CommandTable.h"
+#include "edit/TarnSelect.h"
 #include "edit/Texts.h"
 #include "layout/SlurShape.h"
 #include "spanner_fixture.h"
@@ -81,6 +82,35 @@ TEST_F(ClipSignsTest, ACopyBringsAllThatIsSelected) {
     EXPECT_EQ(text->_x, First<MeasureStaffText>(2, 1)->_x);
     window->Undo();
     EXPECT_EQ(PoolState::Of(*window->Pool()), keeper.before);
+    ExpectSound();
+}
+
+TEST_F(ClipSignsTest, WhatReachesInFromElsewhereStaysAndMovesNothing) {
+    Fill(2, 2, "4:3");
+    // The end of the hairpin, the text and both staves.
+    const Point a = At(2, 1, -80, 22), b = At(2, 2, 1010, -9);
+    window->TheSelection().Clear();
+    window->TheSelection().Add({a.x, a.y, b.x, b.y});
+    Run(57634);
+    EXPECT_TRUE(TheClipboard().ClipHairpins.empty());
+    EXPECT_EQ(TheClipboard().ClipMeasureStaffText.size(), 1u);
+    CaretAt(3, 1);
+    Run(57637);
+    EXPECT_EQ(Events(3, 1).size(), 4u) << "not a measure late";
+    EXPECT_TRUE(First<MeasureStaffText>(3, 1));
+    // Of the lower staff alone, though the frame meets the dynamic of the upper one.
+    Fill(1, 2, "4:3");
+    const Point above = At(1, 1, -80, -2), below = At(1, 2, 1010, -9);
+    window->TheSelection().Clear();
+    window->TheSelection().Add({above.x, above.y, below.x, below.y});
+    SetSelectionAnchors(*window);
+    ASSERT_EQ(SelectedDinamiche().size(), 1u);
+    ClearSelectionAnchors();
+    Run(57634);
+    EXPECT_TRUE(TheClipboard().ClipDinamiche.empty());
+    CaretAt(4, 1);
+    Run(57637);
+    EXPECT_EQ(Events(4, 1).size(), 1u) << "not a staff too low";
     ExpectSound();
 }
 

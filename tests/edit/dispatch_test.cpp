@@ -139,7 +139,8 @@ TEST_F(Dispatch, WindowsKeepTheirScoresApart) {
 }
 
 TEST_F(Dispatch, APressBeyondAllPagesIsTakenAsFarAway) {
-    constexpr int32_t kLeast = std::numeric_limits<int32_t>::min(), kMost = std::numeric_limits<int32_t>::max();
+    constexpr int32_t kLeast = std::numeric_limits<int32_t>::min(),
+                      kMost = std::numeric_limits<int32_t>::max();
     Item(kQuarter);
     MouseDown(*window, kMost, kMost, 0);
     MouseDown(*window, kLeast, kLeast, 0);
@@ -174,6 +175,39 @@ TEST_F(Dispatch, SpacingAndBeamingAreTheScoresOwnAndNoUndoTakesThemBack) {
     }
     EXPECT_FALSE(Switches().autoBeam) << "the window that is left is the active one";
     ExpectSound();
+}
+
+TEST_F(Dispatch, APressThatDoesNothingTellsWhy) {
+    struct : EditorShell {
+        std::string told;
+        void Tell(std::string_view text) override { told = text; }
+    } shell;
+    window = std::make_unique<WindowTarn>(shell);
+    window->Activate();
+    window->Bind(BuildNewScore({2, 1}, "D"));
+    Enter(kQuarter, 1, 1, 5, 3);
+    const auto toldAt = [&](Point p) {
+        shell.told.clear();
+        MouseDown(*window, p.x, p.y, 0);
+        MouseUp(*window, p.x, p.y);
+        return shell.told;
+    };
+    const auto* column = ChordSymbolPar(As<Chords>(Events(1, 1).front()));
+    const Rect ink = RectOf(column);
+    const Point stem{ink.right - 5, ink.top + 20}, head{ink.left + 30, At(1, 1, 0, 3).y};
+    SetToolMode(ModeEraser);
+    EXPECT_EQ(toldAt(At(2, 1, 500, 12)), "There is nothing to erase here.");
+    EXPECT_EQ(toldAt(stem), "Press on the head of the note.");
+    SetToolMode(ModePencil);
+    SetPaletteGroup(1);
+    SetItem(kDot);
+    EXPECT_EQ(toldAt(stem), "Press on a note or a rest.");
+    EXPECT_EQ(toldAt(head), "");
+    EXPECT_EQ(DotCount(Events(1, 1).front()), 1);
+    SetToolMode(ModeEraser);
+    EXPECT_EQ(toldAt(head), "");
+    EXPECT_FALSE(As<Chords>(Events(1, 1).front())) << "a rest is left";
+    window.reset();
 }
 
 }  // namespace

@@ -165,6 +165,29 @@ TEST_F(Render, APrintedPageHasItsTrueSizeInTheMiddleAndShrinksToSmallerPaper) {
     EXPECT_NEAR(small.top(), usual.top() * fit + (a5.height() - letter.height() * fit) / 2, kPixel);
 }
 
+// Paper is told in whole points; what stands on it keeps its size to the unit.
+TEST_F(Render, APageInMillimetresIsNotFittedToItsRoundedPaper) {
+    constexpr int32_t kA4Wide = 11864, kA4High = 16779;
+    PagesToRender pages = Pages(1);
+    pages.width = kA4Wide;
+    pages.height = kA4High;
+    pages.draw = [](GraphicPort& port, int) {
+        port.FillPolygon({{2000, 4000}, {10000, 4000}, {10000, 4200}, {2000, 4200}});
+    };
+    ASSERT_TRUE(RenderPdf(In("a4.pdf"), pages).ok());
+    // Dark pixels of a short line, of one unit each.
+    const auto darkFrom = [&](int x) {
+        Run("pdftoppm", {"-r", "1435", "-x", QString::number(x), "-y", "4100", "-W", "60", "-H", "1", "-png",
+                         "-singlefile", folder.filePath("a4.pdf"), folder.filePath("a4")});
+        const QImage line(folder.filePath("a4.png"));
+        int dark = 0;
+        for (int i = 0; i < line.width(); ++i) dark += qGray(line.pixel(i, 0)) < 128;
+        return dark;
+    };
+    const int left = 2030 - darkFrom(1970), right = 9970 + darkFrom(9970);
+    EXPECT_NEAR(right - left, 8000, 1);
+}
+
 // A file is told ink of one colour together; what lies on ink of another still covers it.
 TEST_F(Render, InkCoversWhatWasPaintedBefore) {
     PagesToRender pages = Pages(1);

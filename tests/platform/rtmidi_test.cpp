@@ -196,11 +196,14 @@ protected:
     }
     // Its number among the inputs; false without a JACK server.
     bool PlugIn() {
-        if (!jackd.Runs()) return false;
-        keys.emplace(RtMidi::UNIX_JACK, "keys");
-        keys->openVirtualPort("out");
-        for (const MidiDevice& device : ListMidiDevices())
-            if (!device.isOutput && device.name.find("keys") != std::string::npos) number = device.number;
+        // A server that starts or ends beside this one can keep clients out for a moment.
+        for (int i = 0; i < 50 && jackd.Runs() && number < 0; ++i) {
+            if (i) std::this_thread::sleep_for(milliseconds(100));
+            keys.emplace(RtMidi::UNIX_JACK, "keys");
+            keys->openVirtualPort("out");
+            for (const MidiDevice& device : ListMidiDevices())
+                if (!device.isOutput && device.name.find("keys") != std::string::npos) number = device.number;
+        }
         return number >= 0;
     }
     static void WaitForTheServer() { std::this_thread::sleep_for(milliseconds(100)); }  // some periods

@@ -53,9 +53,10 @@ bool PrintPages(QPagedPaintDevice& device, const PagesToRender& pages) {
     const QRectF paper = device.pageLayout().fullRectPixels(dpi),
                  printable = device.pageLayout().paintRectPixels(dpi);
     const QSizeF trueSize = PaperInches(pages) * dpi;
-    // Within half a pixel a page is as large as the paper: sizes of paper are rounded by printers.
-    const double fit =
-        std::min({1.0, (paper.width() + 0.5) / trueSize.width(), (paper.height() + 0.5) / trueSize.height()});
+    // Within half a point a page is as large as the paper: sizes of paper are told in whole points.
+    const double slack = 0.5 * dpi / 72;
+    const double fit = std::min(
+        {1.0, (paper.width() + slack) / trueSize.width(), (paper.height() + slack) / trueSize.height()});
     // To whole dots: coordinates with a long fraction are half of a file.
     const QPointF middle(Round(0.5 * (paper.width() - fit * trueSize.width())),
                          Round(0.5 * (paper.height() - fit * trueSize.height())));
