@@ -178,10 +178,7 @@ TEST_F(Dispatch, SpacingAndBeamingAreTheScoresOwnAndNoUndoTakesThemBack) {
 }
 
 TEST_F(Dispatch, APressThatDoesNothingTellsWhy) {
-    struct : EditorShell {
-        std::string told;
-        void Tell(std::string_view text) override { told = text; }
-    } shell;
+    HearingShell shell;
     window = std::make_unique<WindowTarn>(shell);
     window->Activate();
     window->Bind(BuildNewScore({2, 1}, "D"));
