@@ -5,6 +5,7 @@
 #include "edit/Drag.h"
 #include "edit/MeasureRedraw.h"
 #include "edit/NoteChanges.h"
+#include "edit/PickPlaces.h"
 #include "edit/SelectionPress.h"
 #include "layout/AboveStaff.h"
 #include "layout/HeadShapes.h"
@@ -116,7 +117,7 @@ public:
         const EditStep step(_window);
         Apply(by);
         _window.TheSelection().Clear();
-        _window.TheSelection().Add(_patch.Bounds());
+        _window.TheSelection().Pick(RecordAt(_patch, _from));
         _window.SelectionChanged();
     }
 
