@@ -58,6 +58,10 @@ void DeleteTiesOf(WindowTarn& window, GenericNote* note) {
     }
 }
 
+void DeleteTie(WindowTarn& window, TieValue* tie) {
+    if (MarkValue* mark = tieMarks.First(tie); mark && noteAttributes.ParentOf(mark)) DeleteTie(window, mark);
+}
+
 void DeleteNoteAttribute(WindowTarn& window, NoteAttribute* attribute) {
     if (auto* mark = As<MarkValue>(attribute)) return DeleteTie(window, mark);
     TakeOff(window, attribute);

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "edit/BeamChanges.h"
 #include "edit/Clipboard.h"
 #include "edit/ClipboardState.h"
 #include "edit/Deletion.h"
 #include "edit/Signs.h"
+#include "edit/Spanners.h"
 #include "edit/TarnDestroy.h"
 #include "edit/TarnSelect.h"
 #include "edit/Texts.h"
@@ -51,6 +53,9 @@ void DeleteSign(WindowTarn&, StaffMeasureSymbol* sign) { DestroyStaffMeasureSymb
 template <const auto& marks>
 constexpr auto kDeleteSpanner =
     [](WindowTarn&, auto* spanner) { DestroyStaffMeasureSymbol(marks.First(spanner)); };
+// What only a press selects; a rubber band around it is about the events under it.
+template <class R>
+constexpr auto kPicked = [](const MeasureStaff*) { return PickedOf<R>(); };
 constexpr auto kPageTexts = [](const MeasureStaff*) { return SelectedPageText(); };
 
 bool HasEvents(int voice) { return !SelectedVoiceSymbols(voice).empty(); }
@@ -78,6 +83,10 @@ constexpr ClearRow kLists[] = {
     kRow<SelectedTrilli, kDeleteSpanner<trilloMarks>>,
     kRow<SelectedPedali, kDeleteSpanner<pedaleMarks>>,
     kRow<kPageTexts, DeletePageText>,
+    kRow<kPicked<TieValue>, DeleteTie>,
+    kRow<kPicked<Irregular>, DeleteIrregular>,
+    kRow<kPicked<Beam>, DeleteBeam>,
+    kRow<kPicked<Endings>, DeleteEndings>,
 };
 
 bool IsAnythingToClear(WindowTarn& window) {

@@ -1,11 +1,11 @@
 #include "edit/ObjectDrag.h"
 
-#include <cstdlib>
-
 #include "base/Rounding.h"
 #include "edit/Audition.h"
+#include "edit/Drag.h"
 #include "edit/MeasureRedraw.h"
 #include "edit/NoteChanges.h"
+#include "edit/PickPlaces.h"
 #include "edit/SelectionPress.h"
 #include "layout/AboveStaff.h"
 #include "layout/HeadShapes.h"
@@ -16,8 +16,6 @@
 
 namespace corvane {
 namespace {
-
-constexpr int32_t kSlack = 10;  // a hand's tremble is no drag, page units
 
 // ---- What a move means for an object of a class: how far it really goes, and what is then written.
 
@@ -99,36 +97,6 @@ constexpr DragRow kRows[] = {
 
 // ---- The drags
 
-// Keys and commands may take away or move what is dragged: then the drag is over.
-class Drag : public Interaction {
-public:
-    Drag(WindowTarn& window, const DrawPatch& patch, Point from)
-        : _window(window), _patch(patch), _rect(window.Sheet().FiledRect(patch)), _from(from) {}
-
-    void Move(Point to) override {
-        const Page* page = _window.CurrentPage();
-        if (!page || !PageRect(page).EnclosesStrictly(to) || !IsThere()) return;
-        const Point by{to.x - _from.x, to.y - _from.y};
-        if (!_moving && std::abs(by.x) <= kSlack && std::abs(by.y) <= kSlack) return;
-        if (!_moving) Begin();
-        _moving = true;
-        if (by == _by) return;
-        _by = by;
-        _window.Shell().Refresh(_window);
-    }
-
-protected:
-    virtual void Begin() {}
-    virtual bool IsThere() const { return _window.Sheet().FiledRect(_patch) == _rect; }
-
-    WindowTarn& _window;
-    const DrawPatch _patch;
-    const Rect _rect;  // as it stood at the press
-    const Point _from;
-    Point _by;
-    bool _moving = false;
-};
-
 class SignDrag : public Drag {
 public:
     SignDrag(WindowTarn& window, const DrawPatch& patch, Point from, const DragRow& row)
@@ -149,7 +117,7 @@ public:
         const EditStep step(_window);
         Apply(by);
         _window.TheSelection().Clear();
-        _window.TheSelection().Add(_patch.Bounds());
+        _window.TheSelection().Pick(RecordAt(_patch, _from));
         _window.SelectionChanged();
     }
 

@@ -153,6 +153,7 @@ void WindowTarn::CommandBegins() {
 void WindowTarn::CommandEnds() {
     _pool->Memo().after = _page;
     _hasStep = true;
+    DropDeadPicks();
 }
 
 void WindowTarn::MarkCut() { _pool->Memo().mark = cutPending = true; }
@@ -190,6 +191,13 @@ void WindowTarn::DropDeadCaret() {
         caret.measure = nullptr;
 }
 
+void WindowTarn::DropDeadPicks() {
+    if (_selection.ThePicks().IsEmpty()) return;
+    std::vector<const void*> records;
+    for (const Pick& pick : _selection.ThePicks().List()) records.push_back(pick.record);
+    _selection.KeepLivingPicks(_pool->Living(records));
+}
+
 // `stepped`: it is another step than the one before.
 void WindowTarn::Exchange(bool redo, bool stepped) {
     DropTextEntry();
@@ -200,6 +208,7 @@ void WindowTarn::Exchange(bool redo, bool stepped) {
     redo ? _pool->Redo() : _pool->Undo();
     caret.visible = false;
     DropDeadCaret();
+    DropDeadPicks();
     RefreshPreferences(_document);
     if (instance == this) KeepScoreSwitches(_document);
     if (redo && memo.mark) ClipboardRedone(*this);

@@ -49,6 +49,7 @@ public:
     Document* GetDocument() const { return _document; }
     NewMemoryPool* Pool() const { return _pool; }
     NewWindowSheet& Sheet() { return *_sheet; }
+    const NewWindowSheet& Sheet() const { return *_sheet; }
     // Measures and keeps regions at one device unit for each page unit.
     GraphicPort& Port() { return *_port; }
     const GraphicPort& Port() const { return *_port; }
@@ -78,6 +79,8 @@ public:
     Caret caret;
     Selection& TheSelection() { return _selection; }
     const Selection& TheSelection() const { return _selection; }
+    // What has been picked and is no longer there is forgotten. Cost: what is picked.
+    void DropDeadPicks();
     // Tells the shell after a change of the selection.
     void SelectionChanged();
     // What the pressed pointer does; null while it is up.

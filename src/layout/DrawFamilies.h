@@ -38,6 +38,7 @@ Rect InkOf(const Dot& dot);
 void Paint(GraphicPort& port, const Dot& dot, const DrawContext& context);
 Rect InkOf(const BeamMarker& marker);
 void Paint(GraphicPort& port, const BeamMarker& marker, const DrawContext& context);
+std::vector<Point> OutlineOf(const BeamMarker& marker);  // along its strokes
 
 // Spanners, each by its marks: DrawTie.cpp, DrawTuplet.cpp, DrawSlur.cpp, DrawHairpin.cpp, DrawLines.cpp. An
 // outline is what a press is measured from.
@@ -75,6 +76,8 @@ Rect InkOf(const Time& mark);
 void Paint(GraphicPort& port, const Time& mark, const DrawContext& context);
 Rect InkOf(const MarkEndings& mark);
 void Paint(GraphicPort& port, const MarkEndings& mark, const DrawContext& context);
+std::vector<Point> OutlineOf(const MarkEndings& mark);
+bool Touches(const MarkEndings& mark, Point p);  // near the line, or on the text
 Rect InkOf(const Coda& coda);
 void Paint(GraphicPort& port, const Coda& coda, const DrawContext& context);
 Rect InkOf(const SimboliVari& sign);
@@ -125,6 +128,9 @@ private:
     Colour _colour;
     Point _pen;
 };
+
+// A press at most 30 page units beside a line is on it.
+bool IsNearLine(const std::vector<Point>& line, Point p);
 
 // Whether something hidden is painted now; its colour is set then. The caller keeps the pen.
 bool UseHiddenColour(GraphicPort& port, const HiddenRule& rule, bool printing);
