@@ -27,6 +27,11 @@ SelectedKinds KindsSelected(WindowTarn& window) {
     const Selection& selection = window.TheSelection();
     if (selection.IsWholeScore()) return {true, true};
     SelectedKinds kinds;
+    for (const Pick& pick : selection.ThePicks().List()) {
+        if (const auto* note = pick.As<GenericNote>())
+            kinds.notes = kinds.notes || IsOfVoiceAtHand(window, ChordPar(note));
+        if (const auto* pause = pick.As<Pause>()) kinds.rests |= IsOfVoiceAtHand(window, pause);
+    }
     for (const DrawPatch& patch : window.Sheet().PatchesIn(window.Port(), selection.GetSelectionRegion())) {
         if (const auto* pause = patch.Record<Pause>()) kinds.rests |= IsOfVoiceAtHand(window, pause);
         if (const auto* column = patch.Record<ChordSymbol>())
