@@ -285,7 +285,8 @@ void ScoreView::paintEvent(QPaintEvent* event) {
 void ScoreView::SelectUnder(Point p) {
     if (Tools().toolMode != ModeArrow || IsPlaying()) return;
     const std::vector<Rect> selected = SelectionRects(_window);
-    if (std::any_of(selected.begin(), selected.end(), [p](const Rect& r) { return r.EnclosesStrictly(p); })) return;
+    if (std::any_of(selected.begin(), selected.end(), [p](const Rect& r) { return r.EnclosesStrictly(p); }))
+        return;
     MouseDown(_window, p.x, p.y, 0);
     MouseUp(_window, p.x, p.y);
     viewport()->update();
@@ -331,8 +332,7 @@ bool ScoreView::TakeKey(const QKeyEvent& event) {
     const bool plain = !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
     if (!plain || text.size() != 1 || text[0] < u' ' || text[0] > u'~') return false;
     // A space bar that is held down starts or stops once.
-    if (!event.isAutoRepeat() || text[0] != u' ') KeyChar(_window, text[0].toLatin1());
-    return true;
+    return (event.isAutoRepeat() && text[0] == u' ') || KeyChar(_window, text[0].toLatin1());
 }
 
 bool ScoreView::TakeMove(const QKeyEvent& event) {

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QRegion>
 
+#include "edit/CaretLine.h"
 #include "edit/PaletteTable.h"
 #include "edit/SessionChoices.h"
 #include "edit/TarnClick.h"
@@ -113,7 +114,7 @@ void PaintCaret(const OverlayPaint& paint, const Caret& caret, const Page* page)
     const int top = paint.Y(origin.y - overhang);
     const int bottom = paint.Y(origin.y + system->_bottom - system->_top + overhang);
     const int width = std::max(1, paint.scale.PixelsOf(1.5));
-    paint.painter.fillRect(paint.X(caret.x) - width / 2, top, width, bottom - top, paint.accent);
+    paint.painter.fillRect(paint.X(CaretLineX(caret)) - width / 2, top, width, bottom - top, paint.accent);
 }
 
 void PaintPlayMark(const OverlayPaint& paint, const CursorMark& mark) {
