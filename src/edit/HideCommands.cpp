@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/MeasureRange.h"
 #include "edit/NoteChoice.h"
 #include "edit/SessionChoices.h"
@@ -90,6 +91,7 @@ Status ShowHideOptionsCommand(WindowTarn&, const CommandArguments& arguments) {
     Choices() = choices;
     for (WindowTarn* each : WindowTarn::All()) {
         each->Sheet().MarkAllDirty();
+        each->Handles().Renew();  // what is not seen has none
         each->Shell().Refresh(*each);
     }
     return Status::Ok();

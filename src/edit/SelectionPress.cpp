@@ -1,5 +1,6 @@
 #include "edit/SelectionPress.h"
 
+#include "edit/ControlPoints.h"
 #include "edit/Lasso.h"
 #include "edit/ObjectDrag.h"
 #include "edit/TarnClick.h"
@@ -39,6 +40,7 @@ void SelectOnly(WindowTarn& window, const Rect& rect, bool adding) {
 }  // namespace
 
 void PressWithArrow(WindowTarn& window, Point p, uint32_t modifiers) {
+    if (PressHandle(window, p, modifiers)) return;
     const bool adding = modifiers & kShift;
     if (const DrawPatch patch = window.Sheet().HitSymbol(p))
         for (const auto& row : kRows)
