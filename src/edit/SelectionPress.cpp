@@ -1,5 +1,6 @@
 #include "edit/SelectionPress.h"
 
+#include "edit/ControlPoints.h"
 #include "edit/Drags.h"
 #include "edit/Lasso.h"
 #include "edit/PickPlaces.h"
@@ -61,6 +62,7 @@ bool PickOrUnpick(WindowTarn& window, void* record, bool adding) {
 }  // namespace
 
 void PressWithArrow(WindowTarn& window, Point p, uint32_t modifiers) {
+    if (PressHandle(window, p, modifiers)) return;
     const bool adding = modifiers & kShift;
     if (const DrawPatch patch = HitAt(window, p))
         for (const auto& row : kRows)

@@ -12,6 +12,7 @@ StructureStep::StructureStep(WindowTarn& window)
       _step(window),
       _page(window.CurrentPage()),
       _firstSystem(FirstSystem(window.GetDocument())),
+      _lastSystem(window.GetDocument()),
       _pageNumber(_page ? _page->_pageNumber.Get() : 0),
       _pageCount(window.GetDocument()->_pageCount) {
     const Caret& caret = window.caret;
@@ -24,6 +25,7 @@ StructureStep::StructureStep(WindowTarn& window)
 
 StructureStep::~StructureStep() {
     SettleIndent();
+    _lastSystem.Settle();
     PlaceCaret();
     if (_page != _window.CurrentPage() || _pageCount != _window.GetDocument()->_pageCount)
         _window.SetCurrentPage(_page);
@@ -46,14 +48,15 @@ void StructureStep::LookForPage() {
     _page = nearest;
 }
 
-// The first system is indented and no other. One that was the first may be gone, so where another one is now it
-// is looked for among all.
+// The first system is indented and no other. One that was the first may be gone, so where another one is now
+// it is looked for among all.
 void StructureStep::SettleIndent() {
-    System* first = FirstSystem(_window.GetDocument());
+    const Document* document = _window.GetDocument();
+    System* first = FirstSystem(document);
     if (!first) return;
-    FitWidth(first);
+    if (first->_left != IndentOf(document, first)) FitWidth(first);
     if (first == _firstSystem) return;
-    for (const Page* page : documentPages.Of(_window.GetDocument()))
+    for (const Page* page : documentPages.Of(document))
         for (System* system : pageSystems.Of(page))
             if (system == _firstSystem) FitWidth(system);
 }

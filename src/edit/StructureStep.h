@@ -3,6 +3,7 @@
 #pragma once
 
 #include "edit/WindowTarn.h"
+#include "layout/LastSystem.h"
 
 namespace corvane {
 
@@ -25,6 +26,7 @@ private:
     const EditStep _step;
     Page* _page;
     const System* const _firstSystem;
+    const LastSystem _lastSystem;
     const int _pageNumber, _pageCount;
     int32_t _caretPlace = 0;  // per mille of its measure
 };

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "edit/Signs.h"
+#include "layout/LastSystem.h"
 #include "layout/PageFit.h"
 #include "layout/PageLayout.h"
 #include "layout/ScoreBuilder.h"
@@ -95,6 +96,7 @@ void ScoreFrame::Build() {
     }
     LayOutPages(_document);
     ShowNames();
+    FitLastSystem(_document);
 }
 
 void ScoreFrame::MakeColumns() {

@@ -28,10 +28,16 @@ int32_t IndentOf(const Document* document, const System* system) {
     return system == FirstSystem(document) ? preferences->_nameWidth : preferences->_shortNameWidth;
 }
 
-void FitWidth(System* system) {
+int32_t FullRight(const System* system) {
     const Page* page = PagePar(system);
-    const int32_t left = IndentOf(DocumentPar(page), system);
-    const int32_t right = Document::pageWidth - page->_leftMargin - page->_rightMargin;
+    return Document::pageWidth - page->_leftMargin - page->_rightMargin;
+}
+
+void FitWidth(System* system) {
+    SetSides(system, IndentOf(DocumentPar(PagePar(system)), system), FullRight(system));
+}
+
+void SetSides(System* system, int32_t left, int32_t right) {
     if (system->_left == left && system->_right == right) return;
     const NoteAreas areas(system);
     system->_left = left;

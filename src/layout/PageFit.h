@@ -17,6 +17,10 @@ int32_t IndentOf(const Document* document, const System* system);
 // A system as wide as its page allows, its staves too; its measures share what they gain or lose in
 // proportion to their note areas. Nothing is written where it fits.
 void FitWidth(System* system);
+// The same between any two sides, counted from the left margin.
+void SetSides(System* system, int32_t left, int32_t right);
+// From the left margin to the right one.
+int32_t FullRight(const System* system);
 // The first system of the score, null for none.
 System* FirstSystem(const Document* document);
 // Width of all systems, and their tops.

@@ -1,6 +1,7 @@
 // Measures dealt over systems, systems over pages, and where they stand there.
 #include "edit/SessionChoices.h"
 #include "edit/Signs.h"
+#include "layout/PageFit.h"
 #include "layout/SignRecords.h"
 #include "model/Clefs.h"
 #include "structure_fixture.h"
@@ -45,6 +46,52 @@ TEST_F(StructureFlow, MeasuresAreDealtOverSystems) {
         EXPECT_EQ(Shape(), c.shape);
         EXPECT_EQ(Notes(), notes);
     }
+}
+
+TEST_F(StructureFlow, ALastSystemOfFewMeasuresEndsEarly) {
+    constexpr int kAdd = 32791, kRemove = 32794, kPages = 32790, kPageSettings = 32776;
+    OpenPages(1);
+    const auto right = [&] { return SystemPar(LastMeasure(Score()))->_right.Get(); };
+    const int32_t full = right();
+    const struct {
+        const char* why;
+        int command;
+        CommandArguments arguments;
+        const char* shape;
+        bool isShort;
+    } steps[] = {
+        {"two measures go, three are left", kRemove, {{"from", "14"}, {"to", "15"}}, "5 5 3", false},
+        {"one more goes", kRemove, {{"from", "13"}, {"to", "13"}}, "5 5 2", true},
+        {"the one above grows: its measures are narrower",
+         kAdd,
+         {{"count", "2"}, {"after", "6"}},
+         "5 7 2",
+         true},
+        {"dealt over more pages", kSystemsPerPage, {{"count", "2"}}, "5 7/2", true},
+        {"the margins change", kPageSettings, {{"left", "1000"}}, "5 7/2", true},
+        {"it fills up", kAdd, {{"count", "3"}}, "5 7/5", false},
+        {"dealt anew", kMeasuresPerSystem, {{"count", "8"}}, "8 8/1", true},
+        {"what followed it goes on", kPages, {{"count", "1"}}, "8 8/1/1", false},
+    };
+    for (const auto& step : steps) {
+        SCOPED_TRACE(step.why);
+        RunAndBack(step.command, step.arguments);
+        EXPECT_EQ(Shape(), step.shape);
+        EXPECT_EQ(right() < full, step.isShort);
+    }
+}
+
+TEST_F(StructureFlow, ALastSystemKeepsTheWidthThatItWasGiven) {
+    OpenPages(1);
+    ASSERT_TRUE(Run(kMeasuresPerSystem, {{"count", "7"}}));
+    System* last = SystemPar(LastMeasure(Score()));
+    ASSERT_EQ(last->_measureCount, 1);
+    const int32_t given = last->_right + 500;
+    SetSides(last, last->_left, given);
+    ASSERT_TRUE(Run(kCenterSystems));
+    ASSERT_TRUE(ChangeKey(*window, {MeasureNumber(1), nullptr}, -4));
+    EXPECT_EQ(last->_right, given);
+    EXPECT_EQ(systemMeasures.Last(last)->_right, given) << "a wider header takes of its note areas";
 }
 
 TEST_F(StructureFlow, HeadsOfSystemsMoveAndChangesStay) {

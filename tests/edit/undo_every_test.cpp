@@ -122,8 +122,10 @@ const std::map<int, CommandArguments> kArguments = {
     {40012, {{"name", "Violin"}}},
     {57606, {{"height", "16779"}, {"width", "11864"}}},
 };
-// Undo and redo themselves, and toggles of how the score is edited: they write at once, without a step.
-const std::set<int> kNoSteps = {57643, 57644, 32808, 32809};
+// Toggles of how the score is edited: they write at once, without a step.
+constexpr int kSwitches[] = {32808, 32809};
+// They, and undo and redo themselves.
+const std::set<int> kNoSteps = {57643, 57644, kSwitches[0], kSwitches[1]};
 
 TEST_F(UndoEvery, CommandOfTheTable) {
     for (const CommandFamily family : CommandFamilies())
@@ -146,6 +148,27 @@ TEST_F(UndoEvery, CommandOfTheTable) {
             }
         }
     EXPECT_GE(edits, 70);
+}
+
+// A setting shall not take the place of the edit that can be undone: what is undone is the edit, and the
+// switch stays as it was put.
+TEST_F(UndoEvery, SwitchesOfTheScoreLeaveItsStepAlone) {
+    for (const int id : kSwitches) {
+        SCOPED_TRACE(id);
+        StateKeeper keeper(*window);
+        Enter(kQuarter, 6, 1, 10, 4);
+        const PoolState edited = Now();
+        ASSERT_TRUE(RunCommand(*window, id));
+        EXPECT_EQ(keeper.commands, 1);
+        EXPECT_NE(Now(), edited) << "the score keeps it";
+        window->Undo();
+        EXPECT_NE(Now(), keeper.before);
+        ASSERT_TRUE(RunCommand(*window, id));
+        EXPECT_EQ(Now(), keeper.before) << "put back, nothing is left of either";
+        window->Redo();
+        EXPECT_EQ(Now(), edited);
+        window->Undo();
+    }
 }
 
 TEST_F(UndoEvery, PaletteItemWhereverItIsPressed) {
