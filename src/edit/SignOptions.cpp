@@ -108,8 +108,8 @@ Status ApplyArticulationsCommand(WindowTarn& window, const CommandArguments& arg
 }
 
 constexpr Command kSigns[] = {
-    {32814, "Accidentals Options", AccidentalsOptionsCommand, NotPlaying},
-    {32818, "Apply Articulations", ApplyArticulationsCommand, NotPlaying},
+    {32814, "Accidentals Options", AccidentalsOptionsCommand, NotPlaying, Needs::Notes},
+    {32818, "Apply Articulations", ApplyArticulationsCommand, NotPlaying, Needs::Notes},
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "layout/Engraving.h"
+#include "layout/NotePitches.h"
 #include "model/Clefs.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -37,12 +38,10 @@ void ForEachOnLine(const GenericNote* note, Visit visit) {
 
 // A note shows its accidental where it differs from the one before on its line, or else from the key.
 void RenewAccident(GenericNote* note, const GenericNote* before) {
-    RemoveAccidents(note);
-    if (IsTiedOver(note)) return;
     while (before && IsTiedOver(before)) before = NoteBefore(before);
     const Alteration inForce =
         before && NoClafBetween(before, note) ? before->_alteration.Get() : KeyAlterationAt(note);
-    if (note->_alteration != inForce) AttachAccident(note, note->_alteration);
+    ShowAccidental(note, !IsTiedOver(note) && note->_alteration != inForce);
 }
 
 }  // namespace

@@ -8,11 +8,13 @@
 #include <iterator>
 
 #include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/SessionChoices.h"
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
 #include "layout/Frames.h"
+#include "shell/HandleOverlay.h"
 #include "shell/TextEditor.h"
 #include "shell/ToolCursors.h"
 #include "shell/ViewKeys.h"
@@ -256,6 +258,7 @@ void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
     if (_margins && _window.CurrentPage()) PaintMargins(paint, *_window.CurrentPage());
     PaintSelection(paint, _window);
     PaintDragged(paint, _window);
+    PaintHandles(paint, _window);
     PaintCaret(paint, _window.caret, _window.CurrentPage());
     if (_hover) PaintGhost(paint, _window, *_hover);
     if (_hover && _movedByKeys && !HasGhost() && Tools().toolMode != ModeArrow) PaintPen(paint, *_hover);
@@ -264,6 +267,7 @@ void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
 
 void ScoreView::paintEvent(QPaintEvent* event) {
     FitScale();
+    _window.Handles().SetReach(HandleReach(_scale));
     QPainter painter(viewport());
     painter.scale(1 / _scale.Ratio(), 1 / _scale.Ratio());  // a painter's unit is a pixel from here on
     const Point corner = PageCorner();
@@ -285,7 +289,8 @@ void ScoreView::paintEvent(QPaintEvent* event) {
 void ScoreView::SelectUnder(Point p) {
     if (Tools().toolMode != ModeArrow || IsPlaying()) return;
     const std::vector<Rect> selected = SelectionRects(_window);
-    if (std::any_of(selected.begin(), selected.end(), [p](const Rect& r) { return r.EnclosesStrictly(p); })) return;
+    if (std::any_of(selected.begin(), selected.end(), [p](const Rect& r) { return r.EnclosesStrictly(p); }))
+        return;
     MouseDown(_window, p.x, p.y, 0);
     MouseUp(_window, p.x, p.y);
     viewport()->update();
@@ -331,8 +336,7 @@ bool ScoreView::TakeKey(const QKeyEvent& event) {
     const bool plain = !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
     if (!plain || text.size() != 1 || text[0] < u' ' || text[0] > u'~') return false;
     // A space bar that is held down starts or stops once.
-    if (!event.isAutoRepeat() || text[0] != u' ') KeyChar(_window, text[0].toLatin1());
-    return true;
+    return (event.isAutoRepeat() && text[0] == u' ') || KeyChar(_window, text[0].toLatin1());
 }
 
 bool ScoreView::TakeMove(const QKeyEvent& event) {

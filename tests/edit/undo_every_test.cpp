@@ -1,9 +1,10 @@
 // Whatever is done once, undo gives back every byte, counter and block, and redo brings all of it again: each
-// command of the table, each item of the palettes, the eraser at each object, on a score with some of
-// everything.
+// command of the table, each item of the palettes, the eraser at each object, each handle, on a score with
+// some of everything.
 #include "base/Notify.h"
 #include "edit/Clipboard.h"
 #include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/PaletteTable.h"
 #include "edit/TextEntry.h"
 #include "edit/Texts.h"
@@ -122,8 +123,10 @@ const std::map<int, CommandArguments> kArguments = {
     {40012, {{"name", "Violin"}}},
     {57606, {{"height", "16779"}, {"width", "11864"}}},
 };
-// Undo and redo themselves, and toggles of how the score is edited: they write at once, without a step.
-const std::set<int> kNoSteps = {57643, 57644, 32808, 32809};
+// Toggles of how the score is edited: they write at once, without a step.
+constexpr int kSwitches[] = {32808, 32809};
+// They, and undo and redo themselves.
+const std::set<int> kNoSteps = {57643, 57644, kSwitches[0], kSwitches[1]};
 
 TEST_F(UndoEvery, CommandOfTheTable) {
     for (const CommandFamily family : CommandFamilies())
@@ -146,6 +149,27 @@ TEST_F(UndoEvery, CommandOfTheTable) {
             }
         }
     EXPECT_GE(edits, 70);
+}
+
+// A setting shall not take the place of the edit that can be undone: what is undone is the edit, and the
+// switch stays as it was put.
+TEST_F(UndoEvery, SwitchesOfTheScoreLeaveItsStepAlone) {
+    for (const int id : kSwitches) {
+        SCOPED_TRACE(id);
+        StateKeeper keeper(*window);
+        Enter(kQuarter, 6, 1, 10, 4);
+        const PoolState edited = Now();
+        ASSERT_TRUE(RunCommand(*window, id));
+        EXPECT_EQ(keeper.commands, 1);
+        EXPECT_NE(Now(), edited) << "the score keeps it";
+        window->Undo();
+        EXPECT_NE(Now(), keeper.before);
+        ASSERT_TRUE(RunCommand(*window, id));
+        EXPECT_EQ(Now(), keeper.before) << "put back, nothing is left of either";
+        window->Redo();
+        EXPECT_EQ(Now(), edited);
+        window->Undo();
+    }
 }
 
 TEST_F(UndoEvery, PaletteItemWhereverItIsPressed) {
@@ -171,6 +195,25 @@ TEST_F(UndoEvery, ObjectTheEraserHits) {
         if (HasFailure()) return;
     }
     EXPECT_GE(edits, 15);
+}
+
+TEST_F(UndoEvery, HandleThatIsDragged) {
+    for (const int kind : {33045, 33046, 33047, 33048, 33049, 33055}) {
+        ASSERT_TRUE(RunCommand(*window, kind));
+        const std::vector<Handle> handles = window->Handles().All();
+        EXPECT_FALSE(handles.empty()) << kind;
+        for (const Handle& handle : handles) {
+            const Point from = handle.place, to = from + Point{110, -90};
+            Try(std::to_string(kind) + " at " + std::to_string(from.x) + " " + std::to_string(from.y), [&] {
+                MouseDown(*window, from.x, from.y, 0);
+                MouseMove(*window, to.x, to.y);
+                MouseUp(*window, to.x, to.y);
+            });
+            if (HasFailure()) return;
+        }
+        ASSERT_TRUE(RunCommand(*window, 33041));
+    }
+    EXPECT_GE(edits, 25);
 }
 
 }  // namespace
