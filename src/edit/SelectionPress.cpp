@@ -36,7 +36,7 @@ constexpr struct {
     {IsClass<ChordSymbol>, DragHead},
     {IsClass<MovingClaf>, DragSign},
     {IsClass<StaticClaf>, nullptr, Press::Stays},
-    {IsClass<BeamMarker>, nullptr},
+    {IsClass<BeamMarker>, DragBeam},
     {IsClass<MarkSlur>, nullptr},
     {IsClass<Time>, DragSign},
 };
