@@ -251,6 +251,9 @@ protected:
         if (!handles.IsAnyOn() || dice.OneIn(3)) RunOnSelection(*FindCommand(dice.AnyOf(kKinds)));
         if (handles.All().empty()) return;
         if (dice.OneIn(4)) handles.SelectIn(AnyRect());
+        if (dice.OneIn(5)) (void)WalkHandles(*window, Pick(0, 1));
+        if (dice.OneIn(5)) (void)NudgeHandles(*window, {Pick(-100, 100), Pick(-100, 100)});
+        if (handles.All().empty()) return;
         const Handle handle = dice.AnyOf(handles.All());
         did = "handle of kind " + std::to_string(static_cast<int>(handle.kind));
         const Point by{Pick(-700, 700), Pick(-700, 700)}, to = handle.place + by;
