@@ -7,6 +7,7 @@
 #include "edit/Clipboard.h"
 #include "edit/ClipboardState.h"
 #include "edit/Deletion.h"
+#include "edit/HandleFamily.h"
 #include "edit/Insertion.h"
 #include "edit/Lyrics.h"
 #include "edit/Signs.h"
@@ -117,6 +118,15 @@ constexpr ClearRow kLists[] = {
     kRow<kPicked<Time>, DeleteTempo>,
 };
 
+// What the selected handles steer and can go by itself, each once.
+std::vector<Handle> HandlesToClear(WindowTarn& window) {
+    std::vector<Handle> handles = window.Handles().Selected();
+    std::erase_if(handles, [](const Handle& each) { return !FamilyOf(each.kind).CanDelete(); });
+    const auto sameTarget = [](const Handle& a, const Handle& b) { return a.target == b.target; };
+    handles.erase(std::unique(handles.begin(), handles.end(), sameTarget), handles.end());
+    return handles;
+}
+
 bool IsAnythingToClear(WindowTarn& window) {
     SetSelectionAnchors(window);
     const bool any = std::any_of(std::begin(kLists), std::end(kLists),
@@ -138,9 +148,13 @@ void Respace(const Clearing& clearing) {
 void ClearSelection(WindowTarn& window) {
     window.Activate();
     window.caret.visible = false;
-    if (!IsAnythingToClear(window)) return window.Shell().Tell("Nothing that can be deleted is selected.");
+    const std::vector<Handle> handles = HandlesToClear(window);
+    window.Handles().End();
+    if (handles.empty() && !IsAnythingToClear(window))
+        return window.Shell().Tell("Nothing that can be deleted is selected.");
     {
         const EditStep step(window);
+        for (const Handle& handle : handles) FamilyOf(handle.kind).Delete(window, handle);
         Clearing clearing{
             window, {Tools().OneVoice(), Tools().AllVoices(), Switches().deleteNotesToRests, false}, {}};
         for (const ClearRow& row : kLists) {

@@ -31,6 +31,7 @@ constexpr struct {
     {57634, "Select what is to be copied first"},
     {57637, "Copy something first, then click with the arrow where it is to go"},
     {32774, "Select what is to be deleted first"},
+    {33041, "No control points are shown"},
 };
 
 // By what a command needs.
@@ -75,11 +76,11 @@ bool TellsMeasures(const CommandArguments& arguments) {
 bool NotPlaying(const WindowTarn&) { return !IsPlaying(); }
 
 std::vector<CommandFamily> CommandFamilies() {
-    return {kUndo,           ClipboardCommands(), SwitchCommands(),    SignCommands(),
-            NoteCommands(),  GraceCommands(),     BeamCommands(),      MarkOptionCommands(),
-            WalkCommands(),  SelectionCommands(), StructureCommands(), SpannerCommands(),
-            MixerCommands(), LayoutCommands(),    FontCommands(),      TextCommands(),
-            HideCommands(),  SignOptionCommands()};
+    return {kUndo,           ClipboardCommands(),  SwitchCommands(),      SignCommands(),
+            NoteCommands(),  GraceCommands(),      BeamCommands(),        MarkOptionCommands(),
+            WalkCommands(),  SelectionCommands(),  StructureCommands(),   SpannerCommands(),
+            MixerCommands(), LayoutCommands(),     FontCommands(),        TextCommands(),
+            HideCommands(),  SignOptionCommands(), ControlPointCommands()};
 }
 
 const Command* FindCommand(int id) {

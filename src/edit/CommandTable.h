@@ -41,6 +41,7 @@ CommandFamily TextCommands();
 CommandFamily MixerCommands();
 CommandFamily HideCommands();
 CommandFamily SignOptionCommands();
+CommandFamily ControlPointCommands();
 
 // All of them.
 std::vector<CommandFamily> CommandFamilies();

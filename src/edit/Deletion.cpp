@@ -140,10 +140,7 @@ bool DeleteNote(WindowTarn& window, GenericNote* note, const DeletionChoice& cho
         if (rest) MakeGraceEvents(rest);
     }
     if (!voiceDropped) RenewAroundGraceNotes(voice);
-    if (later) {
-        RemoveAccidents(later);
-        UpdateAccidentals(later, UpdateNoteHeight);
-    }
+    if (later) UpdateAccidentals(later, UpdateNoteHeight);
     if (choice.space && !voiceDropped) SpaceVoice(voice);
     return last;
 }

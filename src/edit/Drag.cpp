@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "edit/PickPlaces.h"
 #include "layout/Frames.h"
 
 namespace corvane {
@@ -21,6 +22,24 @@ void Drag::Move(Point to) {
     if (by == _by) return;
     _by = by;
     _window.Shell().Refresh(_window);
+}
+
+LiftedDrag::~LiftedDrag() {
+    if (_moving) _window.Sheet().PutDown();
+}
+
+void LiftedDrag::Begin() {
+    void* record = RecordAt(_patch, _from);
+    _patches = record ? PatchesOf(_window, {record, ClassNumberOf(record)}) : std::vector<DrawPatch>{};
+    _window.Sheet().Lift(_patches);
+    _count = _window.Sheet().Lifted().size();
+}
+
+void LiftedDrag::Release(Point at) {
+    Move(at);
+    if (!IsLifted()) return;
+    _window.Sheet().PutDown();
+    if (Changes()) Apply();
 }
 
 }  // namespace corvane

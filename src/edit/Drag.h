@@ -2,6 +2,8 @@
 // is over. Lengths are absolute page units. UI thread.
 #pragma once
 
+#include <vector>
+
 #include "edit/WindowTarn.h"
 
 namespace corvane {
@@ -24,6 +26,31 @@ protected:
     const Point _from;
     Point _by;             // so far
     bool _moving = false;  // beyond a tremble
+};
+
+// A drag of things that are out of the picture meanwhile: all that draws what has been pressed.
+class LiftedDrag : public Drag {
+public:
+    using Drag::Drag;
+    ~LiftedDrag() override;
+
+    void Release(Point at) final;
+
+protected:
+    // Whether anything would be another one.
+    virtual bool Changes() const = 0;
+    // One step of its own; the patches are filed where they stood, and no longer lifted.
+    virtual void Apply() = 0;
+
+    bool IsLifted() const { return _count && _window.Sheet().Lifted().size() == _count; }
+    const std::vector<DrawPatch>& Patches() const { return _patches; }
+
+private:
+    void Begin() final;
+    bool IsThere() const final { return _moving ? IsLifted() : Drag::IsThere(); }
+
+    std::vector<DrawPatch> _patches;
+    size_t _count = 0;  // of them that are on the sheet
 };
 
 }  // namespace corvane

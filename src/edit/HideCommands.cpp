@@ -3,6 +3,7 @@
 #include <unordered_set>
 
 #include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/MeasureRange.h"
 #include "edit/NoteChoice.h"
 #include "edit/SessionChoices.h"
@@ -91,6 +92,7 @@ Status ShowHideOptionsCommand(WindowTarn&, const CommandArguments& arguments) {
     Choices() = choices;
     for (WindowTarn* each : WindowTarn::All()) {
         each->Sheet().MarkAllDirty();
+        each->Handles().Renew();  // what is not seen has none
         each->Shell().Refresh(*each);
     }
     return Status::Ok();

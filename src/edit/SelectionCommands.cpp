@@ -1,5 +1,6 @@
 // Commands that select.
 #include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/ToolState.h"
 
 namespace corvane {
@@ -12,10 +13,13 @@ Status SelectAll(WindowTarn& window, const CommandArguments&) {
 }
 Status SelectNothing(WindowTarn& window, const CommandArguments&) {
     window.TheSelection().Clear();
+    window.Handles().SelectNothing();
     window.SelectionChanged();
     return Status::Ok();
 }
-bool IsAnythingSelected(const WindowTarn& window) { return !IsPlaying() && !window.TheSelection().IsEmpty(); }
+bool IsAnythingSelected(const WindowTarn& window) {
+    return !IsPlaying() && !(window.TheSelection().IsEmpty() && window.Handles().IsNoneSelected());
+}
 
 // Ids of this program's own.
 constexpr Command kSelection[] = {

@@ -1,7 +1,8 @@
 #include "edit/SelectionPress.h"
 
+#include "edit/ControlPoints.h"
+#include "edit/Drags.h"
 #include "edit/Lasso.h"
-#include "edit/ObjectDrag.h"
 #include "edit/PickPlaces.h"
 #include "edit/TarnClick.h"
 #include "edit/TarnSelect.h"
@@ -11,31 +12,33 @@
 namespace corvane {
 namespace {
 
-// What can be picked, a row a class in the order in which they are asked for; `keeps`: a press on it changes
-// nothing.
+// What a press picks and drags, a row a class in the order in which they are asked for. A press on what
+// `stays` changes nothing.
+enum class Press { Picks, Stays };
 constexpr struct {
     bool (*is)(int16_t number);
-    bool keeps;
+    DragMaker drag;  // null for none
+    Press press = Press::Picks;
 } kRows[] = {
-    {IsClass<NoteAttribute>, false},
-    {IsClass<Pause>, false},
-    {IsClass<VoiceSymbolAttribute>, false},
-    {IsClass<Dinamiche>, false},
-    {IsClass<SimboliVari>, false},
-    {IsClass<Coda>, false},
-    {IsClass<Time>, false},
-    {IsClass<MarkEndings>, false},
-    {IsClass<MarkHairpin>, false},
-    {IsClass<MarkOttava>, false},
-    {IsClass<MarkPedale>, false},
-    {IsClass<MarkTrillo>, false},
-    {IsClass<MarkSlur>, false},
-    {IsClass<MeasureStaffText>, false},
-    {IsClass<PageText>, false},
-    {IsClass<ChordSymbol>, false},
-    {IsClass<MovingClaf>, false},
-    {IsClass<StaticClaf>, true},
-    {IsClass<BeamMarker>, false},
+    {IsClass<NoteAttribute>, DragSign},
+    {IsClass<Pause>, DragSign},
+    {IsClass<VoiceSymbolAttribute>, nullptr},
+    {IsClass<Dinamiche>, DragSign},
+    {IsClass<SimboliVari>, DragSign},
+    {IsClass<Coda>, DragSign},
+    {IsClass<MarkEndings>, DragSign},
+    {IsClass<MarkHairpin>, DragLine},
+    {IsClass<MarkOttava>, DragLine},
+    {IsClass<MarkPedale>, DragLine},
+    {IsClass<MarkTrillo>, DragLine},
+    {IsClass<MeasureStaffText>, DragSign},
+    {IsClass<PageText>, DragSign},
+    {IsClass<ChordSymbol>, DragHead},
+    {IsClass<MovingClaf>, DragSign},
+    {IsClass<StaticClaf>, nullptr, Press::Stays},
+    {IsClass<BeamMarker>, nullptr},
+    {IsClass<MarkSlur>, nullptr},
+    {IsClass<Time>, DragSign},
 };
 
 // A beam that runs over the column of one of its notes, or a tremolo on its stem, is pressed all the same.
@@ -59,13 +62,14 @@ bool PickOrUnpick(WindowTarn& window, void* record, bool adding) {
 }  // namespace
 
 void PressWithArrow(WindowTarn& window, Point p, uint32_t modifiers) {
+    if (PressHandle(window, p, modifiers)) return;
     const bool adding = modifiers & kShift;
     if (const DrawPatch patch = HitAt(window, p))
         for (const auto& row : kRows)
             if (row.is(patch.ClassNumber())) {
-                if (row.keeps) return;
-                if (PickOrUnpick(window, RecordAt(patch, p), adding))
-                    window.interaction = MakeDrag(window, patch, p);
+                if (row.press == Press::Stays) return;
+                if (PickOrUnpick(window, RecordAt(patch, p), adding) && row.drag)
+                    window.interaction = row.drag(window, patch, p);
                 return;
             }
     window.interaction = std::make_unique<Lasso>(window, p, adding);

@@ -13,6 +13,9 @@
 namespace corvane {
 namespace {
 
+// Room for lyrics: a byte that was only carried, 1 in every score.
+constexpr auto kUseLyricsWidth = &PowerEditPref::_byte29;
+
 std::vector<Voice*> SelectedVoices(WindowTarn& window) {
     std::vector<Voice*> voices;
     SetSelectionAnchors(window);
@@ -38,6 +41,7 @@ void KeepRoom(const Document* document, const SpacingRoom& room) {
     keep(preferences->_useDotsWidth, room.dots);
     keep(preferences->_useClefsWidth, room.clefs);
     keep(preferences->_useAccidentWidth, room.accidents);
+    keep(preferences->*kUseLyricsWidth, room.lyrics);
 }
 
 }  // namespace
@@ -45,7 +49,7 @@ void KeepRoom(const Document* document, const SpacingRoom& room) {
 SpacingRoom PreferredRoom(const Document* document) {
     const auto* preferences = Preferences<PowerEditPref>(document);
     return {preferences->_useDotsWidth != 0, preferences->_useClefsWidth != 0,
-            preferences->_useAccidentWidth != 0};
+            preferences->_useAccidentWidth != 0, preferences->*kUseLyricsWidth != 0};
 }
 
 Status SpaceMeasures(WindowTarn& window, const MeasureRange& range, const SpacingChoice& choice) {

@@ -5,6 +5,7 @@
 
 #include "base/Assert.h"
 #include "edit/Clipboard.h"
+#include "edit/ControlPoints.h"
 #include "edit/ToolState.h"
 #include "layout/PageFit.h"
 #include "model/Preferences.h"
@@ -47,7 +48,8 @@ WindowTarn::WindowTarn(EditorShell& shell)
       _shell(shell),
       _sheet(std::make_unique<NewWindowSheet>()),
       _port(UnitPort()),
-      _selection(*_port) {
+      _selection(*_port),
+      _handles(std::make_unique<ControlPoints>(*this)) {
     _pool = MemoryManager::Instance().NewPool();
     WindowKit::Add(&windowRing, this);
     ++wndCounter;
@@ -90,7 +92,9 @@ WindowTarn* WindowTarn::OfPool(const NewMemoryPool* pool) {
 }
 
 void WindowTarn::Activate() {
-    if (std::exchange(instance, this) != this) TakeScoreSwitches(_document);
+    WindowTarn* before = std::exchange(instance, this);
+    if (before != this) TakeScoreSwitches(_document);
+    if (before && before != this) before->_handles->End();
     MemoryManager::Instance().SetCurrentPool(_pool);
     TakePageSize(_document);
 }
@@ -106,6 +110,7 @@ void WindowTarn::Bind(Document* document) {
 void WindowTarn::SetCurrentPage(Page* page) {
     if (page != _page) {
         interaction.reset();
+        _handles->End();
         DropTextEntry();
         if (!_selection.IsWholeScore()) _selection.Clear();
     }
@@ -116,6 +121,7 @@ void WindowTarn::SetCurrentPage(Page* page) {
 
 void WindowTarn::RefilePage() {
     if (_page) _sheet->FilePage(_page);
+    _handles->Renew();
     _shell.Refresh(*this);
 }
 
@@ -146,12 +152,14 @@ void SetUndoLevels(int levels) {
 
 void WindowTarn::CommandBegins() {
     DropTextEntry();
+    _handles->Renew();
     _pool->Memo().before = _page;
     cutPending = false;
 }
 
 void WindowTarn::CommandEnds() {
     _pool->Memo().after = _page;
+    _handles->Renew();
     _hasStep = true;
     DropDeadPicks();
 }

@@ -23,11 +23,9 @@ struct Standing {
     int line;
 };
 
-// Of the heads on one staff at a chord's place, the highest first.
-std::vector<Standing> AccidentalsOf(const Chords* chord, const Staff* staff) {
+// Of the heads of some chords on one staff, the highest first.
+std::vector<Standing> AccidentalsOf(const std::vector<const Chords*>& chords, const Staff* staff) {
     std::vector<Standing> standing;
-    std::vector<const Chords*> chords = ChordsBeside(chord);
-    chords.push_back(chord);
     for (const Chords* each : chords)
         for (const GenericNote* note : chordNotes.Of(each))
             if (const Accident* accident = AccidentOf(note); accident && StaffPar(note) == staff)
@@ -51,9 +49,14 @@ struct ColumnOfSigns {
 }  // namespace
 
 int32_t AccidentalShift(const Accident* accident) {
+    return AccidentalShift(accident, ChordsBeside(ChordPar(noteAttributes.ParentOf(accident))));
+}
+
+int32_t AccidentalShift(const Accident* accident, std::vector<const Chords*> beside) {
     const GenericNote* note = noteAttributes.ParentOf(accident);
     const Staff* staff = StaffPar(note);
-    const std::vector<Standing> all = AccidentalsOf(ChordPar(note), staff);
+    beside.push_back(ChordPar(note));
+    const std::vector<Standing> all = AccidentalsOf(beside, staff);
     if (all.size() < 2) return 0;
     const int32_t distance = FrameOf(staff).lineDistance;
     std::vector<ColumnOfSigns> columns;

@@ -1,6 +1,8 @@
 // Columns of accidentals left of a chord, from its heads outward.
 #pragma once
 
+#include <vector>
+
 #include "model/Relations.h"
 
 namespace corvane {
@@ -11,5 +13,7 @@ inline constexpr int kAccidentalColumnSteps = 6;
 // How far left of the column next to the heads an accidental stands, in page units: from the highest head
 // down each takes the first column in which it meets no other.
 int32_t AccidentalShift(const Accident* accident);
+// The same if those chords of other voices stood at its chord's place.
+int32_t AccidentalShift(const Accident* accident, std::vector<const Chords*> beside);
 
 }  // namespace corvane

@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "layout/Engraving.h"
+#include "layout/NotePitches.h"
 #include "model/Clefs.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -42,9 +43,7 @@ Alteration InForce(const GenericNote* note, const GenericNote* before) {
 
 // A note shows its accidental where it differs from the one before on its line, or else from the key.
 void RenewAccident(GenericNote* note, const GenericNote* before) {
-    RemoveAccidents(note);
-    if (!IsTiedOver(note) && note->_alteration != InForce(note, before))
-        AttachAccident(note, note->_alteration);
+    ShowAccidental(note, !IsTiedOver(note) && note->_alteration != InForce(note, before));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The line of a beam, and the stems that reach it.
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "base/Assert.h"
 #include "base/Rounding.h"
@@ -41,6 +42,10 @@ void TakeHead(Heads& heads, const Stem* stem, const GenericNote* note) {
     heads.lastStem = stem;
     heads.sum += note->_line;
     ++heads.count;
+}
+
+const GenericNote* OuterHead(const Stem* stem, bool up) {
+    return up ? stemNotes.First(stem) : stemNotes.Last(stem);
 }
 
 // Calls visit for each marker that stands on a stem with heads.
@@ -84,20 +89,50 @@ bool PointsUp(const Beam* beam, const Heads& heads) {
     return pointed ? IsUp(pointed->_direction) : PointsUpByRule(heads);
 }
 
-// How far the line has to move away from the heads, so that every stem is long enough for its levels and, as
-// stems without a beam do, reaches the middle line.
-int32_t LackOf(const Beam* beam, const BeamLine& line, bool up) {
-    int32_t lack = 0;
+// The first stem whose length a person has told; null for none.
+const Stem* ToldUnder(const Beam* beam) {
+    const Stem* told = nullptr;
+    ForEachStem(beam, [&](const Stem* stem, const BeamMarker*) {
+        if (!told && IsLengthTold(stem)) told = stem;
+    });
+    return told;
+}
+
+// What a stem needs by the rules, so that it is long enough for its levels and reaches the middle line as
+// stems without a beam do; hundredths of a line distance.
+int32_t UsualNeed(const Stem* stem, const BeamMarker* marker, bool up) {
+    const BeamClearance clearance(stem);
+    const int32_t wanted = std::max(clearance.least, clearance.Depth(marker->_leftValue) + kHeadRoom);
+    return IsGrace(stem) ? wanted : std::max(wanted, LengthToMiddleLine(OuterHead(stem, up), up));
+}
+
+// Where a person has told how far the beam stands off: its levels end at the heads.
+int32_t LeastNeed(const Stem* stem, const BeamMarker* marker, bool) {
+    return BeamClearance(stem).Depth(marker->_leftValue) + kHeadRoom / 2;
+}
+
+// How far the line has to move away from the heads, so that every stem has what it needs; negative for room.
+int32_t LackOf(const Beam* beam, const BeamLine& line, bool up,
+               int32_t (*need)(const Stem*, const BeamMarker*, bool)) {
+    std::optional<int32_t> lack;
     ForEachStem(beam, [&](const Stem* stem, const BeamMarker* marker) {
-        const GenericNote* outer = up ? stemNotes.First(stem) : stemNotes.Last(stem);
-        const BeamClearance clearance(stem);
-        int32_t wanted = std::max(clearance.least, clearance.Depth(marker->_leftValue) + kHeadRoom);
-        if (!IsGrace(stem)) wanted = std::max(wanted, LengthToMiddleLine(outer, up));
+        const GenericNote* outer = OuterHead(stem, up);
+        const int32_t wanted = need(stem, marker, up);
         const int32_t y = PlaceOf(outer).stem.y, end = line.YAt(BeamXOf(stem));
         const int32_t length = up ? y - end : end - y;
-        lack = std::max(lack, wanted * FrameOf(StaffPar(outer)).lineDistance / 100 - length);
+        const int32_t missing = wanted * FrameOf(StaffPar(outer)).lineDistance / 100 - length;
+        lack = std::max(lack.value_or(missing), missing);
     });
-    return lack;
+    return lack.value_or(0);
+}
+
+// The line moves, without turning, to where a person's word has put one of its stems' ends, else to where the
+// rules need it.
+void MoveOff(BeamLine& line, const Beam* beam, bool up) {
+    const Stem* told = ToldUnder(beam);
+    if (told) line.b += LineOf(told).told - line.YAt(BeamXOf(told));
+    const int32_t lack = LackOf(beam, line, up, told ? LeastNeed : UsualNeed);
+    line.b += std::max(lack, 0) * (up ? -1 : 1);
 }
 
 // Under a beam a rest keeps its height unless the beam would run through it; then it moves by whole line
@@ -180,12 +215,23 @@ BeamLine ComputeBeam(const Beam* beam) {
     const int32_t way = BeamXOf(heads.lastStem) - BeamXOf(heads.firstStem);
     line.slope = CappedSlope(SlopeOf(heads, up), way, distance);
     line.b = head + (up ? -clear : clear) - BeamXOf(StemPar(anchor)) * line.slope;
-    line.b += LackOf(beam, line, up) * (up ? -1 : 1);
+    MoveOff(line, beam, up);
     const int32_t startX = BeamXOf(beamSymbolAttributes.ParentOf(beamMarkers.First(beam)));
     const int32_t endX = BeamXOf(beamSymbolAttributes.ParentOf(beamMarkers.Last(beam)));
     line.start = {startX, line.YAt(startX)};
     line.end = {endX, line.YAt(endX)};
     return line;
+}
+
+int32_t RoomUnder(const Beam* beam) {
+    const Heads heads = HeadsOf(beam);
+    if (!heads.count) return 0;
+    const Point first{BeamXOf(heads.firstStem), LineOf(heads.firstStem).told},
+        last{BeamXOf(heads.lastStem), LineOf(heads.lastStem).told};
+    BeamLine line;
+    if (last.x != first.x) line.slope = static_cast<double>(last.y - first.y) / (last.x - first.x);
+    line.b = first.y - first.x * line.slope;
+    return std::max(-LackOf(beam, line, beam->_direction == 'U', LeastNeed), 0);
 }
 
 void RefitBeam(Beam* beam) {

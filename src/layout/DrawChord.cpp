@@ -13,17 +13,12 @@ namespace {
 
 int32_t DistanceAt(const GenericNote* note) { return FrameOf(StaffPar(note)).lineDistance; }
 
-void PaintLedgerLines(GraphicPort& port, const LedgerLines& ledgers) {
-    for (int i = 0; i < ledgers.count; ++i)
-        PaintLevel(port, ledgers.left, ledgers.right, ledgers.first + i * ledgers.step, ledgers.weight);
-}
-
 void PaintHead(GraphicPort& port, const GenericNote* note, const Column& column, const DrawContext& context) {
     const PenKept kept(port);
     if (note->_hidden && !UseHiddenColour(port, context.hiddenNotes, context.printing)) return;
     const Point place = DrawnPlaceOf(note, column);
     DrawSymbol(port, note->_symbol, place.x, place.y, DistanceAt(note), note->_size, SideLetterOf(note));
-    if (!note->_hidden) PaintLedgerLines(port, LedgerLinesOf(note, column));
+    if (!note->_hidden) Paint(port, LedgerLinesOf(note, column));
 }
 
 void PaintStem(GraphicPort& port, const Column& column) {
@@ -51,6 +46,11 @@ void PaintFlags(GraphicPort& port, const Column& column) {
 }
 
 }  // namespace
+
+void Paint(GraphicPort& port, const LedgerLines& ledgers) {
+    for (int i = 0; i < ledgers.count; ++i)
+        PaintLevel(port, ledgers.left, ledgers.right, ledgers.first + i * ledgers.step, ledgers.weight);
+}
 
 Rect InkOf(const ChordSymbol& chordSymbol) { return RectOf(&chordSymbol); }
 

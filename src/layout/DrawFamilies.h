@@ -64,6 +64,14 @@ Rect InkOf(const MarkPedale& mark);
 void Paint(GraphicPort& port, const MarkPedale& mark, const DrawContext& context);
 std::vector<Point> OutlineOf(const MarkPedale& mark);
 
+// What a mark's line would look like on a system if it ran elsewhere.
+struct SpannerPart;
+struct LineRun;
+void Paint(GraphicPort& port, const MarkHairpin& mark, const SpannerPart& part, const LineRun& run);
+void Paint(GraphicPort& port, const MarkOttava& mark, const SpannerPart& part, const LineRun& run);
+void Paint(GraphicPort& port, const MarkTrillo& mark, const SpannerPart& part, const LineRun& run);
+void Paint(GraphicPort& port, const MarkPedale& mark, const SpannerPart& part, const LineRun& run);
+
 // DrawNoteSigns.cpp.
 Rect InkOf(const SymbolAttribute& sign);
 void Paint(GraphicPort& port, const SymbolAttribute& sign, const DrawContext& context);
@@ -129,6 +137,8 @@ private:
     Point _pen;
 };
 
+struct LedgerLines;
+void Paint(GraphicPort& port, const LedgerLines& ledgers);
 // A press at most 30 page units beside a line is on it.
 bool IsNearLine(const std::vector<Point>& line, Point p);
 

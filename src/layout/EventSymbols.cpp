@@ -8,6 +8,7 @@
 #include "layout/MovingClefs.h"
 #include "layout/NoteGeometry.h"
 #include "layout/SymbolInk.h"
+#include "layout/VoicesTogether.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
@@ -35,10 +36,11 @@ int32_t DotRoom(const VoiceSymbol* symbol, int32_t gap) {
     return room;
 }
 
-// Columns of accidentals from the heads outward.
-int32_t AccidentRoom(const Chords* chord, int32_t noteGap, int32_t columnGap) {
+// Columns of accidentals from the heads outward; chords at one place have one set of them.
+int32_t AccidentRoom(const std::vector<const Chords*>& chords, int32_t noteGap, int32_t columnGap) {
     std::vector<const GenericNote*> heads;
-    for (const GenericNote* note : chordNotes.Of(chord)) heads.push_back(note);
+    for (const Chords* chord : chords)
+        for (const GenericNote* note : chordNotes.Of(chord)) heads.push_back(note);
     std::stable_sort(heads.begin(), heads.end(),
                      [](const auto* a, const auto* b) { return a->_line > b->_line; });
     int32_t room = 0;
@@ -78,18 +80,40 @@ bool PutX(VoiceSymbol* symbol, int32_t x) {
 }
 
 EventSymbol::Extents MusicSymbol::Measure(const ListaEventi& list, int32_t) const {
-    Extents extents{GraceRoom(list) + AccidentalRoom(list), WidthOf(_symbol)};
-    const auto* notes = Preferences<NotePref>(list.TheDocument());
-    if (list.Room().dots) extents.right += DotRoom(_symbol, notes->_dotGap * list.lineDistance / 100);
+    Extents extents{GraceRoom(list) + AccidentalRoom(list), RightOfColumn() + RoomOfDots(list)};
     for (const VoiceSymbol* grace : _trailing) extents.right += RoomOf(grace, list);
     return extents;
+}
+
+int32_t MusicSymbol::RightOfColumn() const {
+    const auto* chord = As<Chords>(_symbol);
+    const Stem* stem = chord ? StemOf(chord) : nullptr;
+    return WidthOf(_symbol) + (stem && !_beside.empty() ? VoiceShift(stem, _beside) : 0);
+}
+
+// Dots begin behind the furthest head of all voices at the event.
+int32_t MusicSymbol::RoomOfDots(const ListaEventi& list) const {
+    if (!list.Room().dots || !DotOf(_symbol)) return 0;
+    const auto* notes = Preferences<NotePref>(list.TheDocument());
+    const int32_t own = RightOfColumn();
+    int32_t right = own;
+    for (const Chords* chord : _beside) {
+        std::vector<const Chords*> others = _beside;
+        std::replace(others.begin(), others.end(), chord, static_cast<const Chords*>(As<Chords>(_symbol)));
+        const Stem* stem = StemOf(chord);
+        if (const int32_t shift = stem ? VoiceShift(stem, others) : 0)
+            right = std::max(right, shift + HeadWidth(stem));
+    }
+    return right - own + DotRoom(_symbol, notes->_dotGap * list.lineDistance / 100);
 }
 
 int32_t MusicSymbol::AccidentalRoom(const ListaEventi& list) const {
     const auto* chord = As<Chords>(_symbol);
     if (!chord || !list.Room().accidents) return 0;
     const auto* notes = Preferences<NotePref>(list.TheDocument());
-    return AccidentRoom(chord, notes->_accidentalGap * list.lineDistance / 100,
+    std::vector<const Chords*> chords = _beside;
+    chords.push_back(chord);
+    return AccidentRoom(chords, notes->_accidentalGap * list.lineDistance / 100,
                         notes->_accidentalSpacing * list.lineDistance / 100);
 }
 
@@ -103,10 +127,12 @@ int32_t MusicSymbol::AccidentReach() const {
     const auto* chord = As<Chords>(_symbol);
     int32_t reach = 0;
     if (!chord) return reach;
+    const int32_t place = FrameOf(MeasurePar(_symbol)).XOf(corvane::XOf(_symbol));
     for (const GenericNote* note : chordNotes.Of(chord))
-        if (const Accident* accident = AccidentOf(note))
-            reach = std::max(reach,
-                             FrameOf(MeasurePar(_symbol)).XOf(corvane::XOf(_symbol)) - RectOf(accident).left);
+        if (const Accident* accident = AccidentOf(note)) {
+            const int32_t more = AccidentalShift(accident, _beside) - AccidentalShift(accident);
+            reach = std::max(reach, place - RectOf(accident).left + more);
+        }
     return reach;
 }
 

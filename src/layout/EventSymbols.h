@@ -18,12 +18,18 @@ public:
     int32_t GraceRoom(const ListaEventi& list) const;
     // How far its accidentals reach left of its place, page units.
     int32_t AccidentReach() const;
+    // The chords of other voices of its staff that stand at its event, wherever they stand before.
+    void StandWith(std::vector<const Chords*> beside) { _beside = std::move(beside); }
 
 private:
     int32_t AccidentalRoom(const ListaEventi& list) const;
+    // Of its column, from the event's place, dots and what trails it left out.
+    int32_t RightOfColumn() const;
+    int32_t RoomOfDots(const ListaEventi& list) const;
 
     VoiceSymbol* _symbol;
     std::vector<VoiceSymbol*> _graces, _trailing;
+    std::vector<const Chords*> _beside;
 };
 
 // A clef within the measure, left of all that stands at its event.

@@ -27,6 +27,28 @@ const VoiceSymbol* EventBehind(const MeasureStaff* crossing, const MovingClaf* c
     return behind;
 }
 
+MusicSymbol& MusicOf(const std::unique_ptr<EventSymbol>& symbol) {
+    return static_cast<MusicSymbol&>(*symbol);
+}
+
+// Tells chords of one staff of each other; they came to the event staff by staff.
+void StandTogether(Event& event) {
+    const auto end = event.symbols.end();
+    for (auto from = event.symbols.begin(), to = from; from != end; from = to) {
+        const MeasureStaff* crossing = MeasureStaffPar(MusicOf(*from).Symbol());
+        to = std::find_if(from, end, [crossing](const auto& each) {
+            return MeasureStaffPar(MusicOf(each).Symbol()) != crossing;
+        });
+        for (auto own = from; to - from > 1 && own != to; ++own) {
+            std::vector<const Chords*> beside;
+            for (auto other = from; other != to; ++other)
+                if (const auto* chord = As<Chords>(MusicOf(*other).Symbol()); chord && other != own)
+                    beside.push_back(chord);
+            MusicOf(*own).StandWith(std::move(beside));
+        }
+    }
+}
+
 }  // namespace
 
 float SpacingTable::WidthOf(double duration) const {
@@ -48,6 +70,7 @@ ListaEventi::ListaEventi(const Measure* measure, const SpacingRoom& room)
         for (const Voice* voice : measureStaffVoices.Of(crossing)) AddVoice(voice);
         if (_room.clefs) AddClefs(crossing);
     }
+    for (Event& event : events) StandTogether(event);
     for (size_t i = 0; i < events.size(); ++i)
         events[i].duration = (i + 1 < events.size() ? events[i + 1].time : measureLength) - events[i].time;
 }

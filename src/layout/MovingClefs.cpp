@@ -54,14 +54,30 @@ int32_t LeftOfTime(const MeasureStaff* crossing, const VoiceSymbol* first) {
     return left;
 }
 
+// What the clefs take that stand behind one before the same event.
+int32_t RoomOfClefsBehind(const MovingClaf* clef, const VoiceSymbol* behind, int32_t lineDistance) {
+    int32_t room = 0;
+    bool later = false;  // in the list, for clefs at one place
+    for (const StaffMeasureSymbol* symbol : staffSymbols.Of(MeasureStaffPar(clef))) {
+        const auto* other = As<MovingClaf>(symbol);
+        if (other == clef) later = true;
+        if (!other || other == clef || (behind && other->_place >= XOf(behind))) continue;
+        if (other->_place > clef->_place || (other->_place == clef->_place && later))
+            room +=
+                InkOf(other->_symbol, Point{}, lineDistance, kMovingClefPercent).Width() + lineDistance / 2;
+    }
+    return room;
+}
+
 // Left edge of a clef that is so wide.
 int32_t LeftEdge(const MovingClaf* clef, int32_t width, int32_t lineDistance) {
     const MeasureStaff* crossing = MeasureStaffPar(clef);
     const MeasureFrame frame = FrameOf(MeasurePar(crossing));
     const Neighbours around = Around(crossing, clef->_place);
-    const int32_t gap = lineDistance / 2, end = frame.left + frame.width - gap - width;
+    const int32_t others = RoomOfClefsBehind(clef, around.behind, lineDistance);
+    const int32_t gap = lineDistance / 2, end = frame.left + frame.width - gap - width - others;
     if (!around.behind) return std::min(frame.XOf(clef->_place), end);
-    const int32_t left = LeftOfTime(crossing, around.behind) - gap - width;
+    const int32_t left = LeftOfTime(crossing, around.behind) - gap - width - others;
     if (!around.before) return left;
     // Where there is no room it stands in the middle of what there is.
     const int32_t room = InkOf(around.before).right;

@@ -1,5 +1,6 @@
 // Clefs within a measure. Such a clef governs the events right of its place; it is drawn directly before the
-// first of them, wherever spacing puts that, and at its place where none follows.
+// first of them, wherever spacing puts that, and at its place where none follows. Of several between the same
+// events the last is the nearest to what they stand before.
 #pragma once
 
 #include <vector>

@@ -51,7 +51,8 @@ StemLine LineOf(const Column& column);
 void SetEnd(Stem* stem, int32_t y);
 // Ink of a stem: within the edge of the heads, shown or not.
 Rect StemInk(const Column& column);
-// Where a press is on a stem, though beside its thin line: 100 units to either side, strictly between its ends.
+// Where a press is on a stem, though beside its thin line: 100 units to either side, strictly between its
+// ends.
 Rect HitAreaOf(const Column& column);
 // Whether a stem is drawn at all: breves and whole notes have one that never is.
 bool HasStemInk(const Stem* stem);
@@ -71,6 +72,8 @@ struct LedgerLines {
 };
 LedgerLines LedgerLinesOf(const GenericNote* note);
 LedgerLines LedgerLinesOf(const GenericNote* note, const Column& column);
+// What it would need on another staff step.
+LedgerLines LedgerLinesOf(const GenericNote* note, const Column& column, int line);
 LedgerLines LedgerLinesOf(const Pause* pause);
 
 // The stroke through the stem of a grace note that has a flag and is told to have a slash; none else.

@@ -61,8 +61,12 @@ Rect LedgerLines::Ink() const {
 LedgerLines LedgerLinesOf(const GenericNote* note) { return LedgerLinesOf(note, Column(StemPar(note))); }
 
 LedgerLines LedgerLinesOf(const GenericNote* note, const Column& column) {
+    return LedgerLinesOf(note, column, note->_line);
+}
+
+LedgerLines LedgerLinesOf(const GenericNote* note, const Column& column, int line) {
     const StaffFrame staff = FrameOf(StaffPar(note));
-    LedgerLines ledgers = Outward(staff, note->_line);
+    LedgerLines ledgers = Outward(staff, line);
     if (ledgers.count == 0) return ledgers;
     const LedgerWidth& width = WidthFor(ValueOf(ChordPar(note)));
     const double half = Round(staff.lineDistance * 0.5) * (As<Grace>(note) ? kGraceScale : 1.0);
@@ -77,14 +81,15 @@ LedgerLines LedgerLinesOf(const GenericNote* note, const Column& column) {
 Point PlaceOf(const Pause* pause) {
     const StaffFrame staff = FrameOf(StaffPar(pause));
     const Voice* voice = VoicePar(pause);
-    const int32_t height =
-        MarkerOf(pause) && pause->_beamY != 0 ? pause->_beamY : pause->_y - VoiceLift(pause);
-    Point place{FrameOf(MeasurePar(pause)).XOf(pause->_x), staff.top + height * staff.lineDistance / 1000};
+    const auto y = [&staff](int32_t height) { return staff.top + height * staff.lineDistance / 1000; };
+    Point place{FrameOf(MeasurePar(pause)).XOf(pause->_x), y(pause->_y)};
     // A rest that fills the measure stands with its middle in the middle.
     const bool fills = pause->_x == kMiddleOfMeasure &&
                        (pause->_value == 1 || pause->_value == kDoubleWhole) && voice &&
                        voiceSymbols.First(voice) == voiceSymbols.Last(voice);
     if (fills) place.x -= SymbolWidth(pause->_symbol, staff.lineDistance, 100) / 2;
+    const bool beamed = MarkerOf(pause) && pause->_beamY != 0;
+    place.y = y(beamed ? pause->_beamY.Get() : pause->_y - VoiceLift(pause, place));
     return place;
 }
 

@@ -3,6 +3,7 @@
 
 #include "base/Rounding.h"
 #include "layout/AccidentalColumns.h"
+#include "layout/DotRows.h"
 #include "layout/NoteGeometry.h"
 #include "layout/SymbolInk.h"
 #include "layout/VoicesTogether.h"
@@ -14,11 +15,11 @@
 namespace corvane {
 namespace {
 
-// The preferred gaps count from what an accidental and a head usually measure, so that what is wider or
-// narrower keeps the same distance. Hundredths of a line distance.
-constexpr int32_t kUsualAccidental = 90, kUsualHalfHead = 57;
-constexpr int32_t kLeastAccidentalGap = 15, kLeastDotGap = 20;
-constexpr int32_t kDefaultAccidentalGap = 110, kDefaultDotGap = 100;
+// The preferred gap counts from what an accidental usually measures, so that what is wider or narrower keeps
+// the same distance. Hundredths of a line distance.
+constexpr int32_t kUsualAccidental = 90;
+constexpr int32_t kLeastAccidentalGap = 15;
+constexpr int32_t kDefaultAccidentalGap = 110;
 // From a dot to the next of its row, and from a ledger line to an accidental.
 constexpr int32_t kDotToDot = 65, kLedgerGap = 8;
 
@@ -26,46 +27,6 @@ int32_t AccidentalGap(const Document* document) {
     const auto* preferences = document ? Preferences<NotePref>(document) : nullptr;
     const int32_t gap = preferences ? preferences->_accidentalGap.Get() : kDefaultAccidentalGap;
     return std::max(kLeastAccidentalGap, gap - kUsualAccidental);
-}
-
-int32_t DotGap(const Document* document) {
-    const auto* preferences = document ? Preferences<NotePref>(document) : nullptr;
-    const int32_t gap = preferences ? preferences->_dotGap.Get() : kDefaultDotGap;
-    return std::max(kLeastDotGap, gap - kUsualHalfHead);
-}
-
-// How far up the dot of a head or rest stands from a step: a line has none.
-int32_t DotHeight(const StaffFrame& staff, int32_t line) {
-    const int32_t y = staff.YOfLine(line);
-    return line % 2 != 0 ? y - staff.lineDistance / 2 : y;
-}
-
-// Rows of dots of an event, each at the left edge of its first dot.
-std::vector<Point> RowsOf(const Chords* chord) {
-    std::vector<Point> rows;
-    const Stem* stem = StemOf(chord);
-    if (!stem) return rows;
-    const Column column(stem);
-    int32_t right = HeadsOf(column).right;
-    for (const Chords* beside : ChordsBeside(chord))
-        if (const Stem* other = StemOf(beside); other && VoiceShift(other))
-            right = std::max(right, HeadsOf(Column(other)).right);
-    for (const GenericNote* note : stemNotes.Of(stem)) {
-        if (ChordPar(note) != chord) continue;
-        const StaffFrame staff = FrameOf(StaffPar(note));
-        int32_t y = DotHeight(staff, note->_line);
-        if (!rows.empty() && y <= rows.back().y) y = rows.back().y + staff.lineDistance;
-        rows.push_back({right + DotGap(DocumentPar(note)) * staff.lineDistance / 100, y});
-    }
-    return rows;
-}
-
-std::vector<Point> RowsOf(const Pause* pause) {
-    const StaffFrame staff = FrameOf(StaffPar(pause));
-    const Point place = PlaceOf(pause);
-    const int32_t right = InkOf(pause->_symbol, place, staff.lineDistance, 100).right;
-    const int32_t gap = DotGap(DocumentPar(pause)) * staff.lineDistance / 100;
-    return {{right + gap, place.y - staff.lineDistance / 2}};
 }
 
 // The place of a Dot among those of its event, and how many there are.

@@ -32,18 +32,6 @@ std::vector<GenericNote*> NotesByX(const MeasureStaff* crossing) {
     return notes;
 }
 
-// Shows a note's alteration or does not; a sign that is so already stays as it stands.
-void ShowAccidental(GenericNote* note, bool shown) {
-    const Accident* old = AccidentOf(note);
-    if (old) {
-        const std::string_view name = SymbolName(old->_symbol);
-        if (name.ends_with('(')) return;
-        if (shown && name == AccidentName(note->_alteration, As<Grace>(note), false)) return;
-        RemoveAccidents(note);
-    }
-    if (shown) AttachAccident(note, note->_alteration);
-}
-
 // What is in force while a crossing is read from left to right.
 class AccidentalReading {
 public:
@@ -88,6 +76,17 @@ void RefitBeamsUnderStems(const Voice* voice) {
 }
 
 }  // namespace
+
+void ShowAccidental(GenericNote* note, bool shown) {
+    const Accident* old = AccidentOf(note);
+    const bool bracketed = old && SymbolName(old->_symbol).ends_with('(');
+    if (!old && !shown) return;
+    if (old && (shown || bracketed) &&
+        SymbolName(old->_symbol) == AccidentName(note->_alteration, As<Grace>(note), bracketed))
+        return;
+    RemoveAccidents(note);
+    if (shown || bracketed) AttachAccident(note, note->_alteration, bracketed);
+}
 
 void RedoAccidentals(MeasureStaff* crossing) {
     const std::vector<GenericNote*> notes = NotesByX(crossing);

@@ -8,6 +8,10 @@
 
 namespace corvane {
 
+// Shows a note's alteration or does not. A sign that is right stays as it stands; one in brackets is there
+// because somebody asked for it, so it is only made to tell the truth.
+void ShowAccidental(GenericNote* note, bool shown);
+
 // Shows in a crossing the accidentals that its notes need by key, clefs and the notes before them, and no
 // others. Signs in brackets stay, and signs that are right already.
 void RedoAccidentals(MeasureStaff* crossing);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <set>
 #include <vector>
 
 #include "base/Rounding.h"
@@ -106,6 +107,21 @@ bool SetRight(const MeasureStaff* crossing) {
     return any;
 }
 
+bool SetRight(const Measure* measure) {
+    bool any = false;
+    for (const MeasureStaff* crossing : measureStaffs.Of(measure)) any |= SetRight(crossing);
+    return any;
+}
+
+int SharedColumns(const Measure* measure) {
+    std::set<const ChordSymbol*> columns;
+    for (const MeasureStaff* crossing : measureStaffs.Of(measure))
+        for (const Voice* voice : measureStaffVoices.Of(crossing))
+            for (const VoiceSymbol* symbol : voiceSymbols.Of(voice))
+                if (IsShared(symbol)) columns.insert(ChordSymbolPar(As<Chords>(symbol)));
+    return static_cast<int>(columns.size());
+}
+
 }  // namespace
 
 bool HasSharedColumn(const Voice* voice) {
@@ -116,12 +132,11 @@ bool HasSharedColumn(const Voice* voice) {
 
 void FollowSharedColumns(const Measure* measure) {
     const HeadersAtRest headers;
-    // Moving a shared column on may bring another voice out of order; it only ever moves on.
-    constexpr int kMostPasses = 8;
-    bool any = true;
-    for (int pass = 0; any && pass < kMostPasses; ++pass) {
-        any = false;
-        for (const MeasureStaff* crossing : measureStaffs.Of(measure)) any |= SetRight(crossing);
+    // Moving a shared column on may bring another voice out of order. It only ever moves on, to where one
+    // stands that a voice has before it; so each ends where the rightmost one stands from which voices lead
+    // to it, past no column twice. A pass takes a place one column further at least, and one more spreads
+    // what stands between. A file whose durations make no sense may ask for more and does not get it.
+    for (int left = SharedColumns(measure) + 1; left > 0 && SetRight(measure); --left) {
     }
 }
 

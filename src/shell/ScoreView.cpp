@@ -8,11 +8,13 @@
 #include <iterator>
 
 #include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/SessionChoices.h"
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
 #include "layout/Frames.h"
+#include "shell/HandleOverlay.h"
 #include "shell/TextEditor.h"
 #include "shell/ToolCursors.h"
 #include "shell/ViewKeys.h"
@@ -256,6 +258,7 @@ void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
     if (_margins && _window.CurrentPage()) PaintMargins(paint, *_window.CurrentPage());
     PaintSelection(paint, _window);
     PaintDragged(paint, _window);
+    PaintHandles(paint, _window);
     PaintCaret(paint, _window.caret, _window.CurrentPage());
     if (_hover) PaintGhost(paint, _window, *_hover);
     if (_hover && _movedByKeys && !HasGhost() && Tools().toolMode != ModeArrow) PaintPen(paint, *_hover);
@@ -264,6 +267,7 @@ void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
 
 void ScoreView::paintEvent(QPaintEvent* event) {
     FitScale();
+    _window.Handles().SetReach(HandleReach(_scale));
     QPainter painter(viewport());
     painter.scale(1 / _scale.Ratio(), 1 / _scale.Ratio());  // a painter's unit is a pixel from here on
     const Point corner = PageCorner();

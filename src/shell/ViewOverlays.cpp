@@ -30,6 +30,11 @@ const PaletteItem* ItemAtHand() {
     return item && !item->stroke ? item : nullptr;
 }
 
+Colour PortColour(const QColor& colour) {
+    return MakeColour(static_cast<uint8_t>(colour.red()), static_cast<uint8_t>(colour.green()),
+                      static_cast<uint8_t>(colour.blue()));
+}
+
 // Where the item would go.
 struct GhostPlace {
     StaffFrame staff;
@@ -147,6 +152,7 @@ void PaintDragged(const OverlayPaint& paint, const WindowTarn& window) {
         QtPort port(paint.painter, paint.scale.Dpi());
         port.SetZoomRatio(paint.scale.Zoom());
         port.SetDeviceOffset(paint.corner.x, paint.corner.y);
+        port.SetColor(PortColour(paint.accent));  // of outlines
         window.interaction->Draw(port, ContextFor(false));
     }
     paint.painter.restore();
@@ -164,9 +170,7 @@ void PaintGhost(const OverlayPaint& paint, WindowTarn& window, Point p) {
         QtPort port(paint.painter, paint.scale.Dpi());
         port.SetZoomRatio(paint.scale.Zoom());
         port.SetDeviceOffset(paint.corner.x, paint.corner.y);
-        port.SetColor(MakeColour(static_cast<uint8_t>(paint.accent.red()),
-                                 static_cast<uint8_t>(paint.accent.green()),
-                                 static_cast<uint8_t>(paint.accent.blue())));
+        port.SetColor(PortColour(paint.accent));
         if (picture.onHead) DrawLedgerLines(port, place);
         const int line = picture.hasLine ? place.line : place.staff.lineCount;
         const int32_t half = InkOf(picture).Width() * place.staff.lineDistance / 200;

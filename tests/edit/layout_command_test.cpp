@@ -90,6 +90,17 @@ TEST_F(LayoutCommands, SpacingReachesItsRangeAndNoFurther) {
     EXPECT_EQ(Xs(3, 1), even);
 }
 
+TEST_F(LayoutCommands, WhatMakesRoomIsTheScoresChoice) {
+    OpenPages(1);
+    for (const char* name : {"dots", "clefs", "accidentals", "lyrics"}) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(ValuesAtHand(*window, kSpacing).at(name), "1");
+        RunAndBack(kSpacing, {{name, "0"}});
+        EXPECT_EQ(ValuesAtHand(*window, kSpacing).at(name), "0") << "what the dialog offers next";
+        ASSERT_TRUE(Run(kSpacing, {{name, "1"}}));
+    }
+}
+
 TEST_F(LayoutCommands, GraceNotesKeepTheirPlacesAmongTheEvents) {
     constexpr int kThirtySecond = 13;
     const auto grace = [&](int perMille) {

@@ -6,6 +6,7 @@
 #include "base/Notify.h"
 #include "edit/Clipboard.h"
 #include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/KeyWalk.h"
 #include "edit/PaletteTable.h"
 #include "edit/SessionChoices.h"
@@ -254,6 +255,27 @@ protected:
         for (const auto& [name, value] : arguments) did += " " + name + "=" + value;
         if (RunCommand(*window, command.id, arguments)) acted.insert(command.name);
     }
+    // Of a kind that is shown or turned on, mostly alone; sometimes something comes between.
+    void DragAHandle() {
+        static const std::vector<int> kKinds = {33045, 33046, 33047, 33048, 33049, 33055};
+        did = "handle";
+        SetToolMode(ModeArrow);
+        ControlPoints& handles = window->Handles();
+        if (!handles.IsAnyOn() || dice.OneIn(3)) RunOnSelection(*FindCommand(dice.AnyOf(kKinds)));
+        if (handles.All().empty()) return;
+        if (dice.OneIn(4)) handles.SelectIn(AnyRect());
+        const Handle handle = dice.AnyOf(handles.All());
+        did = "handle of kind " + std::to_string(static_cast<int>(handle.kind));
+        const Point by{Pick(-700, 700), Pick(-700, 700)}, to = handle.place + by;
+        MouseDown(*window, handle.place.x, handle.place.y, 0);
+        MouseMove(*window, to.x, to.y);
+        if (window->interaction && dice.OneIn(3)) {
+            MemoryPort port;
+            window->interaction->Draw(port, {});
+        }
+        if (dice.OneIn(10)) window->Undo();
+        MouseUp(*window, to.x, to.y);
+    }
     void UseTheClipboard() {
         static const std::vector<int> kClipboard = {57635, 57634, 57637, 57637, 57637, 32774};
         Run(*FindCommand(dice.AnyOf(kClipboard)));
@@ -288,6 +310,8 @@ protected:
                 return MoveThePen();
             case 9:
                 return EnterPhrase();
+            case 10:
+                return DragAHandle();
             default:
                 return PressAnywhere();
         }

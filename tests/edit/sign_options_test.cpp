@@ -1,4 +1,5 @@
 // Accidentals that selected notes show as a reminder, and articulations for many notes at once.
+#include "edit/Deletion.h"
 #include "layout/NoteSigns.h"
 #include "notes_fixture.h"
 
@@ -41,6 +42,19 @@ TEST_F(SignOptionsTest, RemindersStandWhereAReaderHasAnotherSignInMind) {
     Step([&] { Do(kAccidentals, {{"from", "1"}, {"to", "2"}}); });
     EXPECT_EQ(Accidentals(1, 1) + " " + Accidentals(2, 1), "b- ----");
     EXPECT_EQ(Notes(), notes) << "brackets change no sound";
+}
+
+TEST_F(SignOptionsTest, AReminderOutlivesTheNoteBefore) {
+    Fill(1, 1, kQuarter, 2, 3);
+    Do(kAccidentals, In(1, {{"show", "always"}}));
+    EXPECT_EQ(Accidentals(1, 1), "A(A(");
+    Press(Head(1, 1, 1), kFlat);
+    EXPECT_EQ(Accidentals(1, 1), "bA(");
+    Step([&] {
+        const EditStep step(*window);
+        DeleteNote(*window, Head(1, 1, 1), {});
+    });
+    EXPECT_EQ(Accidentals(1, 1), "A(");
 }
 
 TEST_F(SignOptionsTest, AnotherOctaveIsRemindedOfInItsMeasure) {

@@ -1,9 +1,10 @@
 // Whatever is done once, undo gives back every byte, counter and block, and redo brings all of it again: each
-// command of the table, each item of the palettes, the eraser at each object, on a score with some of
-// everything.
+// command of the table, each item of the palettes, the eraser at each object, each handle, on a score with
+// some of everything.
 #include "base/Notify.h"
 #include "edit/Clipboard.h"
 #include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/PaletteTable.h"
 #include "edit/TextEntry.h"
 #include "edit/Texts.h"
@@ -221,6 +222,25 @@ TEST_F(UndoEvery, CommandOnWhatAPressHasPicked) {
             if (HasFailure()) return;
         }
     EXPECT_GE(edits, 60);
+}
+
+TEST_F(UndoEvery, HandleThatIsDragged) {
+    for (const int kind : {33045, 33046, 33047, 33048, 33049, 33055}) {
+        ASSERT_TRUE(RunCommand(*window, kind));
+        const std::vector<Handle> handles = window->Handles().All();
+        EXPECT_FALSE(handles.empty()) << kind;
+        for (const Handle& handle : handles) {
+            const Point from = handle.place, to = from + Point{110, -90};
+            Try(std::to_string(kind) + " at " + std::to_string(from.x) + " " + std::to_string(from.y), [&] {
+                MouseDown(*window, from.x, from.y, 0);
+                MouseMove(*window, to.x, to.y);
+                MouseUp(*window, to.x, to.y);
+            });
+            if (HasFailure()) return;
+        }
+        ASSERT_TRUE(RunCommand(*window, 33041));
+    }
+    EXPECT_GE(edits, 25);
 }
 
 }  // namespace

@@ -129,6 +129,24 @@ TEST_F(AccidentalTest, TheNextNoteIsHandedOverAndSignsGoWithTheirSymbols) {
     EXPECT_EQ(NoteBefore(first), nullptr);
 }
 
+TEST_F(AccidentalTest, SignsInBracketsAndThoseThatAHandHasMovedStay) {
+    GenericNote *first = Enter({0, 2, Sharp}), *second = Enter({100, 2, None}), *third = Enter({200, 2, None});
+    AttachAccident(third, None, true);
+    AccidentOf(second)->_dx = 300;
+    const auto alter = [&](GenericNote* note, Alteration alteration) {
+        note->_alteration = alteration;
+        UpdateAccidentals(note, [](GenericNote*) {});
+        return Shown({first, second, third});
+    };
+    EXPECT_EQ(alter(first, Flat), "bAA(");
+    EXPECT_EQ(AccidentOf(second)->_dx, 300) << "it said so before";
+    EXPECT_EQ(alter(second, Flat), "b.A(");
+    EXPECT_EQ(alter(second, None), "bAA(");
+    EXPECT_EQ(alter(third, Sharp), "bAd(") << "it tells what the note is now";
+    EXPECT_EQ(UsesOf("#A("), 0);
+    EXPECT_EQ(Faults(), "");
+}
+
 TEST_F(AccidentalTest, NamesTellGraceNotesAndBrackets) {
     EXPECT_EQ(AccidentName(DoubleFlat, false, false), "#B");
     EXPECT_EQ(AccidentName(NaturalDown, true, false), "#GS");

@@ -260,5 +260,36 @@ TEST_F(EngraverSpacing, NothingIsWrittenWhereNothingChanges) {
     EXPECT_EQ(Faults(), "");
 }
 
+TEST_F(EngraverSpacing, WhatVoicesOfOneStaffMakeRoomForCounts) {
+    SpacingTable narrow;
+    narrow.widths.fill(0.0F);
+    const auto layOut = [&](int16_t lower, bool dotted, bool sharps, int32_t apart) {
+        Open("S");
+        Voice* second = MakeVoice(MeasureStaffPar(VoiceOn(0)), 2);
+        ChordSymbol *above = AddChord(VoiceOn(0), {4, {5}, 0}),
+                    *below = AddChord(second, {4, {lower}, apart, StemDirection::Down});
+        if (dotted) AddDot(ChordOf(above), 1);
+        for (ChordSymbol* column : {above, below})
+            if (sharps) AddAccident(HeadOf(column), "#d");
+        ListaEventi list(measure, {});
+        list.LayOut(narrow);
+        return std::pair(list.events[0].rightExtent - list.events[0].leftExtent, list.events[0].leftExtent);
+    };
+    const auto units = [](int32_t u) { return u * 1000 / 1890; };
+    for (const int32_t apart : {0, 80}) {
+        SCOPED_TRACE(apart ? "they come from different places" : "they stand together");
+        const auto [alone, none] = layOut(1, false, false, apart);
+        const auto [second, left] = layOut(4, false, false, apart);
+        EXPECT_NEAR(second - alone, units(118), 2) << "a column a head further right";
+        const auto dots = layOut(4, true, false, apart).first - layOut(1, true, false, apart).first;
+        EXPECT_NEAR(dots, units(118), 2) << "the dots of the other stand behind it";
+        const auto columns = layOut(4, false, true, apart).second,
+                   one = layOut(-1, false, true, apart).second;
+        EXPECT_NEAR(columns - one, units(200), 2) << "100 and a sharp's width: a second column";
+        EXPECT_EQ(none, 0);
+        EXPECT_EQ(left, 0);
+    }
+}
+
 }  // namespace
 }  // namespace corvane::draw

@@ -73,6 +73,21 @@ TEST_F(SignDrawTest, AClefStaysBetweenItsNotesWhenTheyMove) {
     EXPECT_EQ(clef->_place, 299);
 }
 
+TEST_F(SignDrawTest, ClefsBeforeOneEventStandSideBySide) {
+    New("S");
+    AddChord(VoiceAt(1), {4, {3}, 0});
+    ChordSymbol* behind = AddChord(VoiceAt(1), {4, {3}, 900});
+    MovingClaf* second = AddMovingClaf(CrossingAt(1), 8, 500);
+    MovingClaf* first = AddMovingClaf(CrossingAt(1), 2, 400);
+    const auto ink = [](MovingClaf* clef) { return PatchOf(clef).Bounds(); };
+    EXPECT_EQ(RectOf(behind).left - ink(second).right, 50);
+    EXPECT_EQ(ink(second).left - ink(first).right, 50);
+    StemOf(behind)->_x = 300;  // now nothing stands behind them, and at the barline there is room for one
+    first->_place = 980;
+    second->_place = 990;
+    EXPECT_EQ(ink(second).left - ink(first).right, 50);
+}
+
 TEST_F(SignDrawTest, ClefsOfAMeasureStandInTheirOrder) {
     New("S");
     MovingClaf* late = AddMovingClaf(CrossingAt(0), 2, 700);

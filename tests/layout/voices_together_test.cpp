@@ -57,6 +57,71 @@ TEST_F(VoicesTogether, HeadsThatWouldTouchStandSideBySide) {
     EXPECT_EQ(VoiceShift(StemOf(own)), 0) << "four per mille later they do not sound together";
 }
 
+TEST_F(VoicesTogether, VoicesThatPointTheSameWayPart) {
+    const struct {
+        const char* why;
+        uint8_t value;  // of the inner one; the outer one is a quarter
+        std::vector<int16_t> outer, inner;
+        int heads;  // the inner one stands so many heads, with a tenth of a space for each, further right
+    } cases[] = {
+        {"a third apart their stems are one, as of a chord", 4, {7}, {5}, 0},
+        {"a second", 4, {6}, {5}, 1},
+        {"a second the other way round", 4, {5}, {6}, 1},
+        {"a unison of one value", 4, {5}, {5}, 0},
+        {"an eighth would lend its flag to the quarter", 8, {5}, {5}, 1},
+        {"crossing in one value: a chord", 4, {7, 3}, {5}, 0},
+        {"crossing in two", 8, {7, 3}, {5}, 1},
+        {"nor may its stem end in the quarter's", 8, {9}, {3}, 1},
+        {"far apart", 8, {12}, {3}, 0},
+    };
+    for (const auto direction : {Up, Down})
+        for (const auto& c : cases) {
+            SCOPED_TRACE(c.why);
+            Clear();
+            Voice* third = MakeVoice(MeasureStaffPar(upper), direction == Up ? 3 : 4);
+            ChordSymbol* inner = AddChord(third, {c.value, c.inner, 300, direction});
+            ChordSymbol* outer = AddChord(direction == Up ? upper : lower, {4, c.outer, 300, direction});
+            EXPECT_EQ(VoiceShift(StemOf(inner)), c.heads * (HeadWidth(StemOf(outer)) + 10));
+            EXPECT_EQ(VoiceShift(StemOf(outer)), 0);
+        }
+    Clear();
+    Voice* third = MakeVoice(MeasureStaffPar(upper), 3);
+    ChordSymbol *first = AddChord(upper, {4, {6}, 300, Up}), *inner = AddChord(third, {4, {5}, 300, Up}),
+                *second = AddChord(lower, {4, {5}, 300, Down});
+    const int32_t head = HeadWidth(StemOf(first));
+    EXPECT_EQ(VoiceShift(StemOf(inner)), head + 10);
+    EXPECT_EQ(VoiceShift(StemOf(second)), head + 10) << "a second with the first, a unison with the third";
+    ChordSymbol* fourth = AddChord(MakeVoice(MeasureStaffPar(upper), 4), {8, {7}, 300, Down});
+    EXPECT_EQ(VoiceShift(StemOf(fourth)), 2 * head + 20) << "in nobody's place";
+}
+
+TEST_F(VoicesTogether, EachRowOfDotsHasASpaceOfItsOwn) {
+    const struct {
+        const char* why;
+        std::vector<int16_t> above, below;
+        std::vector<int> spaces;  // those of the upper one first, from the highest
+    } cases[] = {
+        {"apart", {7}, {3}, {8, 4}},
+        {"a line below its space: the lower one's go down", {6}, {5}, {6, 4}},
+        {"a line above its space", {5}, {4}, {6, 4}},
+        {"a shared head has one row", {5}, {5}, {6, 6}},
+        {"chords: what is taken is passed", {8, 6}, {5, 4}, {8, 6, 4, 2}},
+        {"crossing: the higher head's go up", {3}, {4}, {4, 6}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.why);
+        Clear();
+        std::vector<int> spaces;
+        for (const auto& [voice, lines, direction] :
+             {std::tuple(upper, c.above, Up), std::tuple(lower, c.below, Down)})
+            AddDot(ChordOf(AddChord(voice, {4, lines, 300, direction})), 1);
+        for (const Voice* voice : {upper, lower})
+            for (const Point place : PlacesOf(DotOf(voiceSymbols.First(voice))))
+                spaces.push_back((bottom - place.y) / 50 + 1);
+        EXPECT_EQ(spaces, c.spaces);
+    }
+}
+
 TEST_F(VoicesTogether, RestsThatNobodyMovedMakeWay) {
     const auto up = [&](const Pause* rest) { return bottom - PlaceOf(rest).y; };
     const Pause *first = AddRest(upper, 4, 0), *moved = AddRest(upper, 4, 200, 2500);
@@ -65,6 +130,38 @@ TEST_F(VoicesTogether, RestsThatNobodyMovedMakeWay) {
     EXPECT_EQ(up(first), 400) << "two spaces above it";
     EXPECT_EQ(up(second), 0) << "two spaces below";
     EXPECT_EQ(up(moved), 150) << "where a hand has put it";
+}
+
+TEST_F(VoicesTogether, RestsAtOnePlaceStandClearOfEachOtherAndOfHeads) {
+    const auto spaces = [&](const Pause* rest) { return (bottom - 200 - PlaceOf(rest).y) / 100; };
+    Voice *third = MakeVoice(MeasureStaffPar(upper), 3), *fourth = MakeVoice(MeasureStaffPar(upper), 4);
+    const Pause *first = AddRest(upper, 4, 0), *inner = AddRest(third, 8, 10),
+                *later = AddRest(third, 4, 300);
+    EXPECT_EQ(spaces(inner), 2);
+    EXPECT_EQ(spaces(first), 5) << "over the other, by the least of whole spaces";
+    EXPECT_LT(RectOf(first).bottom, RectOf(inner).top);
+    EXPECT_EQ(spaces(later), 2) << "nobody rests there";
+    const Pause* second = AddRest(lower, 2, 500);
+    AddRest(fourth, 2, 500)->_hidden = uint8_t{1};
+    EXPECT_EQ(spaces(second), -2) << "a hidden one is in nobody's way";
+    AddRest(fourth, 2, 500);
+    EXPECT_EQ(spaces(second), -3) << "a half rest is less than a space high";
+    for (int16_t above = 5; above < 15; ++above)
+        for (int16_t below = -4; below + 2 < above; ++below) {
+            SCOPED_TRACE(std::to_string(above) + " " + std::to_string(below));
+            Clear();
+            third = MakeVoice(MeasureStaffPar(upper), 3), fourth = MakeVoice(MeasureStaffPar(upper), 4);
+            const GenericNote *one = HeadOf(AddChord(upper, {4, {above}, 300, Up})),
+                              *two = HeadOf(AddChord(lower, {4, {below}, 300, Down}));
+            const Pause *high = AddRest(third, 4, 300), *low = AddRest(fourth, 4, 300);
+            const int wanted = above == 12 && below < 3 ? 1 : spaces(high);
+            EXPECT_EQ(spaces(high), wanted) << "inward: there is room";
+            const Rect inks[] = {RectOf(one), RectOf(two), RectOf(high), RectOf(low)};
+            for (int i = 0; i < 4; ++i)
+                for (int j = std::max(2, i + 1); j < 4; ++j)
+                    EXPECT_TRUE(inks[i].bottom < inks[j].top || inks[j].bottom < inks[i].top) << i << j;
+            EXPECT_GT(inks[1].top, inks[2].bottom) << "above the lower head";
+        }
 }
 
 TEST_F(VoicesTogether, AccidentalsOfBothStandInOneSetOfColumnsAndDotsBehindBoth) {

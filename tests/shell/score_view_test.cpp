@@ -4,6 +4,8 @@
 #include <QWheelEvent>
 
 #include "ViewFixture.h"
+#include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/Selection.h"
 #include "layout/NoteGeometry.h"
 #include "model/Par.h"
@@ -168,6 +170,39 @@ TEST_F(View, MarginsAreShownWhileTheyAreAskedFor) {
     EXPECT_NE(view.grab().toImage(), without);
     view.ShowMargins(false);
     EXPECT_EQ(view.grab().toImage(), without);
+}
+
+TEST_F(View, HandlesAreSeenAndPressedAtEveryZoom) {
+    constexpr int kBarlines = 33048, kHide = 33041;
+    SetToolMode(ModeArrow);
+    for (const int zoom : {25, 105, 400}) {
+        SCOPED_TRACE(zoom);
+        view.SetZoom(Zoom::Percent, zoom);
+        ASSERT_TRUE(RunCommand(*window, kBarlines));
+        const Handle handle = window->Handles().All()[1];
+        ASSERT_TRUE(RunCommand(*window, kHide));
+        view.ScrollTo(
+            {handle.place.x - 500, handle.place.y - 500, handle.place.x + 500, handle.place.y + 500});
+        const auto grab = [this] { return view.viewport()->grab().toImage(); };
+        const QImage without = grab();
+        ASSERT_TRUE(RunCommand(*window, kBarlines));
+        const QImage with = grab();
+        const QPoint middle = On(handle.place).toPoint();
+        int changed = 0;
+        for (int dy = -15; dy <= 15; ++dy) {
+            const QPoint at = middle + QPoint(-1, dy);
+            changed += with.pixel(at) != without.pixel(at);
+        }
+        EXPECT_GE(changed, 2) << "at least its edges";
+        EXPECT_LE(changed, 13);
+        Send(QEvent::MouseButtonPress, QPointF(middle + QPoint(3, -3)));
+        Send(QEvent::MouseButtonRelease, QPointF(middle + QPoint(3, -3)));
+        EXPECT_TRUE(window->Handles().IsSelected(handle));
+        EXPECT_NE(grab().pixel(middle), with.pixel(middle)) << "a selected one is filled";
+        ASSERT_TRUE(RunCommand(*window, kHide));
+        window->caret.visible = false;
+        EXPECT_EQ(grab(), without);
+    }
 }
 
 TEST_F(View, ScrollToBringsAPlaceIntoSight) {
