@@ -213,12 +213,25 @@ protected:
     void SelectAnything() {
         if (Pick(0, 3)) window->TheSelection().Clear();
         window->TheSelection().Add(AnyRect());
+        if (dice.OneIn(3)) PickAnything();
         if (dice.OneIn(150)) window->TheSelection().SelectAll();
         const int staff = Pick(1, Extent().staves);
         Measure* measure = AnyMeasure();
         if (PagePar(measure) == window->CurrentPage())
             window->caret = {measure, StaffNumber(staff), At(measure->_number, staff, Pick(-50, 1050), 5).x,
                              true};
+    }
+    // One thing or more, alone or beside a region.
+    void PickAnything() {
+        if (Pick(0, 2)) window->TheSelection().Clear();
+        const int32_t tool = Tools().toolMode;
+        SetToolMode(ModeArrow);
+        for (int times = Pick(1, 3); times > 0; --times) {
+            const Point p = PlaceOnSymbol(Pick(0, 1));
+            MouseDown(*window, p.x, p.y, kShift);
+            MouseUp(*window, p.x, p.y);
+        }
+        SetToolMode(tool);
     }
     // The scores stay small.
     static bool HasRoomFor(int command, const ScoreExtent& extent) {
