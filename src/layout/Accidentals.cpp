@@ -38,10 +38,10 @@ void ForEachOnLine(const GenericNote* note, Visit visit) {
 
 // A note shows its accidental where it differs from the one before on its line, or else from the key.
 void RenewAccident(GenericNote* note, const GenericNote* before) {
-    while (before && IsTiedOver(before)) before = NoteBefore(before);
+    while (before && IsHeldOver(before)) before = NoteBefore(before);
     const Alteration inForce =
         before && NoClafBetween(before, note) ? before->_alteration.Get() : KeyAlterationAt(note);
-    ShowAccidental(note, !IsTiedOver(note) && note->_alteration != inForce);
+    ShowAccidental(note, !IsHeldOver(note) && note->_alteration != inForce);
 }
 
 }  // namespace
@@ -102,10 +102,12 @@ GenericNote* NoteBehind(const GenericNote* note) {
 void UpdateAccidentals(GenericNote* note, const std::function<void(GenericNote*)>& changed) {
     if (!AccidentalsLast(DocumentPar(note))) return RenewAccident(note, nullptr);
     RenewAccident(note, NoteBefore(note));
-    GenericNote* behind = NoteBehind(note);
-    if (!behind) return;
-    RenewAccident(behind, note);
-    changed(behind);
+    // One that a tie holds says nothing, so what is in force goes past it.
+    for (GenericNote* behind = NoteBehind(note); behind; behind = NoteBehind(behind)) {
+        RenewAccident(behind, note);
+        changed(behind);
+        if (!IsHeldOver(behind)) return;
+    }
 }
 
 }  // namespace corvane
