@@ -36,12 +36,14 @@ void ForEachOnLine(const GenericNote* note, Visit visit) {
                     if (other != note && other->_line == note->_line) visit(other);
 }
 
+Alteration InForce(const GenericNote* note, const GenericNote* before) {
+    while (before && IsHeldOver(before)) before = NoteBefore(before);
+    return before && NoClafBetween(before, note) ? before->_alteration.Get() : KeyAlterationAt(note);
+}
+
 // A note shows its accidental where it differs from the one before on its line, or else from the key.
 void RenewAccident(GenericNote* note, const GenericNote* before) {
-    while (before && IsHeldOver(before)) before = NoteBefore(before);
-    const Alteration inForce =
-        before && NoClafBetween(before, note) ? before->_alteration.Get() : KeyAlterationAt(note);
-    ShowAccidental(note, !IsHeldOver(note) && note->_alteration != inForce);
+    ShowAccidental(note, !IsHeldOver(note) && note->_alteration != InForce(note, before));
 }
 
 }  // namespace
@@ -55,6 +57,10 @@ Alteration KeyAlterationAt(const GenericNote* note) {
     const MeasureStaff* measureStaff = MeasureStaffPar(note);
     const int clef = ClefInForce(measureStaff, XOfNote(note));
     return AlterationOfKey(KeyInForce(measureStaff), DiatonicStep(clef, note->_line));
+}
+
+Alteration AlterationInForce(const GenericNote* note) {
+    return InForce(note, AccidentalsLast(DocumentPar(note)) ? NoteBefore(note) : nullptr);
 }
 
 std::string AccidentName(Alteration alteration, bool grace, bool bracketed) {
