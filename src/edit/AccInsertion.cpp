@@ -109,7 +109,7 @@ void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
 void DropAccidental(WindowTarn& window, GenericNote* note) {
     const MeasureRedraw redraw(window, MeasureStaffPar(note));
     RemoveAccidents(note);
-    if (IsTiedOver(note)) return;
+    if (IsHeldOver(note)) return;
     note->_alteration = AlterationInForce(note);
     UpdateAccidentals(note, UpdateNoteHeight);
     UpdateNoteHeight(note);

@@ -37,13 +37,13 @@ void ForEachOnLine(const GenericNote* note, Visit visit) {
 }
 
 Alteration InForce(const GenericNote* note, const GenericNote* before) {
-    while (before && IsTiedOver(before)) before = NoteBefore(before);
+    while (before && IsHeldOver(before)) before = NoteBefore(before);
     return before && NoClafBetween(before, note) ? before->_alteration.Get() : KeyAlterationAt(note);
 }
 
 // A note shows its accidental where it differs from the one before on its line, or else from the key.
 void RenewAccident(GenericNote* note, const GenericNote* before) {
-    ShowAccidental(note, !IsTiedOver(note) && note->_alteration != InForce(note, before));
+    ShowAccidental(note, !IsHeldOver(note) && note->_alteration != InForce(note, before));
 }
 
 }  // namespace
@@ -108,10 +108,12 @@ GenericNote* NoteBehind(const GenericNote* note) {
 void UpdateAccidentals(GenericNote* note, const std::function<void(GenericNote*)>& changed) {
     if (!AccidentalsLast(DocumentPar(note))) return RenewAccident(note, nullptr);
     RenewAccident(note, NoteBefore(note));
-    GenericNote* behind = NoteBehind(note);
-    if (!behind) return;
-    RenewAccident(behind, note);
-    changed(behind);
+    // One that a tie holds says nothing, so what is in force goes past it.
+    for (GenericNote* behind = NoteBehind(note); behind; behind = NoteBehind(behind)) {
+        RenewAccident(behind, note);
+        changed(behind);
+        if (!IsHeldOver(behind)) return;
+    }
 }
 
 }  // namespace corvane
