@@ -88,8 +88,8 @@ void Pasting::PartBeam(Voice* voice, VoiceSymbol* before) {
 
 VoiceSymbol* Pasting::Insert(const ClipVoiceSymbol& clip, Voice* voice, const Target& target) {
     PartBeam(voice, target.last);
-    VoiceSymbol* clone = _clones.CloneEvent(clip.object, voice, target.last,
-                                            std::clamp(XOf(clip.object) + target.dx, 0, 1000));
+    VoiceSymbol* clone =
+        _clones.CloneEvent(clip, voice, target.last, std::clamp(XOf(clip.object) + target.dx, 0, 1000));
     if (auto* grace = As<GraceChord>(clone))
         MakeGraceEvents(grace);
     else

@@ -6,6 +6,7 @@
 #include "edit/MeasureRedraw.h"
 #include "edit/SessionChoices.h"
 #include "graphics/GraphicPort.h"
+#include "layout/BeamMoves.h"
 #include "layout/Beaming.h"
 #include "layout/Engraving.h"
 #include "layout/HiddenInk.h"
@@ -44,19 +45,15 @@ int32_t EndTowards(const Stem* stem, int32_t y) {
     return IsUp(stem->_direction) ? std::min(y, std::max(end, limit)) : std::max(y, std::min(end, limit));
 }
 
-// Of a beam the word of one stem holds.
+// Under a beam all of it goes along.
 void TellLength(Stem* stem, int32_t y) {
-    Beam* beam = BeamOf(stem);
-    const auto refit = [&] { beam ? RefitBeam(beam) : SetDefaultStemLength(stem); };
+    const int32_t by = y - LineOf(stem).told;
+    if (Beam* beam = BeamOf(stem)) return TellBeam(beam, {by, by});
     Say(stem, kSaidLength, false);
-    if (beam)
-        for (const BeamMarker* marker : beamMarkers.Of(beam))
-            if (auto* each = As<Stem>(beamSymbolAttributes.ParentOf(marker))) Say(each, kSaidLength, false);
-    refit();
+    SetDefaultStemLength(stem);
     if (std::abs(LineOf(stem).told - y) <= kSnap) return;
     SetEnd(stem, y);
     Say(stem, kSaidLength, true);
-    refit();
 }
 
 // The stem with what moves along with its end: its beam or its flags.

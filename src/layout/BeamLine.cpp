@@ -89,11 +89,18 @@ bool PointsUp(const Beam* beam, const Heads& heads) {
     return pointed ? IsUp(pointed->_direction) : PointsUpByRule(heads);
 }
 
-// The first stem whose length a person has told; null for none.
-const Stem* ToldUnder(const Beam* beam) {
-    const Stem* told = nullptr;
+// The first and the last stem whose length a person has told; null for none.
+struct Told {
+    const Stem *first = nullptr, *last = nullptr;
+
+    bool Turns() const { return first != last && AngledBeams(); }
+};
+Told ToldUnder(const Beam* beam) {
+    Told told;
     ForEachStem(beam, [&](const Stem* stem, const BeamMarker*) {
-        if (!told && IsLengthTold(stem)) told = stem;
+        if (!IsLengthTold(stem)) return;
+        if (!told.first) told.first = stem;
+        told.last = stem;
     });
     return told;
 }
@@ -126,12 +133,16 @@ int32_t LackOf(const Beam* beam, const BeamLine& line, bool up,
     return lack.value_or(0);
 }
 
-// The line moves, without turning, to where a person's word has put one of its stems' ends, else to where the
-// rules need it.
+// The line moves to where a person's word has put the end of one of its stems, and turns where it has put
+// two; else it moves to where the rules need it.
 void MoveOff(BeamLine& line, const Beam* beam, bool up) {
-    const Stem* told = ToldUnder(beam);
-    if (told) line.b += LineOf(told).told - line.YAt(BeamXOf(told));
-    const int32_t lack = LackOf(beam, line, up, told ? LeastNeed : UsualNeed);
+    const Told told = ToldUnder(beam);
+    if (told.Turns()) {
+        const int32_t way = BeamXOf(told.last) - BeamXOf(told.first);
+        if (way) line.slope = static_cast<double>(LineOf(told.last).told - LineOf(told.first).told) / way;
+    }
+    if (told.first) line.b = LineOf(told.first).told - BeamXOf(told.first) * line.slope;
+    const int32_t lack = LackOf(beam, line, up, told.first ? LeastNeed : UsualNeed);
     line.b += std::max(lack, 0) * (up ? -1 : 1);
 }
 

@@ -342,6 +342,8 @@ bool ScoreView::TakeKey(const QKeyEvent& event) {
 bool ScoreView::TakeMove(const QKeyEvent& event) {
     if (IsPlaying()) return false;
     if (Tools().toolMode == ModeArrow) {
+        const std::optional<Point> nudge = NudgeOf(event);
+        if (nudge && NudgeHandles(_window, *nudge)) return true;
         const int id = ArrowCommandOf(event);
         if (!id) return false;
         if (const Status status = RunCommand(_window, id); !status) _window.Shell().Tell(status.message());
@@ -377,6 +379,7 @@ void ScoreView::TakeEscape() {
 }
 
 bool ScoreView::focusNextPrevChild(bool next) {
+    if (WalkHandles(_window, next)) return true;
     const QKeyEvent walk(QEvent::KeyPress, next ? Qt::Key_Right : Qt::Key_Left, Qt::NoModifier);
     return TakeMove(walk) || QAbstractScrollArea::focusNextPrevChild(next);
 }

@@ -135,6 +135,24 @@ TEST_F(HandleLifeTest, ADragMovesAllThatABandHasTaken) {
     EXPECT_EQ(second->_right, next + 200);
 }
 
+TEST_F(HandleLifeTest, KeysGoFromOneToTheNextAndMoveIt) {
+    Fill(1, 1, "4:3 4:4");
+    EXPECT_FALSE(WalkHandles(*window, true)) << "none is shown";
+    Do(kStems, {});
+    EXPECT_FALSE(NudgeHandles(*window, {0, -20})) << "none is selected";
+    Stem *one = StemOf(Event(1, 1, 0)), *two = StemOf(Event(1, 1, 1));
+    for (const auto& [forward, selected] : {std::pair{true, one}, {true, two}, {true, one}, {false, two}}) {
+        ASSERT_TRUE(WalkHandles(*window, forward));
+        EXPECT_EQ(window->Handles().Selected().size(), 1u);
+        EXPECT_TRUE(window->Handles().IsSelected(HandleOf(selected)));
+    }
+    Step([&] { ASSERT_TRUE(NudgeHandles(*window, {0, -20})); });
+    EXPECT_EQ(two->_length, 320);
+    StateKeeper keeper(*window);
+    EXPECT_TRUE(NudgeHandles(*window, {20, 0}));
+    EXPECT_EQ(keeper.commands, 0) << "a stem stands upright";
+}
+
 TEST_F(HandleLifeTest, ClearTakesTupletsAndSlursAway) {
     Fill(1, 1, "4:3 4:4 4:5");
     Fill(2, 1, "4:3 4:4");

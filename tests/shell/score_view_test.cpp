@@ -118,6 +118,26 @@ TEST_F(View, EscapeEndsADragWithoutATrace) {
     EXPECT_EQ(note->_line, line);
 }
 
+TEST_F(View, WithHandlesShownTabAndArrowKeysAreForThem) {
+    const auto key = [&](int code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QKeyEvent event(QEvent::KeyPress, code, modifiers);
+        QApplication::sendEvent(&view, &event);
+    };
+    const Measure* first = systemMeasures.First(pageSystems.First(window->CurrentPage()));
+    const int32_t edge = first->_right;
+    key(Qt::Key_Escape);
+    ASSERT_TRUE(RunCommand(*window, 33048));
+    key(Qt::Key_Tab);
+    key(Qt::Key_Tab);
+    key(Qt::Key_Right);
+    EXPECT_EQ(first->_right, edge + 20);
+    key(Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(first->_right, edge - 80);
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    key(Qt::Key_Left);
+    EXPECT_EQ(first->_right, edge - 80) << "the system is at the margin";
+}
+
 TEST_F(View, TheRightButtonSelectsWhatItIsPressedOn) {
     EnterSome();
     const auto right = [&](int line) {
