@@ -141,6 +141,7 @@ bool Pasting::PasteOne(const ClipVoiceSymbol& clip) {
         }
         if (!_targets.contains(voice)) _voices.push_back(voice);
         _targets[voice] = {clone, target.dx};
+        if (!_further) _places.Take(clip.place, clone);
         Dress(clone, clip);
         return true;
     }
@@ -205,8 +206,9 @@ bool Paste(WindowTarn& window) {
         const EditStep step(window);
         Pasting pasting(window, TheClipboard());
         window.caret.visible = false;
-        if (pasting.PasteVoiceSymbols()) pasting.PasteSigns();
+        const bool allFit = pasting.PasteVoiceSymbols();
         pasting.Finish();
+        if (allFit) pasting.PasteSigns();
         refused = pasting.Refused();
         dropped = pasting.HasDropped();
         illegal = !refused && pasting.HasIllegalBeam();
