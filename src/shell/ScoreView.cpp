@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <utility>
 
 #include "edit/CommandTable.h"
 #include "edit/ControlPoints.h"
@@ -288,6 +289,8 @@ void ScoreView::paintEvent(QPaintEvent* event) {
 // The menu of the right button is about what it is pressed on.
 void ScoreView::SelectUnder(Point p) {
     if (Tools().toolMode != ModeArrow || IsPlaying()) return;
+    const std::optional<Handle> handle = _window.Handles().At(p);
+    if (handle && _window.Handles().IsSelected(*handle)) return;
     const std::vector<Rect> selected = SelectionRects(_window);
     if (std::any_of(selected.begin(), selected.end(), [p](const Rect& r) { return r.EnclosesStrictly(p); }))
         return;
@@ -312,9 +315,16 @@ void ScoreView::mouseDoubleClickEvent(QMouseEvent* event) {
     viewport()->update();
 }
 
+void ScoreView::ShowWhatIsUnder(Point p) {
+    const bool isOver = _window.Handles().At(p).has_value();
+    if (isOver == std::exchange(_isOverHandle, isOver)) return;
+    viewport()->setCursor(isOver ? QCursor(Qt::SizeAllCursor) : ToolCursor(Tools().toolMode));
+}
+
 void ScoreView::mouseMoveEvent(QMouseEvent* event) {
     const Point p = UnitsAt(event->position());
     if (event->buttons() & Qt::LeftButton) MouseMove(_window, p.x, p.y);
+    ShowWhatIsUnder(p);
     _hover = p;
     _movedByKeys = false;
     if (HasGhost()) viewport()->update();
