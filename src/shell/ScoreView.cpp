@@ -368,8 +368,21 @@ bool ScoreView::TakeMove(const QKeyEvent& event) {
     return true;
 }
 
-// Of two presses the first takes the selection away, the second the pencil or the eraser.
+// While the pointer drags, Escape is not the menu's: it ends the drag.
+bool ScoreView::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && _window.interaction &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+        event->accept();
+    return QAbstractScrollArea::event(event);
+}
+
+// A drag ends without a trace. Else, of two presses the first takes the selection away, the second the pencil or
+// the eraser.
 void ScoreView::TakeEscape() {
+    if (_window.interaction) {
+        _window.interaction.reset();
+        return _window.Shell().Refresh(_window);
+    }
     if (Tools().toolMode == ModeArrow || IsPlaying()) return;
     SetToolMode(ModeArrow);
     ApplyToolMode();

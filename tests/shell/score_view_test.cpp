@@ -90,6 +90,34 @@ TEST_F(View, TabWalksInTheScoreAndEscapeLeavesStepByStep) {
         << "the menu's shortcut takes it away, not the view";
 }
 
+TEST_F(View, EscapeEndsADragWithoutATrace) {
+    EnterSome();
+    SetToolMode(ModeArrow);
+    const GenericNote* note = nullptr;
+    for (const DrawPatch& patch : window->Sheet().AllPatches())
+        if (const auto* column = patch.Record<ChordSymbol>())
+            note = stemNotes.First(chordSymbolStems.First(column));
+    ASSERT_NE(note, nullptr);
+    const int line = note->_line;
+    const Rect head = RectOf(note);
+    const QPointF at = On({(head.left + head.right) / 2, (head.top + head.bottom) / 2}),
+                  to = at - QPointF(0, 40);
+    const auto escapeIsTheMenus = [&] {
+        QKeyEvent asked(QEvent::ShortcutOverride, Qt::Key_Escape, Qt::NoModifier);
+        asked.ignore();
+        QApplication::sendEvent(&view, &asked);
+        return !asked.isAccepted();
+    };
+    EXPECT_TRUE(escapeIsTheMenus());
+    Send(QEvent::MouseButtonPress, at);
+    Send(QEvent::MouseMove, to);
+    EXPECT_FALSE(escapeIsTheMenus());
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(&view, &escape);
+    Send(QEvent::MouseButtonRelease, to);
+    EXPECT_EQ(note->_line, line);
+}
+
 TEST_F(View, WithHandlesShownTabAndArrowKeysAreForThem) {
     const auto key = [&](int code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QKeyEvent event(QEvent::KeyPress, code, modifiers);
