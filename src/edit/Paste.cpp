@@ -73,7 +73,7 @@ Pasting::Target Pasting::TargetFor(Voice* voice, const VoiceSymbol* original) {
     const auto known = _targets.find(voice);
     if (known != _targets.end()) return known->second;
     if (MeasurePar(voice) != _places.First()) return {nullptr, 0};
-    return {EventBefore(voice, _places.Offset()), _places.Offset() - XOf(original)};
+    return {EventBefore(voice, _places.Told()), _places.Offset() - XOf(original)};
 }
 
 // A beam into which something comes is none any more.

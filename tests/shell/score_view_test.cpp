@@ -235,6 +235,10 @@ TEST_F(View, HandlesAreSeenAndPressedAtEveryZoom) {
         const QImage without = grab();
         ASSERT_TRUE(RunCommand(*window, kBarlines));
         const QImage with = grab();
+        Send(QEvent::MouseMove, On(handle.place), Qt::NoButton);
+        EXPECT_EQ(view.viewport()->cursor().shape(), Qt::SizeAllCursor);
+        Send(QEvent::MouseMove, On(handle.place) + QPointF(30, 30), Qt::NoButton);
+        EXPECT_NE(view.viewport()->cursor().shape(), Qt::SizeAllCursor);
         const QPoint middle = On(handle.place).toPoint();
         int changed = 0;
         for (int dy = -15; dy <= 15; ++dy) {
@@ -246,6 +250,8 @@ TEST_F(View, HandlesAreSeenAndPressedAtEveryZoom) {
         Send(QEvent::MouseButtonPress, QPointF(middle + QPoint(3, -3)));
         Send(QEvent::MouseButtonRelease, QPointF(middle + QPoint(3, -3)));
         EXPECT_TRUE(window->Handles().IsSelected(handle));
+        Send(QEvent::MouseButtonPress, QPointF(middle), Qt::RightButton);
+        EXPECT_TRUE(window->Handles().IsSelected(handle)) << "the menu is about it";
         EXPECT_NE(grab().pixel(middle), with.pixel(middle)) << "a selected one is filled";
         ASSERT_TRUE(RunCommand(*window, kHide));
         window->caret.visible = false;
