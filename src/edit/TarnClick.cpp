@@ -161,6 +161,7 @@ constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
     EraseTuplet,
     EraseSpanner,
     Erase<SimboliVari, DeleteSimboliVari>,
+    Erase<Arpeggio, DeleteArpeggio>,
     EraseRest,
     Erase<Coda, DeleteCoda>,
     Erase<MeasureStaffText, DeleteMeasureStaffText>,
