@@ -43,7 +43,7 @@ constexpr const char* kNoPitch = "None of these notes has a pitch";
 // One of some ways for a note, at a height in semitones.
 template <class Ways>
 Status Choose(Respelling& respelling, GenericNote* note, int height, Ways ways) {
-    if (height < 0 || height > kHighestKey) return In("There is no key for a note", note);
+    if (height < 0 || height > kHighestKey) return In("MIDI has no key so low or so high, for a note", note);
     if (!respelling.Choose(note, ways())) return In("Two notes of a chord would stand on one line", note);
     return Status::Ok();
 }

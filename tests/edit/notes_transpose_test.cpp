@@ -180,7 +180,8 @@ TEST_F(Transposing, WhatMakesNoSenseIsRefusedAndTouchesNothing) {
     const std::vector<int> drums = Lines(1, 2);
     Do(kTranspose, In(1, {{"semitones", "-48"}}));
     EXPECT_EQ(Lines(1, 2), drums);
-    EXPECT_EQ(Refusal(kTranspose, In(1, {{"semitones", "-48"}})), "There is no key for a note in measure 1");
+    EXPECT_EQ(Refusal(kTranspose, In(1, {{"semitones", "-48"}})),
+              "MIDI has no key so low or so high, for a note in measure 1");
 }
 
 TEST(Spelling, EveryKeyHasAWayInEveryKeySignature) {
