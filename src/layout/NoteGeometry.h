@@ -15,6 +15,7 @@ namespace corvane {
 // A stem with what all that hangs on it is placed by, found once for many questions.
 struct Column {
     explicit Column(const Stem* stem);
+    Column(const Stem* stem, const MeasureFrame& measure);  // as if its measure stood there
     const Stem* stem;
     MeasureFrame measure;
     int32_t
@@ -51,7 +52,8 @@ StemLine LineOf(const Column& column);
 void SetEnd(Stem* stem, int32_t y);
 // Ink of a stem: within the edge of the heads, shown or not.
 Rect StemInk(const Column& column);
-// Where a press is on a stem, though beside its thin line: 100 units to either side, strictly between its ends.
+// Where a press is on a stem, though beside its thin line: 100 units to either side, strictly between its
+// ends.
 Rect HitAreaOf(const Column& column);
 // Whether a stem is drawn at all: breves and whole notes have one that never is.
 bool HasStemInk(const Stem* stem);
@@ -97,6 +99,7 @@ Rect RectOf(const Pause* pause);    // with its ledger line
 
 Point PlaceOf(const Accident* accident);  // where its symbol is drawn, with the side letter 'l'
 Rect RectOf(const Accident* accident);
+Rect RectOf(const Accident* accident, const MeasureFrame& measure);  // as if its measure stood there
 // Where each single dot is drawn, with the side letter 'l': from the highest head down, each row from the
 // left. An event with a Dot for each of its heads shows one row for each; a single Dot stands for all heads.
 std::vector<Point> PlacesOf(const Dot* dot);
