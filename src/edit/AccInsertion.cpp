@@ -12,6 +12,7 @@
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
+#include "model/Ties.h"
 #include "play/MIDIUtility.h"
 
 namespace corvane {
@@ -105,6 +106,16 @@ void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
     AuditionNote(note);
 }
 
+void DropAccidental(WindowTarn& window, GenericNote* note) {
+    const MeasureRedraw redraw(window, MeasureStaffPar(note));
+    RemoveAccidents(note);
+    if (IsHeldOver(note)) return;
+    note->_alteration = AlterationInForce(note);
+    UpdateAccidentals(note, UpdateNoteHeight);
+    UpdateNoteHeight(note);
+    AlterTiedNotes(window, note);
+}
+
 void ChangeDots(WindowTarn& window, VoiceSymbol* symbol, int count) {
     Voice* voice = VoicePar(symbol);
     const MeasureRedraw redraw(window, MeasureStaffPar(voice));
@@ -112,6 +123,12 @@ void ChangeDots(WindowTarn& window, VoiceSymbol* symbol, int count) {
     RebuildVoiceEvents(voice);
     if (Switches().autoSpace) SpaceVoice(voice);
     if (Switches().autoBeam) BeamVoice(voice);
+}
+
+void DropDots(WindowTarn& window, VoiceSymbol* event) {
+    const auto* chord = As<Chords>(event);
+    if (!chord) return ChangeDots(window, event, 0);
+    for (Chords* each : chordSymbolChords.Of(ChordSymbolPar(chord))) ChangeDots(window, each, 0);
 }
 
 void DotInsertion(const InsertionPlace& place, int count) {

@@ -54,6 +54,17 @@ bool AreOverBarline(const ChosenSymbols& events) {
     });
 }
 
+ChosenSymbols EventsUnder(const Beam* beam) {
+    ChosenSymbols events;
+    for (const BeamMarker* marker : beamMarkers.Of(beam)) {
+        BeamSymbol* symbol = beamSymbolAttributes.ParentOf(marker);
+        if (auto* pause = As<Pause>(symbol)) events.push_back(pause);
+        if (const auto* stem = As<Stem>(symbol))
+            for (Chords* chord : chordSymbolChords.Of(ChordSymbolPar(stem))) events.push_back(chord);
+    }
+    return events;
+}
+
 std::vector<Chords*> ChordsOf(const ChosenSymbols& events) {
     std::vector<Chords*> chords;
     for (VoiceSymbol* event : events)
@@ -91,6 +102,11 @@ Status AddBeam(WindowTarn& window, const ChosenSymbols& events) {
 
 Status RemoveBeam(WindowTarn& window, const ChosenSymbols& events) {
     return ChangeBeams(window, events, kTakeFromBeams, "Select notes under a beam first");
+}
+
+void DeleteBeam(WindowTarn&, Beam* beam) {
+    const ChosenSymbols events = EventsUnder(beam);
+    for (const Voice* voice : VoicesOf(events)) kTakeFromBeams.act(voice, {events.begin(), events.end()});
 }
 
 Status FlipFlag(WindowTarn& window, const ChosenSymbols& events) {

@@ -20,6 +20,8 @@ Status BeamSelection(WindowTarn& window, const ChosenSymbols& events);
 // To the beams beside them.
 Status AddBeam(WindowTarn& window, const ChosenSymbols& events);
 Status RemoveBeam(WindowTarn& window, const ChosenSymbols& events);
+// The same for all that stands under a beam, as a part of the caller's step.
+void DeleteBeam(WindowTarn& window, Beam* beam);
 // Partial beams at the notes to their other side. Where there are none flags and beams turn with their stems.
 Status FlipFlag(WindowTarn& window, const ChosenSymbols& events);
 // How notes connect to the ones before them under their beams, a code of BeamGroups.h.

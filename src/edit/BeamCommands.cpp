@@ -149,14 +149,14 @@ Status VoiceOptionsCommand(WindowTarn& window, const CommandArguments& arguments
 
 // 40026 and 40027 are of this program's own.
 constexpr Command kBeams[] = {
-    {33027, "Beam on Beat", BeamCommand<BeamOnBeat>, NotPlaying},
-    {33028, "Beam Selection", BeamCommand<BeamSelection>, NotPlaying},
-    {33029, "Cross-Staff Beaming", BeamCommand<BeamOverStaves>, NotPlaying},
-    {33030, "Add Beam", BeamCommand<AddBeam>, NotPlaying},
-    {33031, "Remove Beam", BeamCommand<RemoveBeam>, NotPlaying},
-    {33032, "Flip Flag", BeamCommand<FlipFlag>, NotPlaying},
-    {40026, "Inner Beams", InnerBeamsCommand, NotPlaying},
-    {40027, "Turn Stems", TurnStemsCommand, NotPlaying},
+    {33027, "Beam on Beat", BeamCommand<BeamOnBeat>, NotPlaying, Needs::Notes},
+    {33028, "Beam Selection", BeamCommand<BeamSelection>, NotPlaying, Needs::Notes},
+    {33029, "Cross-Staff Beaming", BeamCommand<BeamOverStaves>, NotPlaying, Needs::Notes},
+    {33030, "Add Beam", BeamCommand<AddBeam>, NotPlaying, Needs::Notes},
+    {33031, "Remove Beam", BeamCommand<RemoveBeam>, NotPlaying, Needs::Notes},
+    {33032, "Flip Flag", BeamCommand<FlipFlag>, NotPlaying, Needs::Notes},
+    {40026, "Inner Beams", InnerBeamsCommand, NotPlaying, Needs::Notes},
+    {40027, "Turn Stems", TurnStemsCommand, NotPlaying, Needs::Notes},
     {33087, "Angled Beam", AngledBeamCommand, NotPlaying},
     {32784, "Voice Options", VoiceOptionsCommand, NotPlaying},
     {32810, "Auto Beaming Options", AutoBeamingOptionsCommand, NotPlaying},

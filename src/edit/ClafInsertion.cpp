@@ -1,6 +1,7 @@
 // Clefs at the heads of systems and within measures. What a clef governs ends at the next clef of its staff;
 // a clef at the head of a system that only repeats what was in force before is no such end, but is renewed
 // with it.
+#include <algorithm>
 #include <limits>
 
 #include "edit/Insertion.h"
@@ -59,8 +60,8 @@ void ChangeFrom(WindowTarn& window, MeasureStaff* crossing, int32_t place, int f
     steps.Apply();
 }
 
-// A clef that governs just what one at that place would.
-MovingClaf* ClefAt(const MeasureStaff* crossing, int32_t place) {
+// A clef, other than one, that governs just what one at that place would.
+MovingClaf* ClefAt(const MeasureStaff* crossing, int32_t place, const MovingClaf* but = nullptr) {
     const auto sameEvents = [&](const MovingClaf* clef) {
         for (const Voice* voice : measureStaffVoices.Of(crossing))
             for (const VoiceSymbol* symbol : voiceSymbols.Of(voice))
@@ -68,7 +69,7 @@ MovingClaf* ClefAt(const MeasureStaff* crossing, int32_t place) {
         return true;
     };
     for (StaffMeasureSymbol* symbol : staffSymbols.Of(crossing))
-        if (auto* clef = As<MovingClaf>(symbol); clef && sameEvents(clef)) return clef;
+        if (auto* clef = As<MovingClaf>(symbol); clef && clef != but && sameEvents(clef)) return clef;
     return nullptr;
 }
 
@@ -101,6 +102,25 @@ void DeleteClaf(WindowTarn& window, MovingClaf* clef) {
     const int32_t place = clef->_place;
     ChangeFrom(window, crossing, place, clef->_code, ClefInForce(crossing, place),
                [&] { ReleaseSign(clef); });
+}
+
+Status ChangeClafPlace(WindowTarn& window, MovingClaf* clef, int32_t place) {
+    MeasureStaff* crossing = MeasureStaffPar(clef);
+    int32_t least = 0, most = 1000;
+    for (const StaffMeasureSymbol* symbol : staffSymbols.Of(crossing))
+        if (const auto* other = As<MovingClaf>(symbol); other && other != clef) {
+            if (other->_place < clef->_place) least = std::max(least, other->_place + 1);
+            if (other->_place > clef->_place) most = std::min(most, other->_place - 1);
+        }
+    place = std::clamp(place, std::min(least, most), most);
+    if (ClefAt(crossing, place, clef)) return {Fault::Refused, "Another clef stands there"};
+    const EditStep step(window);
+    const SystemRedraw redraw(window, MeasurePar(crossing));
+    SoundingSteps steps;
+    steps.Add(crossing);
+    clef->_place = place;
+    steps.Apply();
+    return Status::Ok();
 }
 
 void ClafInsertion(const InsertionPlace& place, std::string_view descriptor) {

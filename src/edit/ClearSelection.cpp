@@ -3,10 +3,15 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "edit/BeamChanges.h"
 #include "edit/Clipboard.h"
 #include "edit/ClipboardState.h"
 #include "edit/Deletion.h"
+#include "edit/HandleFamily.h"
+#include "edit/Insertion.h"
+#include "edit/Lyrics.h"
 #include "edit/Signs.h"
+#include "edit/Spanners.h"
 #include "edit/TarnDestroy.h"
 #include "edit/TarnSelect.h"
 #include "edit/Texts.h"
@@ -28,8 +33,17 @@ struct Clearing {
 void ClearEvents(Clearing& clearing) {
     const std::vector<Pause*> pauses = SelectedPauses(nullptr, clearing.choice.voice);
     const std::vector<Chords*> chords = SelectedChords(clearing.choice.voice);
+    const std::vector<GenericNote*> heads = HeadsPickedAlone(clearing.choice.voice);
     const PageRedraw redraw(clearing.window);
+    std::unordered_set<const Chords*> parted;
+    for (GenericNote* head : heads) {
+        Chords* chord = ChordPar(head);
+        parted.insert(chord);
+        clearing.crossings.insert(MeasureStaffPar(chord));
+        DeleteNote(clearing.window, head, clearing.choice);
+    }
     for (Chords* chord : chords) {
+        if (parted.count(chord)) continue;
         clearing.crossings.insert(MeasureStaffPar(chord));
         while (!DeleteNote(clearing.window, chordNotes.First(chord), clearing.choice)) {
         }
@@ -51,6 +65,18 @@ void DeleteSign(WindowTarn&, StaffMeasureSymbol* sign) { DestroyStaffMeasureSymb
 template <const auto& marks>
 constexpr auto kDeleteSpanner =
     [](WindowTarn&, auto* spanner) { DestroyStaffMeasureSymbol(marks.First(spanner)); };
+// What only a press selects; a rubber band around it is about the events under it.
+template <class R>
+constexpr auto kPicked = [](const MeasureStaff*) { return PickedOf<R>(); };
+// Of what the picked signs of a class hang on, each once: where one goes others are made anew.
+template <class Sign, const auto& relation>
+constexpr auto kOwners = [](const MeasureStaff*) {
+    std::vector<decltype(relation.ParentOf(static_cast<Sign*>(nullptr)))> owners;
+    std::unordered_set<const void*> seen;
+    for (Sign* sign : PickedOf<Sign>())
+        if (auto* owner = relation.ParentOf(sign); seen.insert(owner).second) owners.push_back(owner);
+    return owners;
+};
 constexpr auto kPageTexts = [](const MeasureStaff*) { return SelectedPageText(); };
 
 bool HasEvents(int voice) { return !SelectedVoiceSymbols(voice).empty(); }
@@ -66,7 +92,16 @@ struct ClearRow {
 template <auto Selected, auto Delete>
 constexpr ClearRow kRow{Has<Selected>, ClearList<Selected, Delete>};
 
+// What hangs on events before them: their places may be used anew.
 constexpr ClearRow kLists[] = {
+    kRow<kOwners<Accident, noteAttributes>, DropAccidental>,
+    kRow<kOwners<Dot, voiceSymbolAttributes>, DropDots>,
+    kRow<kPicked<SymbolAttribute>, DeleteNoteAttribute>,
+    kRow<kPicked<Liriche>, EraseSyllable>,
+    kRow<kPicked<Tremolo>, DeleteTremolo>,
+    kRow<kPicked<TieValue>, DeleteTie>,
+    kRow<kPicked<Irregular>, DeleteIrregular>,
+    kRow<kPicked<Beam>, DeleteBeam>,
     {HasEvents, ClearEvents},
     kRow<SelectedMovingClaf, DeleteClaf>,
     kRow<SelectedDinamiche, DeleteSign>,
@@ -78,7 +113,19 @@ constexpr ClearRow kLists[] = {
     kRow<SelectedTrilli, kDeleteSpanner<trilloMarks>>,
     kRow<SelectedPedali, kDeleteSpanner<pedaleMarks>>,
     kRow<kPageTexts, DeletePageText>,
+    kRow<kPicked<Endings>, DeleteEndings>,
+    kRow<kPicked<Coda>, DeleteCoda>,
+    kRow<kPicked<Time>, DeleteTempo>,
 };
+
+// What the selected handles steer and can go by itself, each once.
+std::vector<Handle> HandlesToClear(WindowTarn& window) {
+    std::vector<Handle> handles = window.Handles().Selected();
+    std::erase_if(handles, [](const Handle& each) { return !FamilyOf(each.kind).CanDelete(); });
+    const auto sameTarget = [](const Handle& a, const Handle& b) { return a.target == b.target; };
+    handles.erase(std::unique(handles.begin(), handles.end(), sameTarget), handles.end());
+    return handles;
+}
 
 bool IsAnythingToClear(WindowTarn& window) {
     SetSelectionAnchors(window);
@@ -101,9 +148,13 @@ void Respace(const Clearing& clearing) {
 void ClearSelection(WindowTarn& window) {
     window.Activate();
     window.caret.visible = false;
-    if (!IsAnythingToClear(window)) return window.Shell().Tell("Nothing that can be deleted is selected.");
+    const std::vector<Handle> handles = HandlesToClear(window);
+    window.Handles().End();
+    if (handles.empty() && !IsAnythingToClear(window))
+        return window.Shell().Tell("Nothing that can be deleted is selected.");
     {
         const EditStep step(window);
+        for (const Handle& handle : handles) FamilyOf(handle.kind).Delete(window, handle);
         Clearing clearing{
             window, {Tools().OneVoice(), Tools().AllVoices(), Switches().deleteNotesToRests, false}, {}};
         for (const ClearRow& row : kLists) {

@@ -1,7 +1,9 @@
 // Hiding what is selected and showing it again, and whether what is hidden is seen all the same.
 #include <algorithm>
+#include <unordered_set>
 
 #include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/MeasureRange.h"
 #include "edit/NoteChoice.h"
 #include "edit/SessionChoices.h"
@@ -21,10 +23,10 @@ std::vector<GenericNote*> NotesOf(ArgumentReader& reader, WindowTarn& window) {
 
 std::vector<Stem*> StemsOf(ArgumentReader& reader, WindowTarn& window) {
     std::vector<Stem*> stems;
+    std::unordered_set<const Stem*> seen;
     for (const Chords* chord : ReadChords(reader, window)) {
         Stem* stem = StemOf(chord);
-        if (HasStemInk(stem) && std::find(stems.begin(), stems.end(), stem) == stems.end())
-            stems.push_back(stem);
+        if (HasStemInk(stem) && seen.insert(stem).second) stems.push_back(stem);
     }
     return stems;
 }
@@ -38,12 +40,12 @@ std::vector<Pause*> RestsOf(ArgumentReader& reader, WindowTarn& window) {
 
 std::vector<Irregular*> TupletsOf(ArgumentReader& reader, WindowTarn& window) {
     std::vector<Irregular*> tuplets;
+    std::unordered_set<const Irregular*> seen;
     for (const VoiceSymbol* event : ReadEvents(reader, window))
         for (const VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(event))
             if (const auto* mark = As<MarkIrreg>(attribute)) {
                 Irregular* tuplet = irregularMarks.ParentOf(mark);
-                if (tuplet && std::find(tuplets.begin(), tuplets.end(), tuplet) == tuplets.end())
-                    tuplets.push_back(tuplet);
+                if (tuplet && seen.insert(tuplet).second) tuplets.push_back(tuplet);
             }
     return tuplets;
 }
@@ -90,6 +92,7 @@ Status ShowHideOptionsCommand(WindowTarn&, const CommandArguments& arguments) {
     Choices() = choices;
     for (WindowTarn* each : WindowTarn::All()) {
         each->Sheet().MarkAllDirty();
+        each->Handles().Renew();  // what is not seen has none
         each->Shell().Refresh(*each);
     }
     return Status::Ok();
@@ -97,10 +100,10 @@ Status ShowHideOptionsCommand(WindowTarn&, const CommandArguments& arguments) {
 
 constexpr Command kHide[] = {
     {33082, "Show-Hide Options", ShowHideOptionsCommand, NotPlaying},
-    {33083, "Rests", HideCommand<RestsOf, kNoRest>, NotPlaying},
-    {33084, "Stems", HideCommand<StemsOf, kNoStem>, NotPlaying},
-    {33085, "Notes", HideCommand<NotesOf, kNoNote>, NotPlaying},
-    {33086, "Tuplets", HideCommand<TupletsOf, kNoTuplet>, NotPlaying},
+    {33083, "Rests", HideCommand<RestsOf, kNoRest>, NotPlaying, Needs::Rests},
+    {33084, "Stems", HideCommand<StemsOf, kNoStem>, NotPlaying, Needs::Notes},
+    {33085, "Notes", HideCommand<NotesOf, kNoNote>, NotPlaying, Needs::Notes},
+    {33086, "Tuplets", HideCommand<TupletsOf, kNoTuplet>, NotPlaying, Needs::Events},
 };
 
 }  // namespace

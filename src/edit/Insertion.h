@@ -37,7 +37,12 @@ void NoteInsertion(const InsertionPlace& place, std::string_view descriptor);
 void PauseInsertion(const InsertionPlace& place, std::string_view descriptor);
 // Of the event and, for a chord, of what follows from its length; 0 to 3. Within the caller's step.
 void ChangeDots(WindowTarn& window, VoiceSymbol* symbol, int count);
+// All dots of an event, and of the other voices that share its heads. Within the caller's step.
+void DropDots(WindowTarn& window, VoiceSymbol* event);
 void DotInsertion(const InsertionPlace& place, int count);
+// Takes a note's accidental away: it is read and sounds as what is in force there, a tied one as before.
+// Within the caller's step.
+void DropAccidental(WindowTarn& window, GenericNote* note);
 void AccInsertion(const InsertionPlace& place, std::string_view descriptor);
 // A clef for what stands right of the point: left of the notes of a system's first measure the system's own,
 // left of those of a later measure before its barline, else within the measure.

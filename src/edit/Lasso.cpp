@@ -1,5 +1,6 @@
 #include "edit/Lasso.h"
 
+#include "edit/ControlPoints.h"
 #include "edit/WindowTarn.h"
 
 namespace corvane {
@@ -21,6 +22,7 @@ void Lasso::Release(Point at) {
     Move(at);
     if (_band.IsEmpty()) return;
     _window.TheSelection().Add(_band);
+    _window.Handles().SelectIn(_band);
     _window.SelectionChanged();
 }
 

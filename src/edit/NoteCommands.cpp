@@ -102,20 +102,20 @@ Status SetVelocityCommand(WindowTarn& window, const CommandArguments& arguments)
 }
 
 constexpr Command kNotes[] = {
-    {32780, "Set Velocity", SetVelocityCommand, NotPlaying},
-    {32815, "Up", PointStemsCommand<true>, NotPlaying},
-    {32816, "Down", PointStemsCommand<false>, NotPlaying},
-    {32817, "Change Durations", ChangeDurationsCommand, NotPlaying},
-    {32819, "Transpose", TransposeCommand, NotPlaying},
-    {32900, "Sharp", AlterCommand<Alteration::Sharp>, NotPlaying},
-    {32901, "Flat", AlterCommand<Alteration::Flat>, NotPlaying},
-    {33035, "Natural", AlterCommand<Alteration::None>, NotPlaying},
-    {33036, "Enharmonic", EnharmonicCommand, NotPlaying},
+    {32780, "Set Velocity", SetVelocityCommand, NotPlaying, Needs::Notes},
+    {32815, "Up", PointStemsCommand<true>, NotPlaying, Needs::Notes},
+    {32816, "Down", PointStemsCommand<false>, NotPlaying, Needs::Notes},
+    {32817, "Change Durations", ChangeDurationsCommand, NotPlaying, Needs::Events},
+    {32819, "Transpose", TransposeCommand, NotPlaying, Needs::Notes},
+    {32900, "Sharp", AlterCommand<Alteration::Sharp>, NotPlaying, Needs::Notes},
+    {32901, "Flat", AlterCommand<Alteration::Flat>, NotPlaying, Needs::Notes},
+    {33035, "Natural", AlterCommand<Alteration::None>, NotPlaying, Needs::Notes},
+    {33036, "Enharmonic", EnharmonicCommand, NotPlaying, Needs::Notes},
     // Ids of this program's own.
-    {40040, "Step Up", StepCommand<1>, NotPlaying},
-    {40041, "Step Down", StepCommand<-1>, NotPlaying},
-    {40042, "Octave Up", OctavesCommand<1>, NotPlaying},
-    {40043, "Octave Down", OctavesCommand<-1>, NotPlaying},
+    {40040, "Step Up", StepCommand<1>, NotPlaying, Needs::Notes},
+    {40041, "Step Down", StepCommand<-1>, NotPlaying, Needs::Notes},
+    {40042, "Octave Up", OctavesCommand<1>, NotPlaying, Needs::Notes},
+    {40043, "Octave Down", OctavesCommand<-1>, NotPlaying, Needs::Notes},
 };
 
 }  // namespace

@@ -21,8 +21,9 @@
 namespace corvane {
 namespace {
 
+// A press left of the first event, whose place may be 0, goes before it.
 int32_t PerMilleAt(const MeasureStaff* measureStaff, int32_t x) {
-    return std::clamp(FrameOf(MeasurePar(measureStaff)).PerMilleOfX(x), 0, 1000);
+    return std::clamp(FrameOf(MeasurePar(measureStaff)).PerMilleOfX(x), -1, 1000);
 }
 
 bool HasNoteOn(const Chords* chord, int line) {

@@ -73,7 +73,7 @@ Pasting::Target Pasting::TargetFor(Voice* voice, const VoiceSymbol* original) {
     const auto known = _targets.find(voice);
     if (known != _targets.end()) return known->second;
     if (MeasurePar(voice) != _places.First()) return {nullptr, 0};
-    return {EventBefore(voice, _places.Offset()), _places.Offset() - XOf(original)};
+    return {EventBefore(voice, _places.Told()), _places.Offset() - XOf(original)};
 }
 
 // A beam into which something comes is none any more.
@@ -88,8 +88,8 @@ void Pasting::PartBeam(Voice* voice, VoiceSymbol* before) {
 
 VoiceSymbol* Pasting::Insert(const ClipVoiceSymbol& clip, Voice* voice, const Target& target) {
     PartBeam(voice, target.last);
-    VoiceSymbol* clone = _clones.CloneEvent(clip.object, voice, target.last,
-                                            std::clamp(XOf(clip.object) + target.dx, 0, 1000));
+    VoiceSymbol* clone =
+        _clones.CloneEvent(clip, voice, target.last, std::clamp(XOf(clip.object) + target.dx, 0, 1000));
     if (auto* grace = As<GraceChord>(clone))
         MakeGraceEvents(grace);
     else

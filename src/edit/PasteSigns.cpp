@@ -17,7 +17,8 @@ PastePlaces::PastePlaces(const Caret& caret, const Clipboard& clips)
     : _clips(clips),
       _staff(caret.staff),
       _measures{caret.measure},
-      _offset(std::clamp(FrameOf(caret.measure).PerMilleOfX(caret.x), 0, 1000)) {}
+      _told(FrameOf(caret.measure).PerMilleOfX(caret.x)),
+      _offset(std::clamp(_told, 0, 1000)) {}
 
 Measure* PastePlaces::MeasureFromCaret(int32_t count) {
     while (static_cast<int32_t>(_measures.size()) <= count) {

@@ -19,6 +19,9 @@ public:
 
     Measure* First() const { return _measures.front(); }
     int32_t Offset() const { return _offset; }  // per mille in the first measure
+    // The same for what comes before or behind it: left of a measure's start, before its first event, it is
+    // less than 0.
+    int32_t Told() const { return _told; }
     // Measures behind the clip's own that the score has, at most so many.
     int32_t MeasuresBehind(const ClipPlace& place, int32_t count);
 
@@ -29,7 +32,7 @@ private:
     const Clipboard& _clips;
     const DocStaff* const _staff;
     std::vector<Measure*> _measures;  // from the caret's on, as far as was asked for
-    const int32_t _offset;
+    const int32_t _told, _offset;
     bool _hasDropped = false;
 };
 

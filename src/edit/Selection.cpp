@@ -2,13 +2,14 @@
 
 #include <utility>
 
-#include "edit/WindowTarn.h"
+#include "edit/PickPlaces.h"
 #include "layout/Frames.h"
 
 namespace corvane {
 
 void Selection::SetSelectionRegion(WRegion region) {
     _region = std::move(region);
+    _picks.Clear();
     _wholeScore = false;
 }
 
@@ -21,7 +22,12 @@ void Selection::Add(const Rect& rect) {
 
 void Selection::SelectAll() {
     _region.Clear();
+    _picks.Clear();
     _wholeScore = true;
+}
+
+void Selection::Pick(void* record) {
+    if (record && !_wholeScore) _picks.Add(record);
 }
 
 std::vector<Rect> SelectionRects(const WindowTarn& window) {
@@ -37,6 +43,8 @@ std::vector<Rect> SelectionRects(const WindowTarn& window) {
     for (const Rect& scaled : window.TheSelection().GetSelectionRegion().Rects())
         rects.push_back({window.Port().Unscale(scaled.left), window.Port().Unscale(scaled.top),
                          window.Port().Unscale(scaled.right), window.Port().Unscale(scaled.bottom)});
+    for (const Pick& pick : window.TheSelection().ThePicks().List())
+        for (const Rect& area : AreasOf(window, pick)) rects.push_back(area);
     return rects;
 }
 

@@ -1,11 +1,13 @@
-// What is selected in a score window: a region of its current page, or the whole score. It lists no objects:
-// each command asks, when it runs, what lies there (TarnSelect.h). Lengths are absolute page units; the
+// What is selected in a score window: a region of its current page with what presses have picked there one by
+// one, or the whole score. The region lists no objects: each command asks, when it runs, what lies in it
+// (TarnSelect.h). Lengths are absolute page units; the
 // region is one of the window's port, whose device unit is a page unit, so that it stays true at every zoom
 // of a view.
 #pragma once
 
 #include <vector>
 
+#include "edit/Picks.h"
 #include "graphics/GraphicPort.h"
 
 namespace corvane {
@@ -17,10 +19,10 @@ public:
     // The port must outlive the selection.
     explicit Selection(const GraphicPort& port) : _port(port), _region(port.NewRegion()) {}
 
-    bool IsEmpty() const { return !_wholeScore && _region.IsEmpty(); }
+    bool IsEmpty() const { return !_wholeScore && _region.IsEmpty() && _picks.IsEmpty(); }
     bool IsWholeScore() const { return _wholeScore; }
     const WRegion& GetSelectionRegion() const { return _region; }
-    // What is selected is this region of the current page from now on.
+    // What is selected is this region of the current page from now on, and nothing else.
     void SetSelectionRegion(WRegion region);
 
     void Clear();
@@ -28,9 +30,16 @@ public:
     void Add(const Rect& rect);
     void SelectAll();
 
+    const Picks& ThePicks() const { return _picks; }
+    // One record of the current page, in addition; nothing changes where the whole score is selected.
+    void Pick(void* record);
+    void Unpick(const void* record) { _picks.Remove(record); }
+    void KeepLivingPicks(const std::unordered_set<const void*>& living) { _picks.KeepLiving(living); }
+
 private:
     const GraphicPort& _port;
     WRegion _region;
+    Picks _picks;
     bool _wholeScore = false;
 };
 

@@ -1,5 +1,6 @@
 // Commands that select.
 #include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/ToolState.h"
 
 namespace corvane {
@@ -11,11 +12,15 @@ Status SelectAll(WindowTarn& window, const CommandArguments&) {
     return Status::Ok();
 }
 Status SelectNothing(WindowTarn& window, const CommandArguments&) {
+    window.interaction.reset();
     window.TheSelection().Clear();
+    window.Handles().SelectNothing();
     window.SelectionChanged();
     return Status::Ok();
 }
-bool IsAnythingSelected(const WindowTarn& window) { return !IsPlaying() && !window.TheSelection().IsEmpty(); }
+bool IsAnythingSelected(const WindowTarn& window) {
+    return !IsPlaying() && !(window.TheSelection().IsEmpty() && window.Handles().IsNoneSelected());
+}
 
 // Ids of this program's own.
 constexpr Command kSelection[] = {

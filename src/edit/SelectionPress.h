@@ -1,5 +1,6 @@
-// What the arrow tool does with a press: a note, a rest or a sign under it is selected, elsewhere the rubber
-// band begins. With Shift what was selected stays.
+// What the arrow tool does with a press: a head, a rest, a sign, a spanner or a beam under it is selected by
+// itself, elsewhere the rubber band begins. With Shift what was selected stays, but for what is pressed a
+// second time.
 #pragma once
 
 #include "edit/WindowTarn.h"
@@ -11,8 +12,8 @@ void PressWithArrow(WindowTarn& window, Point p, uint32_t modifiers);
 // Selects heads as they stand now, in addition to what is.
 void SelectHeads(WindowTarn& window, const std::vector<GenericNote*>& notes);
 
-// While this lives, the selected heads and rests of the page may move: at its end they are selected where
-// they stand then. They must not go.
+// While this lives, the selected heads and rests of the page may move: at its end they are selected, wherever
+// they stand then, and nothing else. They must not go.
 class SelectionFollower {
 public:
     explicit SelectionFollower(WindowTarn& window);
@@ -21,9 +22,8 @@ public:
 
 private:
     WindowTarn& _window;
-    const bool _follows;
     std::vector<GenericNote*> _notes;
-    std::vector<VoiceSymbol*> _rests;
+    std::vector<Pause*> _rests;
 };
 
 }  // namespace corvane

@@ -104,9 +104,9 @@ void GoTo(WindowTarn& window, const Stop& stop, bool adding) {
     Selection& selection = window.TheSelection();
     if (!adding) selection.Clear();
     if (const auto* chord = As<Chords>(stop.event))
-        for (const GenericNote* note : chordNotes.Of(chord)) selection.Add(RectOf(note));
+        for (GenericNote* note : chordNotes.Of(chord)) selection.Pick(note);
     else if (stop.event)
-        selection.Add(InkOf(stop));
+        selection.Pick(As<Pause>(stop.event));
     Measure* measure = MeasurePar(stop.crossing);
     const int32_t x = stop.event ? MiddleOf(stop.event) : FrameOf(measure).XOf(0);
     window.caret = {measure, DocStaffPar(stop.crossing), x, true};

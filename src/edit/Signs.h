@@ -20,6 +20,8 @@ namespace corvane {
 bool SetClefAtHead(WindowTarn& window, MeasureStaff* crossing, int code);
 bool SetClefWithin(WindowTarn& window, MeasureStaff* crossing, int32_t place, int code);
 void DeleteClaf(WindowTarn& window, MovingClaf* clef);
+// Within its measure, as far as the clefs beside it, which must go on to govern something.
+Status ChangeClafPlace(WindowTarn& window, MovingClaf* clef, int32_t place);
 
 // ---- Keys and meters, over measures; without `last` up to the next change.
 

@@ -76,14 +76,14 @@ Status PlainLineCommand(WindowTarn& window, const CommandArguments& arguments) {
 
 // From 40020 on ids of this program's own.
 constexpr Command kSpanners[] = {
-    {32804, "Tie Notes", TieNotesCommand, NotPlaying},
-    {32805, "Tuplets", TupletsCommand, NotPlaying},
-    {40020, "Slur", SlurCommand, NotPlaying},
-    {40021, "Crescendo", HairpinCommand<HairpinKind::Crescendo>, NotPlaying},
-    {40022, "Diminuendo", HairpinCommand<HairpinKind::Diminuendo>, NotPlaying},
-    {40023, "Octave Line", OctaveCommand, NotPlaying},
-    {40024, "Trill Line", PlainLineCommand<InsertTrillo>, NotPlaying},
-    {40025, "Pedal Line", PlainLineCommand<InsertPedale>, NotPlaying},
+    {32804, "Tie Notes", TieNotesCommand, NotPlaying, Needs::Notes},
+    {32805, "Tuplets", TupletsCommand, NotPlaying, Needs::Events},
+    {40020, "Slur", SlurCommand, NotPlaying, Needs::Events},
+    {40021, "Crescendo", HairpinCommand<HairpinKind::Crescendo>, NotPlaying, Needs::Events},
+    {40022, "Diminuendo", HairpinCommand<HairpinKind::Diminuendo>, NotPlaying, Needs::Events},
+    {40023, "Octave Line", OctaveCommand, NotPlaying, Needs::Events},
+    {40024, "Trill Line", PlainLineCommand<InsertTrillo>, NotPlaying, Needs::Events},
+    {40025, "Pedal Line", PlainLineCommand<InsertPedale>, NotPlaying, Needs::Events},
 };
 
 }  // namespace

@@ -73,6 +73,7 @@ void DestroyNote(WindowTarn& window, Document* document, GenericNote* note) {
 void LeaveStem(Stem* stem) {
     Beam* beam = BeamOf(stem);
     if (!stemNotes.IsEmpty(stem)) {
+        Say(stem, kSaidLength, false);
         if (beam)
             RefitBeam(beam);
         else

@@ -40,24 +40,11 @@ constexpr struct {
     int argument;
     bool whilePlaying = false;
 } kKeys[] = {
-    {' ', TogglePlay, 0, true},
-    {'1', TakeItem, 3},
-    {'2', TakeItem, 5},
-    {'3', TakeItem, 7},
-    {'4', TakeItem, 9},
-    {'5', TakeItem, 11},
-    {'6', TakeItem, 13},
-    {'7', TakeItem, 15},
-    {'8', TakeItem, 17},
-    {'A', TakeTool, ModeArrow},
-    {'D', TakeItem, 20},
-    {'E', TakeTool, ModeEraser},
-    {'F', TakeItem, 24},
-    {'G', FlipGrace, 0},
-    {'N', TakeItem, 26},
-    {'P', TakeTool, ModePencil},
-    {'R', FlipRest, 0},
-    {'S', TakeItem, 23},
+    {' ', TogglePlay, 0, true}, {'1', TakeItem, 3},         {'2', TakeItem, 5},  {'3', TakeItem, 7},
+    {'4', TakeItem, 9},         {'5', TakeItem, 11},        {'6', TakeItem, 13}, {'7', TakeItem, 15},
+    {'8', TakeItem, 17},        {'A', TakeTool, ModeArrow}, {'D', TakeItem, 20}, {'E', TakeTool, ModeEraser},
+    {'F', TakeItem, 24},        {'G', FlipGrace, 0},        {'N', TakeItem, 26}, {'P', TakeTool, ModePencil},
+    {'R', FlipRest, 0},         {'S', TakeItem, 23},
 };
 
 }  // namespace
@@ -68,14 +55,18 @@ char KeyOfNoteItem(int item) {
     return 0;
 }
 
-void KeyChar(WindowTarn& window, char character) {
-    if (character < 32 || character > 115) return;
+bool KeyChar(WindowTarn& window, char character) {
+    if (character < 32 || character > 115) return false;
     const char upper = static_cast<char>(std::toupper(static_cast<unsigned char>(character)));
     for (const auto& key : kKeys) {
         if (key.key != upper) continue;
-        if (IsPlaying() && !key.whilePlaying) return window.Shell().Tell("Stop the play to edit.");
-        return key.act(window, key.argument);
+        if (IsPlaying() && !key.whilePlaying)
+            window.Shell().Tell("Stop the play to edit.");
+        else
+            key.act(window, key.argument);
+        return true;
     }
+    return false;
 }
 
 }  // namespace corvane

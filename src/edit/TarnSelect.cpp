@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "base/Assert.h"
+#include "edit/PickPlaces.h"
 #include "edit/ToolState.h"
 #include "layout/NoteGeometry.h"
 #include "layout/PageFiling.h"
@@ -73,6 +74,25 @@ std::unordered_set<const System*> WantedSystems() {
     return systems;
 }
 
+std::vector<GenericNote*> PickedHeads() {
+    std::vector<GenericNote*> heads;
+    for (const Pick& pick : Anchors().SelPicks.List())
+        if (auto* note = pick.As<GenericNote>(); note && !PatchesOf(*Anchors().SelWindow, pick).empty())
+            heads.push_back(note);
+    return heads;
+}
+
+void AddPatchesOfPicks(std::vector<DrawPatch>& patches) {
+    if (Anchors().SelPicks.IsEmpty()) return;
+    std::unordered_set<const void*> known;
+    for (const DrawPatch& patch : patches) known.insert(patch.Object());
+    for (const Pick& pick : Anchors().SelPicks.List()) {
+        if (pick.As<GenericNote>()) continue;
+        for (const DrawPatch& patch : PatchesOf(*Anchors().SelWindow, pick))
+            if (known.insert(patch.Object()).second) patches.push_back(patch);
+    }
+}
+
 using Symbols = std::unordered_set<const VoiceSymbol*>;
 constexpr int kEveryVoice = 0;
 
@@ -88,6 +108,7 @@ Symbols SymbolsOf(int voice) {
         else if (VoiceVisibleForSelection(symbol) && (Anchors().SelAllVoices || own->_number == voice))
             symbols.insert(symbol);
     };
+    for (const GenericNote* note : PickedHeads()) takeIfWanted(ChordPar(note));
     for (const DrawPatch& patch : SelectedPatches()) {
         if (const auto* pause = patch.Record<Pause>()) takeIfWanted(pause);
         if (const auto* column = patch.Record<ChordSymbol>())
@@ -123,6 +144,7 @@ std::vector<R*> Only(const std::vector<VoiceSymbol*>& symbols, const MeasureStaf
 
 // A head meets the selection by its middle: heads a second apart touch.
 bool IsHeadSelected(const GenericNote* note) {
+    if (Anchors().SelPicks.Has(note)) return true;
     const Rect head = RectOf(note);
     return Anchors().SelPort->RectMeetsRegion(Anchors().SelRegion, head.GrownBy(-head.Height() / 8));
 }
@@ -148,6 +170,8 @@ void SetSelectionAnchors(System* first, System* last, WindowTarn& window, bool f
     anchors.SelLastSystem = last;
     anchors.SelWindow = &window;
     anchors.SelPort = &window.Port();
+    window.DropDeadPicks();
+    anchors.SelPicks = window.TheSelection().ThePicks();
     anchors.SelRegion = window.TheSelection().GetSelectionRegion();
     anchors.SelWholeScore = window.TheSelection().IsWholeScore();
     anchors.SelAllVoices = Tools().AllVoices();
@@ -172,6 +196,7 @@ const std::vector<DrawPatch>& SelectedPatches() {
         AddPatchesOfScore(anchors.SelPatches, anchors.SelWindow->GetDocument());
     else
         anchors.SelPatches = anchors.SelWindow->Sheet().PatchesIn(*anchors.SelPort, anchors.SelRegion);
+    AddPatchesOfPicks(anchors.SelPatches);
     return anchors.SelPatches;
 }
 
@@ -223,6 +248,23 @@ std::vector<GenericNote*> SelectedNotes(int voice) {
     return notes;
 }
 
+std::vector<GenericNote*> HeadsPickedAlone(int voice) {
+    if (PickedHeads().empty()) return {};
+    std::unordered_set<const ChordSymbol*> whole;
+    for (const DrawPatch& patch : SelectedPatches())
+        if (const auto* column = patch.Record<ChordSymbol>()) whole.insert(column);
+    std::vector<GenericNote*> heads;
+    for (const Chords* chord : SelectedChords(voice)) {
+        if (whole.count(ChordSymbolPar(chord))) continue;
+        std::vector<GenericNote*> own;
+        for (GenericNote* note : chordNotes.Of(chord))
+            if (Anchors().SelPicks.Has(note)) own.push_back(note);
+        if (static_cast<int>(own.size()) < chordNotes.Count(chord))
+            heads.insert(heads.end(), own.begin(), own.end());
+    }
+    return heads;
+}
+
 void ForEachSelectedChord(int voice, const std::function<void(Chords*)>& action) {
     for (Chords* chord : SelectedChords(voice)) action(chord);
 }
@@ -246,9 +288,10 @@ std::vector<Beam*> SelectedBeams(int voice, std::vector<Beam*>* partial) {
         symbols.Add(BeamSymbolOf(symbol));
         if (Beam* beam = BeamOf(BeamSymbolOf(symbol))) beams.Add(beam);
     }
+    for (Beam* beam : PickedOf<Beam>()) beams.Add(beam);
     std::vector<Beam*> whole;
     for (Beam* beam : beams.List()) {
-        if (BeamWhollySelected(beam, symbols))
+        if (Anchors().SelPicks.Has(beam) || BeamWhollySelected(beam, symbols))
             whole.push_back(beam);
         else if (partial)
             partial->push_back(beam);

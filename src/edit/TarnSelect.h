@@ -16,6 +16,7 @@ struct SelectionAnchors {
     WindowTarn* SelWindow = nullptr;
     const GraphicPort* SelPort = nullptr;
     WRegion SelRegion{100};
+    Picks SelPicks;
     bool SelWholeScore = false;
     bool SelAllVoices = false;
     bool SelFlag = false;
@@ -31,10 +32,20 @@ void SetSelectionAnchors(System* first, System* last, WindowTarn& window, bool f
 void SetSelectionAnchors(WindowTarn& window);
 void ClearSelectionAnchors();
 
-// Selected patches in no order but for the whole score, each once.
+// Selected patches in no order but for the whole score, each once; not the columns of picked heads, which may
+// hold other chords.
 const std::vector<DrawPatch>& SelectedPatches();
 // Its staff is shown, and its voice is not filtered out in the window.
 bool VoiceVisibleForSelection(const VoiceSymbol* symbol);
+
+// What presses have picked by itself, of one class; nothing of the region.
+template <class R>
+std::vector<R*> PickedOf() {
+    std::vector<R*> picked;
+    for (const Pick& pick : TheSelectionAnchors().SelPicks.List())
+        if (R* record = pick.As<R>()) picked.push_back(record);
+    return picked;
+}
 
 // ---- Events in score order: by measures, staves, voices, time.
 
@@ -48,9 +59,11 @@ std::vector<Chords*> SelectedChords(const MeasureStaff* msc, int voice);
 std::vector<Pause*> SelectedPauses(const MeasureStaff* msc, int voice);
 // Heads of the selected chords that are selected themselves; all heads of a chord of which none is.
 std::vector<GenericNote*> SelectedNotes(int voice);
+// Picked heads of chords that have others, where nothing else selects the chord: they stand for themselves.
+std::vector<GenericNote*> HeadsPickedAlone(int voice);
 void ForEachSelectedChord(int voice, const std::function<void(Chords*)>& action);
 std::vector<Irregular*> SelectedIrregulars(int voice);
-// Beams of which each symbol is selected; the others go to `partial`.
+// Beams of which each symbol is selected, or that are picked; the others go to `partial`.
 std::vector<Beam*> SelectedBeams(int voice, std::vector<Beam*>* partial = nullptr);
 
 // ---- Other objects, of one crossing or, for null, of all.

@@ -1,5 +1,6 @@
 #include "edit/ToolState.h"
 
+#include "edit/ControlPoints.h"
 #include "edit/WindowTarn.h"
 #include "model/Preferences.h"
 
@@ -62,7 +63,10 @@ void SetToolMode(int32_t mode) {
 void ApplyToolMode() {
     if (IsPlaying()) return;
     WindowTarn* window = WindowTarn::instance;
-    if (window && Tools().toolMode != ModeArrow) window->caret.visible = false;
+    if (window && Tools().toolMode != ModeArrow) {
+        window->caret.visible = false;
+        window->Handles().End();
+    }
     if (window) window->interaction.reset();  // a stroke that has begun was another tool's
     TellShell();
 }

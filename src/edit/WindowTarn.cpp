@@ -5,6 +5,7 @@
 
 #include "base/Assert.h"
 #include "edit/Clipboard.h"
+#include "edit/ControlPoints.h"
 #include "edit/ToolState.h"
 #include "layout/PageFit.h"
 #include "model/Preferences.h"
@@ -47,7 +48,8 @@ WindowTarn::WindowTarn(EditorShell& shell)
       _shell(shell),
       _sheet(std::make_unique<NewWindowSheet>()),
       _port(UnitPort()),
-      _selection(*_port) {
+      _selection(*_port),
+      _handles(std::make_unique<ControlPoints>(*this)) {
     _pool = MemoryManager::Instance().NewPool();
     WindowKit::Add(&windowRing, this);
     ++wndCounter;
@@ -90,7 +92,9 @@ WindowTarn* WindowTarn::OfPool(const NewMemoryPool* pool) {
 }
 
 void WindowTarn::Activate() {
-    if (std::exchange(instance, this) != this) TakeScoreSwitches(_document);
+    WindowTarn* before = std::exchange(instance, this);
+    if (before != this) TakeScoreSwitches(_document);
+    if (before && before != this) before->_handles->End();
     MemoryManager::Instance().SetCurrentPool(_pool);
     TakePageSize(_document);
 }
@@ -106,6 +110,7 @@ void WindowTarn::Bind(Document* document) {
 void WindowTarn::SetCurrentPage(Page* page) {
     if (page != _page) {
         interaction.reset();
+        _handles->End();
         DropTextEntry();
         if (!_selection.IsWholeScore()) _selection.Clear();
     }
@@ -116,6 +121,7 @@ void WindowTarn::SetCurrentPage(Page* page) {
 
 void WindowTarn::RefilePage() {
     if (_page) _sheet->FilePage(_page);
+    _handles->Renew();
     _shell.Refresh(*this);
 }
 
@@ -145,14 +151,19 @@ void SetUndoLevels(int levels) {
 }
 
 void WindowTarn::CommandBegins() {
+    interaction.reset();
     DropTextEntry();
+    _shell.Tell({});  // what was said of the command before
+    _handles->Renew();
     _pool->Memo().before = _page;
     cutPending = false;
 }
 
 void WindowTarn::CommandEnds() {
     _pool->Memo().after = _page;
+    _handles->Renew();
     _hasStep = true;
+    DropDeadPicks();
 }
 
 void WindowTarn::MarkCut() { _pool->Memo().mark = cutPending = true; }
@@ -190,8 +201,16 @@ void WindowTarn::DropDeadCaret() {
         caret.measure = nullptr;
 }
 
+void WindowTarn::DropDeadPicks() {
+    if (_selection.ThePicks().IsEmpty()) return;
+    std::vector<const void*> records;
+    for (const Pick& pick : _selection.ThePicks().List()) records.push_back(pick.record);
+    _selection.KeepLivingPicks(_pool->Living(records));
+}
+
 // `stepped`: it is another step than the one before.
 void WindowTarn::Exchange(bool redo, bool stepped) {
+    interaction.reset();
     DropTextEntry();
     const PoolScope scope(_pool);
     const StepMemo memo = _pool->Memo();
@@ -200,6 +219,7 @@ void WindowTarn::Exchange(bool redo, bool stepped) {
     redo ? _pool->Redo() : _pool->Undo();
     caret.visible = false;
     DropDeadCaret();
+    DropDeadPicks();
     RefreshPreferences(_document);
     if (instance == this) KeepScoreSwitches(_document);
     if (redo && memo.mark) ClipboardRedone(*this);

@@ -15,6 +15,7 @@
 
 namespace corvane {
 
+class ControlPoints;
 class NewMemoryPool;
 
 // Where a paste or a play starts: a place in a measure.
@@ -49,6 +50,7 @@ public:
     Document* GetDocument() const { return _document; }
     NewMemoryPool* Pool() const { return _pool; }
     NewWindowSheet& Sheet() { return *_sheet; }
+    const NewWindowSheet& Sheet() const { return *_sheet; }
     // Measures and keeps regions at one device unit for each page unit.
     GraphicPort& Port() { return *_port; }
     const GraphicPort& Port() const { return *_port; }
@@ -78,8 +80,13 @@ public:
     Caret caret;
     Selection& TheSelection() { return _selection; }
     const Selection& TheSelection() const { return _selection; }
+    // What has been picked and is no longer there is forgotten. Cost: what is picked.
+    void DropDeadPicks();
     // Tells the shell after a change of the selection.
     void SelectionChanged();
+    // Over the current page; they are gone when another window becomes the active one.
+    ControlPoints& Handles() { return *_handles; }
+    const ControlPoints& Handles() const { return *_handles; }
     // What the pressed pointer does; null while it is up.
     std::unique_ptr<Interaction> interaction;
     // What is being typed; null for nothing. It goes when anything else changes the score or the page.
@@ -103,6 +110,7 @@ private:
     std::unique_ptr<NewWindowSheet> _sheet;
     std::unique_ptr<GraphicPort> _port;
     Selection _selection;
+    std::unique_ptr<ControlPoints> _handles;
     Document* _document = nullptr;
     Page* _page = nullptr;
     std::string _title, _path;

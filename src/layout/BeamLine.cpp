@@ -43,6 +43,10 @@ void TakeHead(Heads& heads, const Stem* stem, const GenericNote* note) {
     ++heads.count;
 }
 
+const GenericNote* OuterHead(const Stem* stem, bool up) {
+    return up ? stemNotes.First(stem) : stemNotes.Last(stem);
+}
+
 // Calls visit for each marker that stands on a stem with heads.
 template <class Visit>
 void ForEachStem(const Beam* beam, Visit visit) {
@@ -84,20 +88,59 @@ bool PointsUp(const Beam* beam, const Heads& heads) {
     return pointed ? IsUp(pointed->_direction) : PointsUpByRule(heads);
 }
 
-// How far the line has to move away from the heads, so that every stem is long enough for its levels and, as
-// stems without a beam do, reaches the middle line.
-int32_t LackOf(const Beam* beam, const BeamLine& line, bool up) {
+// The first and the last stem whose length a person has told; null for none.
+struct Told {
+    const Stem *first = nullptr, *last = nullptr;
+
+    bool Turns() const { return first != last && AngledBeams(); }
+};
+Told ToldUnder(const Beam* beam) {
+    Told told;
+    ForEachStem(beam, [&](const Stem* stem, const BeamMarker*) {
+        if (!IsLengthTold(stem)) return;
+        if (!told.first) told.first = stem;
+        told.last = stem;
+    });
+    return told;
+}
+
+// What a stem needs by the rules, so that it is long enough for its levels and reaches the middle line as
+// stems without a beam do; hundredths of a line distance.
+int32_t UsualNeed(const Stem* stem, const BeamMarker* marker, bool up) {
+    const BeamClearance clearance(stem);
+    const int32_t wanted = std::max(clearance.least, clearance.Depth(marker->_leftValue) + kHeadRoom);
+    return IsGrace(stem) ? wanted : std::max(wanted, LengthToMiddleLine(OuterHead(stem, up), up));
+}
+
+// Where a person has told how far the beam stands off: its levels end at the heads.
+int32_t LeastNeed(const Stem* stem, const BeamMarker* marker, bool) {
+    return BeamClearance(stem).Depth(marker->_leftValue) + kHeadRoom / 2;
+}
+
+// How far the line has to move away from the heads, so that every stem has what it needs.
+int32_t LackOf(const Beam* beam, const BeamLine& line, bool up,
+               int32_t (*need)(const Stem*, const BeamMarker*, bool)) {
     int32_t lack = 0;
     ForEachStem(beam, [&](const Stem* stem, const BeamMarker* marker) {
-        const GenericNote* outer = up ? stemNotes.First(stem) : stemNotes.Last(stem);
-        const BeamClearance clearance(stem);
-        int32_t wanted = std::max(clearance.least, clearance.Depth(marker->_leftValue) + kHeadRoom);
-        if (!IsGrace(stem)) wanted = std::max(wanted, LengthToMiddleLine(outer, up));
+        const GenericNote* outer = OuterHead(stem, up);
+        const int32_t wanted = need(stem, marker, up);
         const int32_t y = PlaceOf(outer).stem.y, end = line.YAt(BeamXOf(stem));
         const int32_t length = up ? y - end : end - y;
         lack = std::max(lack, wanted * FrameOf(StaffPar(outer)).lineDistance / 100 - length);
     });
     return lack;
+}
+
+// The line moves to where a person's word has put the end of one of its stems, and turns where it has put
+// two; else it moves to where the rules need it.
+void MoveOff(BeamLine& line, const Beam* beam, bool up) {
+    const Told told = ToldUnder(beam);
+    if (told.Turns()) {
+        const int32_t way = BeamXOf(told.last) - BeamXOf(told.first);
+        if (way) line.slope = static_cast<double>(LineOf(told.last).told - LineOf(told.first).told) / way;
+    }
+    if (told.first) line.b = LineOf(told.first).told - BeamXOf(told.first) * line.slope;
+    line.b += LackOf(beam, line, up, told.first ? LeastNeed : UsualNeed) * (up ? -1 : 1);
 }
 
 // Under a beam a rest keeps its height unless the beam would run through it; then it moves by whole line
@@ -180,7 +223,7 @@ BeamLine ComputeBeam(const Beam* beam) {
     const int32_t way = BeamXOf(heads.lastStem) - BeamXOf(heads.firstStem);
     line.slope = CappedSlope(SlopeOf(heads, up), way, distance);
     line.b = head + (up ? -clear : clear) - BeamXOf(StemPar(anchor)) * line.slope;
-    line.b += LackOf(beam, line, up) * (up ? -1 : 1);
+    MoveOff(line, beam, up);
     const int32_t startX = BeamXOf(beamSymbolAttributes.ParentOf(beamMarkers.First(beam)));
     const int32_t endX = BeamXOf(beamSymbolAttributes.ParentOf(beamMarkers.Last(beam)));
     line.start = {startX, line.YAt(startX)};

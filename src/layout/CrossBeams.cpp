@@ -69,16 +69,6 @@ std::vector<Chords*> ChordsOnOtherStaffs(const ChordSymbol* column) {
     return chords;
 }
 
-// Thousandths of a whole note.
-double OnsetOf(const Chords* chord) {
-    double time = 0.0;
-    for (const VoiceSymbol* symbol : voiceSymbols.Of(VoicePar(chord))) {
-        if (symbol == chord) break;
-        if (!IsGrace(symbol)) time += Duration(symbol);
-    }
-    return time;
-}
-
 bool IsParted(const ChordSymbol* column) {
     constexpr double kSameTime = 0.001;
     const Chords* first = chordSymbolChords.First(column);
@@ -95,7 +85,7 @@ Stem* JoinColumns(const std::vector<Chords*>& chords) {
     Stem* stem = StemOf(chords.front());
     for (const Chords* chord : chords)
         if (ChordSymbol* column = ChordSymbolPar(chord); column != ChordSymbolPar(stem)) Absorb(column, stem);
-    Say(stem, kSaidDirection, false);
+    Say(stem, kSaidDirection | kSaidLength, false);
     RestemChord(chords.front());
     return stem;
 }
@@ -104,8 +94,10 @@ void SplitCrossChord(ChordSymbol* column) {
     for (auto others = ChordsOnOtherStaffs(column); !others.empty(); others = ChordsOnOtherStaffs(column))
         PartFrom(column, others);
     Chords* chord = chordSymbolChords.First(column);
+    Stem* stem = StemOf(chord);
+    Say(stem, kSaidLength, false);  // it counted from another place
     RestemChord(chord);
-    if (Stem* stem = StemOf(chord); !FlagOf(stem)) AttachFlag(stem, column->_value);
+    if (!FlagOf(stem)) AttachFlag(stem, column->_value);
 }
 
 void SplitPartedColumns(const Voice* voice) {
@@ -132,7 +124,7 @@ CrossBeam* BuildCrossBeam(const std::vector<Stem*>& stems) {
         marker->_rightValue = kNotCut;
         marker->_level = static_cast<uint8_t>(stem == stems.back() ? kNotConnected : kFullConnection);
         RemoveFlag(stem);
-        Say(stem, kSaidDirection | kSaidAlone, false);
+        Say(stem, kSaidDirection | kSaidAlone | kSaidLength, false);
         beamSymbolAttributes.Add(stem, marker);
         beamMarkers.Add(beam, marker);
     }

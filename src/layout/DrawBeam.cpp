@@ -20,6 +20,14 @@ void Paint(GraphicPort& port, const BeamMarker& marker, const DrawContext& conte
     }
 }
 
+std::vector<Point> OutlineOf(const BeamMarker& marker) {
+    const Beam* beam = beamMarkers.ParentOf(&marker);
+    std::vector<Point> line;
+    if (!beam || beamMarkers.First(beam) != &marker) return line;
+    for (const BeamStroke& stroke : StrokesOf(beam)) line.insert(line.end(), {stroke.from, stroke.to});
+    return line;
+}
+
 int VoiceNumberOf(const BeamMarker& marker) {
     const BeamSymbol* symbol = beamSymbolAttributes.ParentOf(&marker);
     if (const auto* pause = As<Pause>(symbol)) return VoiceNumberOf(*pause);

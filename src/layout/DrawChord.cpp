@@ -13,23 +13,19 @@ namespace {
 
 int32_t DistanceAt(const GenericNote* note) { return FrameOf(StaffPar(note)).lineDistance; }
 
-void PaintLedgerLines(GraphicPort& port, const LedgerLines& ledgers) {
-    for (int i = 0; i < ledgers.count; ++i)
-        PaintLevel(port, ledgers.left, ledgers.right, ledgers.first + i * ledgers.step, ledgers.weight);
-}
-
 void PaintHead(GraphicPort& port, const GenericNote* note, const Column& column, const DrawContext& context) {
     const PenKept kept(port);
     if (note->_hidden && !UseHiddenColour(port, context.hiddenNotes, context.printing)) return;
     const Point place = DrawnPlaceOf(note, column);
     DrawSymbol(port, note->_symbol, place.x, place.y, DistanceAt(note), note->_size, SideLetterOf(note));
-    if (!note->_hidden) PaintLedgerLines(port, LedgerLinesOf(note, column));
+    if (!note->_hidden) Paint(port, LedgerLinesOf(note, column));
 }
 
-void PaintStem(GraphicPort& port, const Column& column) {
+void PaintStem(GraphicPort& port, const Column& column, int32_t endMovedBy) {
     if (!HasStemInk(column.stem)) return;
     const PenKept kept(port);
-    const Rect ink = StemInk(column);
+    Rect ink = StemInk(column);
+    (IsUp(column.stem->_direction) ? ink.top : ink.bottom) += endMovedBy;
     PaintUpright(port, ink.left, ink.top, ink.bottom, ink.Width());
 }
 
@@ -52,9 +48,19 @@ void PaintFlags(GraphicPort& port, const Column& column) {
 
 }  // namespace
 
+void Paint(GraphicPort& port, const LedgerLines& ledgers) {
+    for (int i = 0; i < ledgers.count; ++i)
+        PaintLevel(port, ledgers.left, ledgers.right, ledgers.first + i * ledgers.step, ledgers.weight);
+}
+
 Rect InkOf(const ChordSymbol& chordSymbol) { return RectOf(&chordSymbol); }
 
 void Paint(GraphicPort& port, const ChordSymbol& chordSymbol, const DrawContext& context) {
+    Paint(port, chordSymbol, context, nullptr);
+}
+
+void Paint(GraphicPort& port, const ChordSymbol& chordSymbol, const DrawContext& context,
+           const EndMove& endMovedBy) {
     const PenKept kept(port);
     const Colour columnColour = port.CurrentColor();
     for (const Chords* chord : chordSymbolChords.Of(&chordSymbol)) {
@@ -68,7 +74,7 @@ void Paint(GraphicPort& port, const ChordSymbol& chordSymbol, const DrawContext&
     for (const Stem* stem : chordSymbolStems.Of(&chordSymbol)) {
         if (IsHidden(stem) && !UseHiddenColour(port, context.hiddenStems, context.printing)) continue;
         const Column column(stem);
-        PaintStem(port, column);
+        PaintStem(port, column, endMovedBy ? endMovedBy(stem) : 0);
         PaintFlags(port, column);
         port.SetColor(columnColour);
     }

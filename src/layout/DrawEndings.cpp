@@ -75,6 +75,13 @@ void UseTextFont(GraphicPort& port, const MarkEndings& mark, int32_t size) {
     port.SetFontStyle(font ? font->_style.Get() : uint8_t{0});
 }
 
+Rect TextInk(const MarkEndings& mark, const Piece& piece) {
+    if (piece.text.empty()) return {};
+    MemoryPort port;
+    UseTextFont(port, mark, piece.textSize);
+    return port.StringRect(piece.text).MovedBy(piece.textAt.x, piece.textAt.y);
+}
+
 }  // namespace
 
 Rect InkOf(const MarkEndings& mark) {
@@ -83,10 +90,20 @@ Rect InkOf(const MarkEndings& mark) {
     const int32_t half = (piece.weight + 1) / 2;
     Rect ink{piece.left, piece.y - half, piece.right, piece.y + half};
     if (piece.opens || piece.closes) ink.bottom = piece.bottom;
-    if (piece.text.empty()) return ink;
-    MemoryPort port;
-    UseTextFont(port, mark, piece.textSize);
-    return Union(ink, port.StringRect(piece.text).MovedBy(piece.textAt.x, piece.textAt.y));
+    return Union(ink, TextInk(mark, piece));
+}
+
+std::vector<Point> OutlineOf(const MarkEndings& mark) {
+    const Piece piece = PieceOf(mark);
+    if (piece.IsEmpty()) return {};
+    std::vector<Point> line{{piece.left, piece.y}, {piece.right, piece.y}};
+    if (piece.opens) line.insert(line.begin(), {piece.left, piece.bottom});
+    if (piece.closes) line.push_back({piece.right, piece.bottom});
+    return line;
+}
+
+bool Touches(const MarkEndings& mark, Point p) {
+    return IsNearLine(OutlineOf(mark), p) || TextInk(mark, PieceOf(mark)).EnclosesStrictly(p);
 }
 
 Rect InkOfMark(const MarkEndings* mark) { return InkOf(*mark); }

@@ -2,6 +2,7 @@
 // family; DrawPatch.cpp lists them in one table.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "graphics/GraphicPort.h"
@@ -30,6 +31,10 @@ void Paint(GraphicPort& port, const TimeSignature& time, const DrawContext& cont
 // Notes: DrawChord.cpp, DrawRest.cpp, DrawSigns.cpp, DrawBeam.cpp.
 Rect InkOf(const ChordSymbol& chordSymbol);
 void Paint(GraphicPort& port, const ChordSymbol& chordSymbol, const DrawContext& context);
+// The same with the ends of its stems moved by so much, downward.
+using EndMove = std::function<int32_t(const Stem* stem)>;
+void Paint(GraphicPort& port, const ChordSymbol& chordSymbol, const DrawContext& context,
+           const EndMove& endMovedBy);
 Rect InkOf(const Pause& pause);
 void Paint(GraphicPort& port, const Pause& pause, const DrawContext& context);
 Rect InkOf(const Accident& accident);
@@ -38,6 +43,7 @@ Rect InkOf(const Dot& dot);
 void Paint(GraphicPort& port, const Dot& dot, const DrawContext& context);
 Rect InkOf(const BeamMarker& marker);
 void Paint(GraphicPort& port, const BeamMarker& marker, const DrawContext& context);
+std::vector<Point> OutlineOf(const BeamMarker& marker);  // along its strokes
 
 // Spanners, each by its marks: DrawTie.cpp, DrawTuplet.cpp, DrawSlur.cpp, DrawHairpin.cpp, DrawLines.cpp. An
 // outline is what a press is measured from.
@@ -63,6 +69,14 @@ Rect InkOf(const MarkPedale& mark);
 void Paint(GraphicPort& port, const MarkPedale& mark, const DrawContext& context);
 std::vector<Point> OutlineOf(const MarkPedale& mark);
 
+// What a mark's line would look like on a system if it ran elsewhere.
+struct SpannerPart;
+struct LineRun;
+void Paint(GraphicPort& port, const MarkHairpin& mark, const SpannerPart& part, const LineRun& run);
+void Paint(GraphicPort& port, const MarkOttava& mark, const SpannerPart& part, const LineRun& run);
+void Paint(GraphicPort& port, const MarkTrillo& mark, const SpannerPart& part, const LineRun& run);
+void Paint(GraphicPort& port, const MarkPedale& mark, const SpannerPart& part, const LineRun& run);
+
 // DrawNoteSigns.cpp.
 Rect InkOf(const SymbolAttribute& sign);
 void Paint(GraphicPort& port, const SymbolAttribute& sign, const DrawContext& context);
@@ -75,6 +89,8 @@ Rect InkOf(const Time& mark);
 void Paint(GraphicPort& port, const Time& mark, const DrawContext& context);
 Rect InkOf(const MarkEndings& mark);
 void Paint(GraphicPort& port, const MarkEndings& mark, const DrawContext& context);
+std::vector<Point> OutlineOf(const MarkEndings& mark);
+bool Touches(const MarkEndings& mark, Point p);  // near the line, or on the text
 Rect InkOf(const Coda& coda);
 void Paint(GraphicPort& port, const Coda& coda, const DrawContext& context);
 Rect InkOf(const SimboliVari& sign);
@@ -125,6 +141,11 @@ private:
     Colour _colour;
     Point _pen;
 };
+
+struct LedgerLines;
+void Paint(GraphicPort& port, const LedgerLines& ledgers);
+// A press at most 30 page units beside a line is on it.
+bool IsNearLine(const std::vector<Point>& line, Point p);
 
 // Whether something hidden is painted now; its colour is set then. The caller keeps the pen.
 bool UseHiddenColour(GraphicPort& port, const HiddenRule& rule, bool printing);

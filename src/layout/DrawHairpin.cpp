@@ -23,24 +23,35 @@ double Time(const MeasureStaff* crossing, int32_t perMille) {
     return MeasurePar(crossing)->_number + perMille / 1000.0;
 }
 
-Wedge WedgeOf(const MarkHairpin& mark) {
-    const SpannerPart part = PartOf(&mark);
-    const Hairpin* hairpin = hairpinMarks.ParentOf(&mark);
+Wedge WedgeOf(const Hairpin* hairpin, const SpannerPart& part, const LineRun& run) {
     if (!part || !hairpin) return {};
     Wedge wedge;
-    wedge.place = PlaceOf(part, hairpin->_from, hairpin->_to, hairpin->_y);
+    wedge.place = PlaceOf(part, run);
     wedge.weight = WeightOf(kWeight, part.staff.lineDistance);
-    const double start = Time(part.first, hairpin->_from), end = Time(part.last, hairpin->_to);
+    const double start = Time(part.first, run.from), end = Time(part.last, run.to);
     const double left = part.begins ? start : systemMeasures.First(part.system)->_number.Get();
     const double right = part.ends ? end : systemMeasures.Last(part.system)->_number + 1.0;
     const auto opening = [&](double time) {
         const double grown = end > start ? std::clamp((time - start) / (end - start), 0.0, 1.0) : 1.0;
         const double share = hairpin->_kind == HairpinKind::Diminuendo ? 1 - grown : grown;
-        return Round(share * hairpin->_opening * part.staff.lineDistance / 1000);
+        return Round(share * run.opening * part.staff.lineDistance / 1000);
     };
     wedge.leftOpening = opening(left);
     wedge.rightOpening = opening(right);
     return wedge;
+}
+
+Wedge WedgeOf(const MarkHairpin& mark) {
+    return WedgeOf(hairpinMarks.ParentOf(&mark), PartOf(&mark), RunOf(&mark));
+}
+
+void Paint(GraphicPort& port, const Wedge& wedge) {
+    if (wedge.place.IsEmpty()) return;
+    const PenKept kept(port);
+    port.SetPenSize(wedge.weight, wedge.weight);
+    for (const int32_t side : {-1, 1})
+        port.DrawLine(wedge.place.left, wedge.place.y + side * wedge.leftOpening / 2, wedge.place.right,
+                      wedge.place.y + side * wedge.rightOpening / 2);
 }
 
 }  // namespace
@@ -53,14 +64,9 @@ Rect InkOf(const MarkHairpin& mark) {
     return axis.GrownBy((wedge.weight + 1) / 2);
 }
 
-void Paint(GraphicPort& port, const MarkHairpin& mark, const DrawContext&) {
-    const Wedge wedge = WedgeOf(mark);
-    if (wedge.place.IsEmpty()) return;
-    const PenKept kept(port);
-    port.SetPenSize(wedge.weight, wedge.weight);
-    for (const int32_t side : {-1, 1})
-        port.DrawLine(wedge.place.left, wedge.place.y + side * wedge.leftOpening / 2, wedge.place.right,
-                      wedge.place.y + side * wedge.rightOpening / 2);
+void Paint(GraphicPort& port, const MarkHairpin& mark, const DrawContext&) { Paint(port, WedgeOf(mark)); }
+void Paint(GraphicPort& port, const MarkHairpin& mark, const SpannerPart& part, const LineRun& run) {
+    Paint(port, WedgeOf(hairpinMarks.ParentOf(&mark), part, run));
 }
 
 std::vector<Point> OutlineOf(const MarkHairpin& mark) {

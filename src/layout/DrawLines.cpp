@@ -42,11 +42,9 @@ struct OctaveLine {
     }
 };
 
-OctaveLine LineOf(const MarkOttava& mark) {
-    const SpannerPart part = PartOf(&mark);
-    const Ottava* ottava = ottavaMarks.ParentOf(&mark);
+OctaveLine LineOf(const Ottava* ottava, const SpannerPart& part, const LineRun& run) {
     if (!part || !ottava || !ottava->_symbol.Get()) return {};
-    const LinePlace place = PlaceOf(part, ottava->_from, ottava->_to, ottava->_y);
+    const LinePlace place = PlaceOf(part, run);
     OctaveLine line;
     line.lineDistance = part.staff.lineDistance;
     line.sign = Sign(ottava->_symbol, {place.left, place.y}, line.lineDistance);
@@ -59,6 +57,20 @@ OctaveLine LineOf(const MarkOttava& mark) {
     line.y = below ? line.sign.ink.bottom - line.weight / 2 : line.sign.ink.top + line.weight / 2;
     if (part.ends) line.hook = part.Hundredths(below ? -kHook : kHook);
     return line;
+}
+OctaveLine LineOf(const MarkOttava& mark) {
+    return LineOf(ottavaMarks.ParentOf(&mark), PartOf(&mark), RunOf(&mark));
+}
+
+void Paint(GraphicPort& port, const OctaveLine& line) {
+    line.sign.Paint(port, line.lineDistance);
+    if (line.right <= line.left) return;
+    const PenKept kept(port);
+    port.SetPenSize(line.weight, line.weight);
+    // From the right, so that a whole dash meets the hook.
+    for (int32_t x = line.right; x > line.left; x -= line.dash + line.gap)
+        port.DrawLine(std::max(line.left, x - line.dash), line.y, x, line.y);
+    if (line.hook) port.DrawLine(line.right, line.y, line.right, line.y + line.hook);
 }
 
 // ---- Trill lines: the sign, then waves.
@@ -75,11 +87,9 @@ struct TrillLine {
     }
 };
 
-TrillLine LineOf(const MarkTrillo& mark) {
-    const SpannerPart part = PartOf(&mark);
-    const Trillo* trill = trilloMarks.ParentOf(&mark);
+TrillLine LineOf(const Trillo* trill, const SpannerPart& part, const LineRun& run) {
     if (!part || !trill) return {};
-    const LinePlace place = PlaceOf(part, trill->_from, trill->_to, trill->_y);
+    const LinePlace place = PlaceOf(part, run);
     TrillLine line;
     line.lineDistance = part.staff.lineDistance;
     int32_t x = place.left, middle = place.y - part.Hundredths(50);
@@ -95,6 +105,14 @@ TrillLine LineOf(const MarkTrillo& mark) {
         line.waves.emplace_back(trill->_bracket, Point{x, baseline}, line.lineDistance);
     return line;
 }
+TrillLine LineOf(const MarkTrillo& mark) {
+    return LineOf(trilloMarks.ParentOf(&mark), PartOf(&mark), RunOf(&mark));
+}
+
+void Paint(GraphicPort& port, const TrillLine& line) {
+    line.sign.Paint(port, line.lineDistance);
+    for (const Sign& wave : line.waves) wave.Paint(port, line.lineDistance);
+}
 
 // ---- Pedal lines: a line with a hook up at either end of the whole.
 
@@ -104,28 +122,32 @@ struct PedalLine {
     int32_t hook = 0, weight = 0;
 };
 
-PedalLine LineOf(const MarkPedale& mark) {
-    const SpannerPart part = PartOf(&mark);
-    const Pedale* pedal = pedaleMarks.ParentOf(&mark);
+PedalLine LineOf(const Pedale* pedal, const SpannerPart& part, const LineRun& run) {
     if (!part || !pedal) return {};
-    return {PlaceOf(part, pedal->_from, pedal->_to, pedal->_y), part.begins, part.ends,
-            part.Hundredths(kHook), WeightOf(kWeight, part.staff.lineDistance)};
+    return {PlaceOf(part, run), part.begins, part.ends, part.Hundredths(kHook),
+            WeightOf(kWeight, part.staff.lineDistance)};
+}
+PedalLine LineOf(const MarkPedale& mark) {
+    return LineOf(pedaleMarks.ParentOf(&mark), PartOf(&mark), RunOf(&mark));
+}
+
+void Paint(GraphicPort& port, const PedalLine& line) {
+    if (line.place.IsEmpty()) return;
+    const PenKept kept(port);
+    const LinePlace& p = line.place;
+    port.SetPenSize(line.weight, line.weight);
+    port.DrawLine(p.left, p.y, p.right, p.y);
+    if (line.begins) port.DrawLine(p.left, p.y - line.hook, p.left, p.y);
+    if (line.ends) port.DrawLine(p.right, p.y - line.hook, p.right, p.y);
 }
 
 }  // namespace
 
 Rect InkOf(const MarkOttava& mark) { return LineOf(mark).Ink(); }
 
-void Paint(GraphicPort& port, const MarkOttava& mark, const DrawContext&) {
-    const OctaveLine line = LineOf(mark);
-    line.sign.Paint(port, line.lineDistance);
-    if (line.right <= line.left) return;
-    const PenKept kept(port);
-    port.SetPenSize(line.weight, line.weight);
-    // From the right, so that a whole dash meets the hook.
-    for (int32_t x = line.right; x > line.left; x -= line.dash + line.gap)
-        port.DrawLine(std::max(line.left, x - line.dash), line.y, x, line.y);
-    if (line.hook) port.DrawLine(line.right, line.y, line.right, line.y + line.hook);
+void Paint(GraphicPort& port, const MarkOttava& mark, const DrawContext&) { Paint(port, LineOf(mark)); }
+void Paint(GraphicPort& port, const MarkOttava& mark, const SpannerPart& part, const LineRun& run) {
+    Paint(port, LineOf(ottavaMarks.ParentOf(&mark), part, run));
 }
 
 std::vector<Point> OutlineOf(const MarkOttava& mark) {
@@ -140,10 +162,9 @@ std::vector<Point> OutlineOf(const MarkOttava& mark) {
 
 Rect InkOf(const MarkTrillo& mark) { return LineOf(mark).Ink(); }
 
-void Paint(GraphicPort& port, const MarkTrillo& mark, const DrawContext&) {
-    const TrillLine line = LineOf(mark);
-    line.sign.Paint(port, line.lineDistance);
-    for (const Sign& wave : line.waves) wave.Paint(port, line.lineDistance);
+void Paint(GraphicPort& port, const MarkTrillo& mark, const DrawContext&) { Paint(port, LineOf(mark)); }
+void Paint(GraphicPort& port, const MarkTrillo& mark, const SpannerPart& part, const LineRun& run) {
+    Paint(port, LineOf(trilloMarks.ParentOf(&mark), part, run));
 }
 
 std::vector<Point> OutlineOf(const MarkTrillo& mark) {
@@ -160,15 +181,9 @@ Rect InkOf(const MarkPedale& mark) {
         (line.weight + 1) / 2);
 }
 
-void Paint(GraphicPort& port, const MarkPedale& mark, const DrawContext&) {
-    const PedalLine line = LineOf(mark);
-    if (line.place.IsEmpty()) return;
-    const PenKept kept(port);
-    const LinePlace& p = line.place;
-    port.SetPenSize(line.weight, line.weight);
-    port.DrawLine(p.left, p.y, p.right, p.y);
-    if (line.begins) port.DrawLine(p.left, p.y - line.hook, p.left, p.y);
-    if (line.ends) port.DrawLine(p.right, p.y - line.hook, p.right, p.y);
+void Paint(GraphicPort& port, const MarkPedale& mark, const DrawContext&) { Paint(port, LineOf(mark)); }
+void Paint(GraphicPort& port, const MarkPedale& mark, const SpannerPart& part, const LineRun& run) {
+    Paint(port, LineOf(pedaleMarks.ParentOf(&mark), part, run));
 }
 
 std::vector<Point> OutlineOf(const MarkPedale& mark) {

@@ -24,12 +24,6 @@ double DistanceFrom(Point a, Point b, Point p) {
     return std::hypot(p.x - a.x - t * dx, p.y - a.y - t * dy);
 }
 
-bool IsNearLine(const std::vector<Point>& line, Point p) {
-    for (size_t i = 1; i < line.size(); ++i)
-        if (DistanceFrom(line[i - 1], line[i], p) < kReach) return true;
-    return false;
-}
-
 bool LineMeetsRegion(const GraphicPort& port, const std::vector<Point>& line, const WRegion& region) {
     for (size_t i = 1; i < line.size(); ++i) {
         const Point a = line[i - 1], b = line[i];
@@ -64,6 +58,12 @@ public:
             return LineMeetsRegion(port, OutlineOf(Of(object)), region);
         else
             return kHits == Hits::Rectangle && PatchBehaviour::HitRegion(port, object, region);
+    }
+    std::vector<Point> Outline(const void* object) const override {
+        if constexpr (requires(const R& r) { OutlineOf(r); })
+            return OutlineOf(Of(object));
+        else
+            return {};
     }
     bool IsLate() const override { return kWhen == When::Late; }
     int VoiceOf(const void* object) const override {
@@ -113,7 +113,7 @@ std::array<const PatchBehaviour*, kClasses> MakeTable() {
              RowOf<Pause>(),
              RowOf<Accident, Hits::Rectangle, When::Late>(),
              RowOf<Dot>(),
-             RowOf<BeamMarker>(),
+             RowOf<BeamMarker, Hits::Outline>(),
              RowOf<MarkValue, Hits::Outline>(),
              RowOf<MarkIrreg, Hits::Outline>(),
              RowOf<MarkSlur, Hits::Outline>(),
@@ -169,6 +169,12 @@ DrawPatch PatchOf(void* record) {
 }
 
 // ---- Helpers of the families
+
+bool IsNearLine(const std::vector<Point>& line, Point p) {
+    for (size_t i = 1; i < line.size(); ++i)
+        if (DistanceFrom(line[i - 1], line[i], p) < kReach) return true;
+    return false;
+}
 
 bool UseHiddenColour(GraphicPort& port, const HiddenRule& rule, bool printing) {
     if (printing ? rule.hideInPrint : !rule.show) return false;

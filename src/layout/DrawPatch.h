@@ -2,6 +2,8 @@
 // the behaviour of its class behind it. Handles are values; equal handles name the same object.
 #pragma once
 
+#include <vector>
+
 #include "base/Geometry.h"
 #include "layout/VoiceColours.h"
 #include "model/Relations.h"
@@ -37,6 +39,8 @@ public:
     virtual Rect Bounds(const void* object) const = 0;
     // Strictly inside the rectangle, unless a class knows better.
     virtual bool Hit(const void* object, Point p) const { return Bounds(object).EnclosesStrictly(p); }
+    // The line that presses of what is long and thin are measured from; empty for everything else.
+    virtual std::vector<Point> Outline(const void*) const { return {}; }
     // The region is one of this port.
     virtual bool HitRegion(const GraphicPort& port, const void* object, const WRegion& region) const;
     // Drawn after the rest of its tile: accidentals and handles.

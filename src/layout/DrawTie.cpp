@@ -6,7 +6,7 @@
 #include "layout/Engraving.h"
 #include "layout/HiddenInk.h"
 #include "layout/NoteGeometry.h"
-#include "layout/TaperedCurve.h"
+#include "layout/TieShape.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
@@ -25,6 +25,8 @@ constexpr int32_t kBeside = 15, kFromMiddle = 15, kOver = 72, kOverBeside = 24, 
 // much.
 constexpr int32_t kFlattest = 26, kGrowth = 6, kFromLine = 24, kHighest = 75, kShoulder = 250;
 constexpr int32_t kTip = 6, kMiddle = 22;
+// No hand pulls a tie higher than this, thousandths of a line distance: what a damaged file may tell.
+constexpr int32_t kHighestTie = 100000;
 
 bool Upward(const GenericNote* note) { return IsUp(StemPar(note)->_direction); }
 
@@ -126,7 +128,7 @@ bool IsDrawn(const GenericNote* note) {
     return note && StemPar(note) && ChordPar(note) && StaffPar(note) && SystemPar(MeasurePar(note));
 }
 
-TaperedCurve CurveOf(const MarkValue& mark) {
+TiePiece MakePiece(const MarkValue& mark, int32_t told) {
     const GenericNote *own = noteAttributes.ParentOf(&mark), *partner = TiePartnerOf(&mark);
     if (!IsDrawn(own) || !IsDrawn(partner)) return {};
     const bool starts = StandsBefore(own, partner);
@@ -148,23 +150,36 @@ TaperedCurve CurveOf(const MarkValue& mark) {
     } else if (!together) {
         to = {SystemRight(MeasurePar(own)) - hundredths(kFromBarline), from.y};
     }
-    const int32_t height = HeightOf(staff, from, to.x - from.x, up, PreferredHeight(own, up));
-    TaperedCurve curve = ArchOf(from, to, hundredths(height), up, kShoulder);
-    curve.tip = hundredths(kTip);
-    curve.middle = hundredths(kMiddle);
-    return curve;
+    TiePiece piece;
+    piece.up = up;
+    piece.lineDistance = staff.lineDistance;
+    piece.height = told ? std::clamp(told, kFlattestTie, kHighestTie)
+                        : 10 * HeightOf(staff, from, to.x - from.x, up, PreferredHeight(own, up));
+    piece.curve = ArchOf(from, to, piece.height * staff.lineDistance / 1000, up, kShoulder);
+    piece.curve.tip = hundredths(kTip);
+    piece.curve.middle = hundredths(kMiddle);
+    return piece;
 }
 
 }  // namespace
 
-Rect InkOf(const MarkValue& mark) { return InkOf(CurveOf(mark)); }
+TiePiece PieceOf(const MarkValue& mark, int32_t height) { return MakePiece(mark, height); }
+TiePiece PieceOf(const MarkValue& mark) {
+    const TieValue* tie = tieMarks.ParentOf(&mark);
+    return MakePiece(mark, tie ? ToldHeight(tie) : 0);
+}
+
+int32_t ToldHeight(const TieValue* tie) { return tie->_geometry[0]; }
+void TellHeight(TieValue* tie, int32_t height) { tie->_geometry[0] = height; }
+
+Rect InkOf(const MarkValue& mark) { return InkOf(PieceOf(mark).curve); }
 void Paint(GraphicPort& port, const MarkValue& mark, const DrawContext& context) {
     const PenKept kept(port);
     if (IsHidden(&mark) && !UseHiddenColour(port, context.hiddenNotes, context.printing)) return;
-    Paint(port, CurveOf(mark));
+    Paint(port, PieceOf(mark).curve);
 }
 std::vector<Point> OutlineOf(const MarkValue& mark) {
-    const TaperedCurve curve = CurveOf(mark);
+    const TaperedCurve curve = PieceOf(mark).curve;
     return curve.IsEmpty() ? std::vector<Point>{} : PointsAlong(curve);
 }
 int VoiceNumberOf(const MarkValue& mark) {

@@ -11,6 +11,7 @@
 #include "layout/HiddenInk.h"
 #include "layout/LineWeights.h"
 #include "layout/NoteGeometry.h"
+#include "layout/TupletShape.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
@@ -29,19 +30,6 @@ constexpr uint8_t kItalic = 2;
 // are until somebody chooses another one.
 constexpr std::string_view kUsualFace = "Courier New", kTextFace = "Times New Roman";
 
-struct TupletPicture {
-    std::string figure;
-    Point baseline;  // its left end
-    int32_t size = 0;
-    Rect figureInk;
-    bool bracketed = false;
-    Point left, right;  // the line's ends
-    int32_t hook = 0;   // downward
-    int32_t weight = 0;
-
-    bool IsEmpty() const { return !bracketed && figureInk.IsEmpty(); }
-};
-
 Rect InkOf(const VoiceSymbol* symbol) {
     if (const auto* pause = As<Pause>(symbol)) return RectOf(pause);
     return RectOf(ChordSymbolPar(As<Chords>(symbol)));
@@ -55,7 +43,7 @@ const BeamSymbol* BeamSymbolOf(const VoiceSymbol* symbol) {
 // Works out the picture of one tuplet from its events.
 class TupletShape {
 public:
-    explicit TupletShape(const Irregular* irregular) : _irregular(irregular) {
+    TupletShape(const Irregular* irregular, const TupletEnds& ends) : _irregular(irregular), _ends(ends) {
         for (const MarkIrreg* mark : irregularMarks.Of(irregular))
             if (const VoiceSymbol* symbol = voiceSymbolAttributes.ParentOf(mark)) _events.push_back(symbol);
     }
@@ -66,6 +54,7 @@ public:
         _staff = FrameOf(staff);
         _beam = CommonBeam();
         _above = IsAbove();
+        _picture.lineDistance = _staff.lineDistance;
         _picture.weight = WeightOf(kBracketWeight, _staff.lineDistance);
         _picture.hook = _above ? Hundredths(kHook) : -Hundredths(kHook);
         PlaceLine();
@@ -125,15 +114,14 @@ private:
             const Rect ink = InkOf(event);
             for (const int32_t x : {ink.left, ink.right}) y = Outer(y, EdgeOf(event) + clear - rise(x));
         }
-        _picture.left = Point{first.left, y} + Moved(_irregular->_leftX, _irregular->_leftY);
-        _picture.right =
-            Point{last.right, y + rise(last.right)} + Moved(_irregular->_rightX, _irregular->_rightY);
+        _picture.left = Point{first.left, y} + Moved(_ends.left);
+        _picture.right = Point{last.right, y + rise(last.right)} + Moved(_ends.right);
         const TupletBracket bracket = BracketOf(_irregular);
         _picture.bracketed =
             bracket == TupletBracket::Always || (bracket == TupletBracket::UnlessBeamed && !_beam);
     }
 
-    Point Moved(int32_t x, int32_t y) const { return {Hundredths(x), Hundredths(y)}; }
+    Point Moved(Point by) const { return {Hundredths(by.x), Hundredths(by.y)}; }
 
     std::string Figure() const {
         const int count = _irregular->_count, normal = _irregular->_inTimeOf;
@@ -153,7 +141,8 @@ private:
             return {(_picture.left.x + _picture.right.x) / 2, (_picture.left.y + _picture.right.y) / 2};
         const StemLine first = EndOf(_events.front()), last = EndOf(_events.back());
         const int32_t out = Hundredths(kFromBeam);
-        return {(first.x + last.x) / 2, (first.end + last.end) / 2 + (_above ? -out : out)};
+        const Point both = _ends.left + _ends.right, moved = Moved({both.x / 2, both.y / 2});
+        return Point{(first.x + last.x) / 2, (first.end + last.end) / 2 + (_above ? -out : out)} + moved;
     }
 
     // Of a stem, or of the nearest one to a rest at the group's edge.
@@ -170,7 +159,7 @@ private:
         _picture.figure = Figure();
         if (_picture.figure.empty()) return;
         const auto* preferences = Preferences<IrregPref>(DocumentPar(_events.front()));
-        const Point moved = preferences ? Moved(preferences->_dx, preferences->_dy) : Point{};
+        const Point moved = preferences ? Moved({preferences->_dx, preferences->_dy}) : Point{};
         const Point middle = FigureMiddle() + moved;
         _picture.size = Round(kFigureSize * _staff.lineDistance / 100.0);
         MemoryPort port;
@@ -193,6 +182,7 @@ public:
 
 private:
     const Irregular* _irregular;
+    const TupletEnds _ends;
     std::vector<const VoiceSymbol*> _events;
     StaffFrame _staff;
     const Beam* _beam = nullptr;
@@ -203,7 +193,7 @@ private:
 TupletPicture PictureOf(const MarkIrreg& mark) {
     const Irregular* irregular = irregularMarks.ParentOf(&mark);
     if (!irregular || irregularMarks.First(irregular) != &mark) return {};
-    return TupletShape(irregular).Take();
+    return PictureOf(irregular, EndsOf(irregular));
 }
 
 int32_t YAt(const TupletPicture& picture, int32_t x) {
@@ -212,6 +202,21 @@ int32_t YAt(const TupletPicture& picture, int32_t x) {
 }
 
 }  // namespace
+
+TupletEnds EndsOf(const Irregular* tuplet) {
+    return {{tuplet->_leftX, tuplet->_leftY}, {tuplet->_rightX, tuplet->_rightY}};
+}
+
+void MoveEnds(Irregular* tuplet, const TupletEnds& ends) {
+    tuplet->_leftX = ends.left.x;
+    tuplet->_leftY = ends.left.y;
+    tuplet->_rightX = ends.right.x;
+    tuplet->_rightY = ends.right.y;
+}
+
+TupletPicture PictureOf(const Irregular* tuplet, const TupletEnds& ends) {
+    return TupletShape(tuplet, ends).Take();
+}
 
 Rect InkOf(const MarkIrreg& mark) {
     const TupletPicture picture = PictureOf(mark);
@@ -223,9 +228,13 @@ Rect InkOf(const MarkIrreg& mark) {
     return ink;
 }
 
-// A hidden one is seen where hidden notes are.
 void Paint(GraphicPort& port, const MarkIrreg& mark, const DrawContext& context) {
-    const TupletPicture picture = PictureOf(mark);
+    Paint(port, mark, PictureOf(mark), context);
+}
+
+// A hidden one is seen where hidden notes are.
+void Paint(GraphicPort& port, const MarkIrreg& mark, const TupletPicture& picture,
+           const DrawContext& context) {
     if (picture.IsEmpty()) return;
     const PenKept kept(port);
     const bool hidden = IsHidden(irregularMarks.ParentOf(&mark));

@@ -19,7 +19,7 @@ bool ForcedStemsUp(const Voice* voice);
 void RestemChord(Chords* chord);
 // The same for every stem of the voice that stands under no beam; its beams are refitted.
 void RestemVoice(Voice* voice);
-// The free end at the preferred length from the outer head.
+// The free end at the preferred length from the outer head, or at the one that a person has told.
 void SetDefaultStemLength(Stem* stem);
 // From a head to the middle line of its staff, upward or downward, in hundredths of a line distance; negative
 // for a head beyond it.
@@ -28,7 +28,10 @@ int32_t LengthToMiddleLine(const GenericNote* note, bool up);
 void ChangeStemDirection(Stem* stem, StemDirection direction);
 // Whether a person has pointed it against the rules; it then keeps its direction through later edits.
 inline bool IsPointed(const Stem* stem) { return (stem->_said & kSaidDirection) != 0; }
-// Notes that a person has said something of a stem, or takes it back: kSaidDirection, kSaidAlone.
+// What else a person may have said: its length. A beam goes where the first stem under it that has one ends.
+inline constexpr uint8_t kSaidLength = 4;
+inline bool IsLengthTold(const Stem* stem) { return (stem->_said & kSaidLength) != 0; }
+// Notes that a person has said something of a stem, or takes it back: kSaidDirection, kSaidAlone, kSaidLength.
 void Say(Stem* stem, uint8_t what, bool said);
 // What a person says of a chord without a beam. Where the rules say the same it follows them again.
 void PointChord(Chords* chord, bool up);
@@ -55,6 +58,9 @@ bool AccidentalsLast(const Document* document);
 
 // What the key in force at a note gives its line.
 Alteration KeyAlterationAt(const GenericNote* note);
+// What a note is read as where it shows no accidental: as the one before it on its line, where that is still
+// in force, else as the key has it.
+Alteration AlterationInForce(const GenericNote* note);
 // Gives a note the accidental that it needs, and the next one on its line: an accidental stays in force to
 // the end of the measure or the next clef. The next note is handed to `changed`.
 void UpdateAccidentals(GenericNote* note, const std::function<void(GenericNote*)>& changed);

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "base/Rounding.h"
+#include "layout/ClefRoom.h"
 #include "layout/EventSymbols.h"
 #include "layout/SpacingHeader.h"
 #include "layout/SyllableRoom.h"
@@ -127,6 +128,7 @@ int32_t ListaEventi::Usable() const {
 void ListaEventi::LayOut(const SpacingTable& table) {
     MeasureEvents();
     Place(table);
+    if (_room.clefs) MakeRoomForClefs(*this);
     const int32_t usable = Usable();
     for (Event& event : events)
         for (int32_t* value : {&event.x, &event.rightExtent, &event.leftExtent})

@@ -73,6 +73,8 @@ struct LedgerLines {
 };
 LedgerLines LedgerLinesOf(const GenericNote* note);
 LedgerLines LedgerLinesOf(const GenericNote* note, const Column& column);
+// What it would need on another staff step.
+LedgerLines LedgerLinesOf(const GenericNote* note, const Column& column, int line);
 LedgerLines LedgerLinesOf(const Pause* pause);
 
 // The stroke through the stem of a grace note that has a flag and is told to have a slash; none else.

@@ -61,8 +61,12 @@ Rect LedgerLines::Ink() const {
 LedgerLines LedgerLinesOf(const GenericNote* note) { return LedgerLinesOf(note, Column(StemPar(note))); }
 
 LedgerLines LedgerLinesOf(const GenericNote* note, const Column& column) {
+    return LedgerLinesOf(note, column, note->_line);
+}
+
+LedgerLines LedgerLinesOf(const GenericNote* note, const Column& column, int line) {
     const StaffFrame staff = FrameOf(StaffPar(note));
-    LedgerLines ledgers = Outward(staff, note->_line);
+    LedgerLines ledgers = Outward(staff, line);
     if (ledgers.count == 0) return ledgers;
     const LedgerWidth& width = WidthFor(ValueOf(ChordPar(note)));
     const double half = Round(staff.lineDistance * 0.5) * (As<Grace>(note) ? kGraceScale : 1.0);

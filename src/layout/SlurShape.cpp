@@ -182,14 +182,19 @@ private:
     std::vector<Point> _obstacles;
 };
 
-void Move(const SpannerPart& part, const Slur* slur, TaperedCurve& curve) {
-    Point* const points[] = {&curve.from, &curve.control1, &curve.control2, &curve.to};
-    for (int i = 0; i < 4; ++i) {
+TaperedCurve Moved(const SpannerPart& part, const SlurPoints& moved, const TaperedCurve& curve) {
+    TaperedCurve there = curve;
+    Point* const points[] = {&there.from, &there.control1, &there.control2, &there.to};
+    for (size_t i = 0; i < 4; ++i) {
         // A tip stands on one system only, the shoulders beside it.
         if (i < 2 ? !part.begins : !part.ends) continue;
-        *points[i] = *points[i] +
-                     Point{part.Hundredths(slur->_moved[2 * i]), part.Hundredths(slur->_moved[2 * i + 1])};
+        *points[i] = *points[i] + Point{part.Hundredths(moved[2 * i]), part.Hundredths(moved[2 * i + 1])};
     }
+    if (!there.IsEmpty()) return there;
+    // Notes that have come together leave no room for tips that were moved towards each other.
+    there.from.x = curve.from.x, there.control1.x = curve.control1.x;
+    there.control2.x = curve.control2.x, there.to.x = curve.to.x;
+    return there;
 }
 
 }  // namespace
@@ -219,16 +224,31 @@ bool IsAbove(const Slur* slur) {
     return false;
 }
 
+SlurPoints PointsOf(const Slur* slur) {
+    SlurPoints points{};
+    std::copy(std::begin(slur->_moved), std::end(slur->_moved), points.begin());
+    return points;
+}
+
+void MovePoints(Slur* slur, const SlurPoints& points) {
+    for (size_t i = 0; i < points.size(); ++i)
+        if (slur->_moved[i] != points[i]) slur->_moved[i] = points[i];
+}
+
 TaperedCurve CurveOf(const MarkSlur& mark) {
+    const Slur* slur = slurMarks.ParentOf(&mark);
+    return slur ? CurveOf(mark, PointsOf(slur)) : TaperedCurve{};
+}
+
+TaperedCurve CurveOf(const MarkSlur& mark, const SlurPoints& points) {
     const SpannerPart part = PartOf(&mark);
     const Slur* slur = slurMarks.ParentOf(&mark);
     if (!part || !slur) return {};
     const VoiceSymbol *first = FirstEventOf(slur), *last = LastEventOf(slur);
     if (!first || !last || MeasureStaffPar(first) != part.first || MeasureStaffPar(last) != part.last)
         return {};
-    TaperedCurve curve = SlurShape(part, slur).Take();
-    Move(part, slur, curve);
-    return curve;
+    const TaperedCurve curve = SlurShape(part, slur).Take();
+    return curve.IsEmpty() ? curve : Moved(part, points, curve);
 }
 
 }  // namespace corvane

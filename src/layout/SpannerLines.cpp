@@ -35,15 +35,67 @@ int32_t SignEdge(const StaffMeasureSymbol* mark, bool above) {
     return std::max(0, above ? ink.bottom : -ink.top);
 }
 
+// ---- How a class of lines keeps its run.
+
+void Put(Stored<int32_t>& field, int32_t value) {
+    if (field != value) field = value;
+}
+
+template <class Mark, const auto& marks>
+LineRun Read(const StaffMeasureSymbol* mark) {
+    const auto* spanner = marks.ParentOf(static_cast<const Mark*>(mark));
+    if (!spanner) return {};
+    LineRun run{MeasureStaffPar(marks.First(spanner)), MeasureStaffPar(marks.Last(spanner)), spanner->_from,
+                spanner->_to, spanner->_y};
+    if constexpr (requires { spanner->_opening; }) run.opening = spanner->_opening;
+    return run;
+}
+template <class Mark, const auto& marks>
+void Write(StaffMeasureSymbol* mark, const LineRun& run) {
+    auto* spanner = marks.ParentOf(static_cast<Mark*>(mark));
+    Put(spanner->_from, run.from);
+    Put(spanner->_to, run.to);
+    Put(spanner->_y, run.y);
+    if constexpr (requires { spanner->_opening; }) Put(spanner->_opening, run.opening);
+}
+
+struct Row {
+    bool (*is)(int16_t number);
+    LineRun (*read)(const StaffMeasureSymbol* mark);
+    void (*write)(StaffMeasureSymbol* mark, const LineRun& run);
+};
+template <class Mark, const auto& marks>
+constexpr Row RowOf() {
+    return {IsClass<Mark>, Read<Mark, marks>, Write<Mark, marks>};
+}
+constexpr Row kRows[] = {
+    RowOf<MarkHairpin, hairpinMarks>(),
+    RowOf<MarkOttava, ottavaMarks>(),
+    RowOf<MarkTrillo, trilloMarks>(),
+    RowOf<MarkPedale, pedaleMarks>(),
+};
+
 }  // namespace
 
-LinePlace PlaceOf(const SpannerPart& part, int32_t from, int32_t to, int32_t y) {
+LineRun RunOf(const StaffMeasureSymbol* mark) {
+    for (const Row& row : kRows)
+        if (row.is(mark->ClassNumber())) return row.read(mark);
+    return {};
+}
+
+void SetRun(StaffMeasureSymbol* mark, const LineRun& run) {
+    for (const Row& row : kRows)
+        if (row.is(mark->ClassNumber())) row.write(mark, run);
+    MoveMarks(mark, run.first, run.last);
+}
+
+LinePlace PlaceOf(const SpannerPart& part, const LineRun& run) {
     LinePlace place;
-    place.left =
-        part.begins ? FrameOf(MeasurePar(part.first)).XOf(from) : part.left - part.Hundredths(kBeforeNotes);
+    place.left = part.begins ? FrameOf(MeasurePar(part.first)).XOf(run.from)
+                             : part.left - part.Hundredths(kBeforeNotes);
     place.right =
-        part.ends ? FrameOf(MeasurePar(part.last)).XOf(to) : part.right - part.Hundredths(kFromEdge);
-    place.y = part.staff.top + static_cast<int32_t>(int64_t{y} * part.staff.lineDistance / 1000);
+        part.ends ? FrameOf(MeasurePar(part.last)).XOf(run.to) : part.right - part.Hundredths(kFromEdge);
+    place.y = part.staff.top + static_cast<int32_t>(int64_t{run.y} * part.staff.lineDistance / 1000);
     return place;
 }
 
@@ -54,7 +106,7 @@ int32_t ClearY(const StaffMeasureSymbol* mark, int32_t from, int32_t to, LineKin
     for (const StaffMeasureSymbol* each : MarksOf(mark)) {
         const SpannerPart part = PartOf(each);
         if (!part || part.staff.lineDistance <= 0) continue;
-        const LinePlace place = PlaceOf(part, from, to, 0);
+        const LinePlace place = PlaceOf(part, {.from = from, .to = to});
         const int32_t staff = d.above ? part.staff.top : part.staff.Bottom();
         const int32_t reach = ReachUnder(part, place.left, place.right, d.above, mark);
         const int32_t y = std::max(out * (staff - part.staff.top) + part.Hundredths(d.fromStaff),

@@ -14,8 +14,21 @@ struct LinePlace {
     bool IsEmpty() const { return right <= left; }
 };
 
-// `from` and `to` are per mille of the end measures' note areas, y thousandths of the line distance.
-LinePlace PlaceOf(const SpannerPart& part, int32_t from, int32_t to, int32_t y);
+// Where a line runs, as its record has it: from and to in per mille of the note areas of the first and the
+// last measure, y in thousandths of the line distance below the top line.
+struct LineRun {
+    MeasureStaff *first = nullptr, *last = nullptr;
+    int32_t from = 0, to = 0, y = 0;
+    int32_t opening = 0;  // of a hairpin, thousandths of the line distance
+
+    friend bool operator==(const LineRun&, const LineRun&) = default;
+};
+// Of a mark of such a spanner; without crossings for any other.
+LineRun RunOf(const StaffMeasureSymbol* mark);
+// Writes what differs, and moves the marks along.
+void SetRun(StaffMeasureSymbol* mark, const LineRun& run);
+
+LinePlace PlaceOf(const SpannerPart& part, const LineRun& run);
 
 // y of a new spanner, in thousandths, that clears what its marks' parts run over. How far its ink reaches up
 // and down from y is told in hundredths of the line distance.

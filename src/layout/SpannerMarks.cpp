@@ -100,25 +100,36 @@ std::vector<StaffMeasureSymbol*> MarksOf(const StaffMeasureSymbol* mark) {
     return family ? family->list(mark) : Marks{};
 }
 
+SpannerPart PartOn(const System* system, const MeasureStaff* first, const MeasureStaff* last) {
+    if (!system || systemMeasures.IsEmpty(system) || !IsRun(first, last)) return {};
+    const Measure *head = systemMeasures.First(system), *end = systemMeasures.Last(system);
+    const bool meets =
+        MeasurePar(first)->_number <= end->_number && head->_number <= MeasurePar(last)->_number;
+    const MeasureStaff* crossing = meets ? MeasureStaffAt(head, DocStaffPar(first)) : nullptr;
+    if (!crossing || !crossing->_staff.Get()) return {};
+    SpannerPart part;
+    part.first = first;
+    part.last = last;
+    part.system = system;
+    part.begins = SystemOf(first) == system;
+    part.ends = SystemOf(last) == system;
+    part.staff = FrameOf(crossing->_staff.Get());
+    part.left = FrameOf(head).XOf(0);
+    part.right = OriginOf(system).x + end->_right;
+    return part;
+}
+
 SpannerPart PartOf(const StaffMeasureSymbol* mark) {
     const Marks marks = MarksOf(mark);
     const MeasureStaff* own = MeasureStaffPar(mark);
     if (marks.size() < 2 || !SystemOf(own) || !own->_staff.Get()) return {};
-    SpannerPart part;
-    part.first = MeasureStaffPar(marks.front());
-    part.last = MeasureStaffPar(marks.back());
-    if (!IsRun(part.first, part.last) || !IsRun(part.first, own) || !IsRun(own, part.last)) return {};
+    const MeasureStaff *first = MeasureStaffPar(marks.front()), *last = MeasureStaffPar(marks.back());
+    if (!IsRun(first, own) || !IsRun(own, last)) return {};
     for (const StaffMeasureSymbol* each : marks) {
         if (each == mark) break;
         if (SystemOf(MeasureStaffPar(each)) == SystemOf(own)) return {};
     }
-    part.system = SystemOf(own);
-    part.begins = SystemOf(part.first) == part.system;
-    part.ends = SystemOf(part.last) == part.system;
-    part.staff = FrameOf(own->_staff.Get());
-    part.left = FrameOf(systemMeasures.First(part.system)).XOf(0);
-    part.right = OriginOf(part.system).x + systemMeasures.Last(part.system)->_right;
-    return part;
+    return PartOn(SystemOf(own), first, last);
 }
 
 std::vector<const MeasureStaff*> SpannerPart::Crossings() const {
@@ -149,6 +160,19 @@ void SettleMarks(StaffMeasureSymbol* mark) {
     for (size_t i = 1; i + 1 < marks.size(); ++i) family->drop(marks[i]);
     StaffMeasureSymbol* before = marks.front();
     for (MeasureStaff* crossing : wanted) before = family->addBehind(before, crossing);
+}
+
+void MoveMarks(StaffMeasureSymbol* mark, MeasureStaff* first, MeasureStaff* last) {
+    const Marks marks = MarksOf(mark);
+    if (marks.size() < 2 || !IsRun(first, last)) return;
+    const auto hang = [](StaffMeasureSymbol* end, MeasureStaff* crossing) {
+        if (MeasureStaffPar(end) == crossing) return;
+        staffSymbols.Remove(end);
+        staffSymbols.Add(crossing, end);
+    };
+    hang(marks.front(), first);
+    hang(marks.back(), last);
+    SettleMarks(marks.front());
 }
 
 void SettleMarks(const std::vector<System*>& systems) {

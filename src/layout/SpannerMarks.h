@@ -23,11 +23,18 @@ struct SpannerPart {
     std::vector<const MeasureStaff*> Crossings() const;
 };
 
+// What a spanner from a crossing to a later one of the same staff, or to itself, shows on a system; empty
+// where it shows nothing.
+SpannerPart PartOn(const System* system, const MeasureStaff* first, const MeasureStaff* last);
+
 bool IsSpannerMark(const StaffMeasureSymbol* symbol);
 // Empty for any other symbol, and for a mark whose spanner makes no sense.
 SpannerPart PartOf(const StaffMeasureSymbol* mark);
 // All marks of a mark's spanner, itself included, in order.
 std::vector<StaffMeasureSymbol*> MarksOf(const StaffMeasureSymbol* mark);
+
+// Hangs the marks at its ends elsewhere, on one staff and in this order; those between are settled.
+void MoveMarks(StaffMeasureSymbol* mark, MeasureStaff* first, MeasureStaff* last);
 
 // Gives a new spanner its marks: at both ends, of one staff and in this order, and in each system between.
 template <class Mark, class Spanner, class Rel>

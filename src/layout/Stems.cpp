@@ -83,7 +83,7 @@ int32_t LengthToMiddleLine(const GenericNote* note, bool up) {
 
 void SetDefaultStemLength(Stem* stem) {
     const GenericNote* outer = NoteOuter(stem);
-    if (!outer) return;
+    if (!outer || IsLengthTold(stem)) return;
     int32_t length = PreferredLength(stem, outer);
     // Over several staves a length counts from the bottom line of the outer head's staff.
     if (IsMultiStaff(stem)) length += (outer->_line - 1) * (IsUp(stem->_direction) ? 50 : -50);

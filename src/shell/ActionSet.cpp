@@ -10,7 +10,6 @@
 #include "shell/FormDialog.h"
 #include "shell/MainFrame.h"
 #include "shell/MenuTable.h"
-#include "shell/Notices.h"
 
 namespace corvane {
 
@@ -89,8 +88,8 @@ bool ActionSet::TellWhyNot(const QKeyEvent& event) {
         WindowTarn* window = _frame.CurrentScore();
         if (!window)
             _frame.Tell("Open a score first");
-        else if (FindCommand(row.id))
-            _frame.Tell(RunCommand(*window, row.id).message());
+        else if (const Command* command = FindCommand(row.id))
+            _frame.Tell(ReasonAgainst(*window, *command));
         else if (IsPlaying())
             _frame.Tell("Stop the play first");
         return true;
@@ -101,21 +100,20 @@ bool ActionSet::TellWhyNot(const QKeyEvent& event) {
 void ActionSet::Ask(const CommandForm& form) {
     WindowTarn* window = _frame.CurrentScore();
     if (!window) return;
-    if (form.ofSelection && window->TheSelection().IsEmpty())
-        return ShowMessage(&_frame, "Select some notes first", "Drag a frame around them with the arrow.");
     if (FormDialog(&_frame, *window, form).exec() == QDialog::Accepted && form.ofSession)
         _frame.KeepSwitches();
 }
 
 void ActionSet::Refresh() {
-    const WindowTarn* window = _frame.CurrentScore();
+    WindowTarn* window = _frame.CurrentScore();
+    const SelectedKinds selected = window ? KindsSelected(*window) : SelectedKinds{};
     for (const MenuRow& row : MenuRows()) {
         if (row.id == 0) continue;
         QAction* action = _actions.at(row.id);
         if (row.enabled) {
             action->setEnabled(row.enabled(_frame));
         } else if (const Command* command = row.run ? nullptr : FindCommand(row.id)) {
-            action->setEnabled(window && command->enabled(*window));
+            action->setEnabled(window && CanAct(*window, *command, selected));
         }
         if (row.checked) action->setChecked(row.checked(_frame));
     }

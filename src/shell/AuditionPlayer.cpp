@@ -20,22 +20,23 @@ const VoiceRecord* VoiceRecordOf(const GenericNote* note) {
     return &staff->_voices[voice->_number - 1];
 }
 
-// Sounds on the built-in synthesiser, whatever the score plays on: it is always there.
+// Where and how its voice plays.
 void Audition(const GenericNote* note, int milliseconds) {
     const VoiceRecord* voice = VoiceRecordOf(note);
     SoundPort* port = SoundPort::Instance();
     if (!voice || !port) return;
-    const int program = voice->_program, channel = program ? int{voice->_channel} : 1;
+    const int16_t device = voice->_port;
+    const int program = voice->_program, channel = voice->_channel;
     if (channel < 1 || channel > 16 || program > 128) return;
     if (program > 0) {
-        port->SetInstrument(voice->_port, channel, program);
-        port->SetVolume(voice->_port, channel, std::clamp<int>(voice->_volume, 0, SoundPort::kFullVolume));
+        port->SetInstrument(device, channel, program);
+        port->SetVolume(device, channel, std::clamp<int>(voice->_volume, 0, SoundPort::kFullVolume));
     }
     const int key = SoundingHeight(note) + voice->_transposition;
-    port->SendNote(SoundPort::kBuiltIn, channel, key, kVelocity);
-    QTimer::singleShot(milliseconds, [channel, key] {
-        // A play that has ended meanwhile has silenced and closed the port.
-        if (SoundPort* still = SoundPort::Existing()) still->SendNote(SoundPort::kBuiltIn, channel, key, 0);
+    port->SendNote(device, channel, key, kVelocity);
+    QTimer::singleShot(milliseconds, [device, channel, key] {
+        // A play that has ended meanwhile has silenced and closed the port; a device may have gone with it.
+        if (SoundPort* still = SoundPort::Existing()) still->SendNote(device, channel, key, 0);
         SoundPort::PollError();
     });
 }

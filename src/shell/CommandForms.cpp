@@ -195,16 +195,16 @@ constexpr const char* kManyMeasures = "Are you sure you want to insert more than
 constexpr const char* kManySystems = "Are you sure you want to insert more than 15 systems?";
 
 constexpr CommandForm kForms[] = {
-    {32778, kTempo}, {32779, kMeter}, {32780, kVelocity, "", true}, {32781, kKey}, {32783, kBarline}, {32796, kEndings},
+    {32778, kTempo}, {32779, kMeter}, {32780, kVelocity}, {32781, kKey}, {32783, kBarline}, {32796, kEndings},
     {32797, kPhrase, "The same phrase again takes it away."},
-    {32790, kAddPages}, {32791, kAddMeasures, "", false, kManyMeasures}, {32792, kAddStaves},
+    {32790, kAddPages}, {32791, kAddMeasures, "", kManyMeasures}, {32792, kAddStaves},
     {32793, kRemovePages}, {32794, kRemoveMeasures}, {32795, kRemoveStaves},
-    {32788, kFlowMeasures, "", false, kManyMeasures}, {32789, kFlowSystems, "", false, kManySystems},
+    {32788, kFlowMeasures, "", kManyMeasures}, {32789, kFlowSystems, "", kManySystems},
     {32782, kNumbers}, {40011, kTitle}, {40012, kStaffName, "The short name stands at all systems but the first."},
-    {32805, kTuplet, "The same tuplet again takes it away.", true}, {40023, kOctaveLine, "", true},
+    {32805, kTuplet, "The same tuplet again takes it away."}, {40023, kOctaveLine},
     {33088, kGrace, "For new grace notes and those that are selected."},
     {.id = 40050, .fields = kUndoLevels, .hint = "So many edits can be undone one behind the other.", .ofSession = true},
-    {32817, kDurations, "", true}, {32819, kTranspose, "", true},
+    {32817, kDurations}, {32819, kTranspose},
 };
 // clang-format on
 

@@ -32,9 +32,8 @@ struct CommandForm {
     int id;
     std::span<const FieldRow> fields;
     const char* hint = "";
-    bool ofSelection = false;  // for what is selected; without a selection a person is told so
-    const char* many = "";     // asked where `count` is above 15, before the command runs
-    bool ofSession = false;    // changes what the session's settings keep
+    const char* many = "";   // asked where `count` is above 15, before the command runs
+    bool ofSession = false;  // changes what the session's settings keep
 };
 
 // Those of spacing, pages and staves, those of beams and stems, those of signs and of what is hidden; the

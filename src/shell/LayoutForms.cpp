@@ -77,10 +77,10 @@ constexpr F kFonts[] = {
 constexpr const char* kUnits = "1435 units are an inch.";
 
 constexpr CommandForm kForms[] = {
-    {32807, kSpacing}, {33177, kTable, "Widths in line distances; they hold for every score.", false, "", true},
+    {32807, kSpacing}, {33177, kTable, "Widths in line distances; they hold for every score.", "", true},
     {32786, kGaps, "Units of the page, 1435 to the inch; the last note's is thousandths of the measure."},
     {57606, kPaper, kUnits}, {32776, kMargins, kUnits}, {32777, kStaves, kUnits}, {32787, kNames, kUnits},
-    {32798, kTimes}, {33090, kFonts, "The same name twice draws with the font itself.", false, "", true},
+    {32798, kTimes}, {33090, kFonts, "The same name twice draws with the font itself.", "", true},
 };
 // clang-format on
 

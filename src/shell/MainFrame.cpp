@@ -228,6 +228,7 @@ void MainFrame::ToolChanged() {
     if (Tools().toolMode == ModePencil && Tools().paletteGroup == kNoteGroup) _palette->raise();
     for (SignDock* dock : _signs) dock->ToolChanged();
     _toolStrip->Refresh();
+    _actions->Refresh();  // what is selected counts for the voice at hand
     _status->ToolChanged();
     if (ScoreView* view = CurrentView()) view->ToolChanged();
 }

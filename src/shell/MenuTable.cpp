@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QToolBar>
 
+#include "edit/ControlPoints.h"
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
 #include "layout/Beaming.h"
@@ -130,7 +131,14 @@ bool IsToolSwitchOn(MainFrame&) {
     return Tools().*Switch;
 }
 
+template <HandleKind Kind>
+bool AreHandlesShown(MainFrame& frame) {
+    const WindowTarn* window = frame.CurrentScore();
+    return window && window->Handles().IsOn(Kind);
+}
+
 using S = EditSwitches;
+using H = HandleKind;
 using T = ToolState;
 // Entries of our own stand apart from the numbers that toolbars and scripts have always known.
 constexpr int kOpenBackupId = 40001, kPreviewId = 40030;
@@ -138,7 +146,7 @@ constexpr const char *kFile = "&File", *kEdit = "&Edit", *kEditGo = "&Edit/&Go",
                      *kViewHide = "&View/Show-&Hide", *kScore = "&Score", *kScoreAdd = "&Score/&Add",
                      *kScoreRemove = "&Score/&Remove", *kScoreLayout = "&Score/&Layout", *kNotes = "&Notes",
                      *kNotesBeams = "&Notes/&Beams", *kNotesOptions = "&Notes/Options",
-                     *kNotesMove = "&Notes/Mo&ve and Alter", *kTools = "&Tools", *kMidi = "&MIDI",
+                     *kNotesMove = "&Notes/Mo&ve and Alter", *kTools = "&Tools", *kToolsPoints = "&Tools/Control &Points", *kMidi = "&MIDI",
                      *kHelp = "&Help";
 
 // clang-format off
@@ -300,6 +308,14 @@ const MenuRow kRows[] = {
     {kNotes, 32809, "&Auto Spacing", "", {}, {}, IsSwitchOn<&S::autoSpace>},
     {kNotes, 33153, "Delete Notes To &Rests", "", {}, {}, IsSwitchOn<&S::deleteNotesToRests>},
 
+    {kToolsPoints, 33045, "&Stems", "U", {}, {}, AreHandlesShown<H::Stem>},
+    {kToolsPoints, 33046, "&Ties", "T", {}, {}, AreHandlesShown<H::Tie>},
+    {kToolsPoints, 33047, "St&aves", "Y", {}, {}, AreHandlesShown<H::Staff>},
+    {kToolsPoints, 33055, "T&uplets", "I", {}, {}, AreHandlesShown<H::Tuplet>},
+    {kToolsPoints, 33048, "&Barlines", "B", {}, {}, AreHandlesShown<H::Barline>},
+    {kToolsPoints, 33049, "S&lurs", "L", {}, {}, AreHandlesShown<H::Slur>},
+    {kTools, 33041, "&Hide Control Points", "H"},
+    {kTools, 0},
     {kTools, 33044, "&Go to Page...", "Ctrl+Shift+G", AskPage, HasScore},
     {kTools, 33090, "&Font Table..."},
 

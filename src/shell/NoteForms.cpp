@@ -98,7 +98,7 @@ constexpr F kVoices[] = {
 
 constexpr CommandForm kForms[] = {
     {32810, kGrouping, "Beams that were made by hand stay as they are."}, {32811, kSubGroups},
-    {40026, kInnerBeams, "", true},
+    {40026, kInnerBeams},
     {32820, kDistances, "Hundredths of a line distance."},
     {32821, kTies, "Thousandths of a line distance."},
     {32822, kTuplets, "Of new tuplets; the figures' places, hundredths of a line distance, of all."},

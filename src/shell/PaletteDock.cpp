@@ -8,6 +8,7 @@
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "shell/GlyphButton.h"
+#include "shell/PaletteScroll.h"
 #include "shell/SwitchButton.h"
 
 namespace corvane {
@@ -51,7 +52,7 @@ PaletteDock::PaletteDock() : QDockWidget("Notes") {
     layout->addWidget(MakeItems());
     layout->addWidget(MakeSwitches());
     layout->addStretch();
-    setWidget(body);
+    setWidget(new PaletteScroll(body));
     ToolChanged();
 }
 

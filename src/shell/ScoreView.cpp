@@ -6,13 +6,16 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <utility>
 
 #include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/SessionChoices.h"
 #include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "edit/WindowTarn.h"
 #include "layout/Frames.h"
+#include "shell/HandleOverlay.h"
 #include "shell/TextEditor.h"
 #include "shell/ToolCursors.h"
 #include "shell/ViewKeys.h"
@@ -256,6 +259,7 @@ void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
     if (_margins && _window.CurrentPage()) PaintMargins(paint, *_window.CurrentPage());
     PaintSelection(paint, _window);
     PaintDragged(paint, _window);
+    PaintHandles(paint, _window);
     PaintCaret(paint, _window.caret, _window.CurrentPage());
     if (_hover) PaintGhost(paint, _window, *_hover);
     if (_hover && _movedByKeys && !HasGhost() && Tools().toolMode != ModeArrow) PaintPen(paint, *_hover);
@@ -264,6 +268,7 @@ void ScoreView::PaintOverlays(QPainter& painter, Point corner) {
 
 void ScoreView::paintEvent(QPaintEvent* event) {
     FitScale();
+    _window.Handles().SetReach(HandleReach(_scale));
     QPainter painter(viewport());
     painter.scale(1 / _scale.Ratio(), 1 / _scale.Ratio());  // a painter's unit is a pixel from here on
     const Point corner = PageCorner();
@@ -284,8 +289,11 @@ void ScoreView::paintEvent(QPaintEvent* event) {
 // The menu of the right button is about what it is pressed on.
 void ScoreView::SelectUnder(Point p) {
     if (Tools().toolMode != ModeArrow || IsPlaying()) return;
+    const std::optional<Handle> handle = _window.Handles().At(p);
+    if (handle && _window.Handles().IsSelected(*handle)) return;
     const std::vector<Rect> selected = SelectionRects(_window);
-    if (std::any_of(selected.begin(), selected.end(), [p](const Rect& r) { return r.EnclosesStrictly(p); })) return;
+    if (std::any_of(selected.begin(), selected.end(), [p](const Rect& r) { return r.EnclosesStrictly(p); }))
+        return;
     MouseDown(_window, p.x, p.y, 0);
     MouseUp(_window, p.x, p.y);
     viewport()->update();
@@ -307,9 +315,16 @@ void ScoreView::mouseDoubleClickEvent(QMouseEvent* event) {
     viewport()->update();
 }
 
+void ScoreView::ShowWhatIsUnder(Point p) {
+    const bool isOver = _window.Handles().At(p).has_value();
+    if (isOver == std::exchange(_isOverHandle, isOver)) return;
+    viewport()->setCursor(isOver ? QCursor(Qt::SizeAllCursor) : ToolCursor(Tools().toolMode));
+}
+
 void ScoreView::mouseMoveEvent(QMouseEvent* event) {
     const Point p = UnitsAt(event->position());
     if (event->buttons() & Qt::LeftButton) MouseMove(_window, p.x, p.y);
+    ShowWhatIsUnder(p);
     _hover = p;
     _movedByKeys = false;
     if (HasGhost()) viewport()->update();
@@ -331,13 +346,14 @@ bool ScoreView::TakeKey(const QKeyEvent& event) {
     const bool plain = !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
     if (!plain || text.size() != 1 || text[0] < u' ' || text[0] > u'~') return false;
     // A space bar that is held down starts or stops once.
-    if (!event.isAutoRepeat() || text[0] != u' ') KeyChar(_window, text[0].toLatin1());
-    return true;
+    return (event.isAutoRepeat() && text[0] == u' ') || KeyChar(_window, text[0].toLatin1());
 }
 
 bool ScoreView::TakeMove(const QKeyEvent& event) {
     if (IsPlaying()) return false;
     if (Tools().toolMode == ModeArrow) {
+        const std::optional<Point> nudge = NudgeOf(event);
+        if (nudge && NudgeHandles(_window, *nudge)) return true;
         const int id = ArrowCommandOf(event);
         if (!id) return false;
         if (const Status status = RunCommand(_window, id); !status) _window.Shell().Tell(status.message());
@@ -352,14 +368,28 @@ bool ScoreView::TakeMove(const QKeyEvent& event) {
     return true;
 }
 
-// Of two presses the first takes the selection away, the second the pencil or the eraser.
+// While the pointer drags, Escape is not the menu's: it ends the drag.
+bool ScoreView::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && _window.interaction &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+        event->accept();
+    return QAbstractScrollArea::event(event);
+}
+
+// A drag ends without a trace. Else, of two presses the first takes the selection away, the second the pencil or
+// the eraser.
 void ScoreView::TakeEscape() {
+    if (_window.interaction) {
+        _window.interaction.reset();
+        return _window.Shell().Refresh(_window);
+    }
     if (Tools().toolMode == ModeArrow || IsPlaying()) return;
     SetToolMode(ModeArrow);
     ApplyToolMode();
 }
 
 bool ScoreView::focusNextPrevChild(bool next) {
+    if (WalkHandles(_window, next)) return true;
     const QKeyEvent walk(QEvent::KeyPress, next ? Qt::Key_Right : Qt::Key_Left, Qt::NoModifier);
     return TakeMove(walk) || QAbstractScrollArea::focusNextPrevChild(next);
 }

@@ -5,6 +5,7 @@
 #include "edit/PaletteTable.h"
 #include "edit/ToolState.h"
 #include "shell/GlyphButton.h"
+#include "shell/PaletteScroll.h"
 #include "shell/SwitchButton.h"
 
 namespace corvane {
@@ -75,7 +76,7 @@ SignDock::SignDock(const SignSheet& sheet) : QDockWidget(sheet.title), _sheet(sh
     }
     grid->setRowStretch(grid->rowCount(), 1);
     grid->setColumnStretch(kColumns, 1);
-    setWidget(body);
+    setWidget(new PaletteScroll(body));
     ToolChanged();
 }
 

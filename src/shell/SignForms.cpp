@@ -41,8 +41,8 @@ constexpr F kHidden[] = {
 };
 
 constexpr CommandForm kForms[] = {
-    {32814, kShown, "", true}, {32818, kSign, "Instead of the one that a chord has.", true},
-    {33082, kHidden, "For every score. Hidden tuplets go with the notes.", false, "", true},
+    {32814, kShown}, {32818, kSign, "Instead of the one that a chord has."},
+    {33082, kHidden, "For every score. Hidden tuplets go with the notes.", "", true},
 };
 // clang-format on
 

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QRegion>
 
+#include "edit/CaretLine.h"
 #include "edit/PaletteTable.h"
 #include "edit/SessionChoices.h"
 #include "edit/TarnClick.h"
@@ -27,6 +28,11 @@ const PaletteItem* ItemAtHand() {
     if (tools.toolMode != ModePencil || IsPlaying() || tools.paletteGroup != kNoteGroup) return nullptr;
     const PaletteItem* item = FindPaletteItem(tools.paletteGroup, tools.items[tools.paletteGroup]);
     return item && !item->stroke ? item : nullptr;
+}
+
+Colour PortColour(const QColor& colour) {
+    return MakeColour(static_cast<uint8_t>(colour.red()), static_cast<uint8_t>(colour.green()),
+                      static_cast<uint8_t>(colour.blue()));
 }
 
 // Where the item would go.
@@ -113,7 +119,7 @@ void PaintCaret(const OverlayPaint& paint, const Caret& caret, const Page* page)
     const int top = paint.Y(origin.y - overhang);
     const int bottom = paint.Y(origin.y + system->_bottom - system->_top + overhang);
     const int width = std::max(1, paint.scale.PixelsOf(1.5));
-    paint.painter.fillRect(paint.X(caret.x) - width / 2, top, width, bottom - top, paint.accent);
+    paint.painter.fillRect(paint.X(CaretLineX(caret)) - width / 2, top, width, bottom - top, paint.accent);
 }
 
 void PaintPlayMark(const OverlayPaint& paint, const CursorMark& mark) {
@@ -146,6 +152,7 @@ void PaintDragged(const OverlayPaint& paint, const WindowTarn& window) {
         QtPort port(paint.painter, paint.scale.Dpi());
         port.SetZoomRatio(paint.scale.Zoom());
         port.SetDeviceOffset(paint.corner.x, paint.corner.y);
+        port.SetColor(PortColour(paint.accent));  // of outlines
         window.interaction->Draw(port, ContextFor(false));
     }
     paint.painter.restore();
@@ -163,9 +170,7 @@ void PaintGhost(const OverlayPaint& paint, WindowTarn& window, Point p) {
         QtPort port(paint.painter, paint.scale.Dpi());
         port.SetZoomRatio(paint.scale.Zoom());
         port.SetDeviceOffset(paint.corner.x, paint.corner.y);
-        port.SetColor(MakeColour(static_cast<uint8_t>(paint.accent.red()),
-                                 static_cast<uint8_t>(paint.accent.green()),
-                                 static_cast<uint8_t>(paint.accent.blue())));
+        port.SetColor(PortColour(paint.accent));
         if (picture.onHead) DrawLedgerLines(port, place);
         const int line = picture.hasLine ? place.line : place.staff.lineCount;
         const int32_t half = InkOf(picture).Width() * place.staff.lineDistance / 200;

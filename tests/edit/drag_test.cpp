@@ -1,63 +1,11 @@
 // What the arrow drags: the picture until the release, and the score after it.
+#include "drag_fixture.h"
 #include "edit/Texts.h"
 #include "layout/NoteSigns.h"
 #include "layout/TextPlaces.h"
-#include "spanner_fixture.h"
 
 namespace corvane {
 namespace {
-
-class DragTest : public SpannerTest {
-protected:
-    void PressItem(int group, int item, Point at) {
-        SetToolMode(ModePencil);
-        SetPaletteGroup(static_cast<uint8_t>(group));
-        SetItem(static_cast<uint16_t>(item));
-        MouseDown(*window, at.x, at.y, 0);
-        SetToolMode(ModeArrow);
-    }
-    template <class R>
-    R* Only() {
-        for (const DrawPatch& patch : window->Sheet().AllPatches())
-            if (R* record = patch.Record<R>()) return record;
-        return nullptr;
-    }
-    void Take(Point at) {
-        SetToolMode(ModeArrow);
-        MouseDown(*window, at.x, at.y, 0);
-    }
-    std::vector<std::string> PictureLines(bool dragged) {
-        MemoryPort port(MemoryPort::Tracing::On);
-        if (!dragged)
-            window->Sheet().Draw(port, PageRect(window->CurrentPage()), {});
-        else if (window->interaction)
-            window->interaction->Draw(port, {});
-        return port.Lines();
-    }
-    // Drags from an object's middle; it lies there then, and everything else as before.
-    void ExpectDragged(void* record, Point by) {
-        const DrawPatch patch = PatchOf(record);
-        const Rect rect = patch.Bounds();
-        const Point from = MiddleOf(rect), to = from + by;
-        const size_t calls = PictureLines(false).size();
-        Step([&] {
-            Take(from);
-            EXPECT_TRUE(PictureLines(true).empty()) << "nothing is dragged yet";
-            MouseMove(*window, to.x, to.y);
-            const size_t own = PictureLines(true).size();
-            EXPECT_GT(own, 0u);
-            EXPECT_EQ(PictureLines(false).size() + own, calls) << "the page is painted without it";
-            EXPECT_EQ(patch.Bounds(), rect) << "nothing has changed yet";
-            MouseUp(*window, to.x, to.y);
-        });
-        const Rect now = patch.Bounds();
-        EXPECT_NEAR(now.left, rect.left + by.x, 8);
-        EXPECT_NEAR(now.top, rect.top + by.y, 8);
-        EXPECT_EQ(PictureLines(false).size(), calls);
-        EXPECT_TRUE(window->Sheet().Lifted().empty());
-        ExpectSameAfterReload();
-    }
-};
 
 TEST_F(DragTest, SignsAndTextsGoWhereTheyAreTaken) {
     Fill(1, 1, "4:3 4:5 4:7");
@@ -93,6 +41,71 @@ TEST_F(DragTest, RestsGoUpAndDownThoseOnLinesFromLineToLine) {
     });
     EXPECT_EQ(PlaceOf(half).y, halfY - 200);
     EXPECT_EQ(PlaceOf(half).x, halfX) << "its time says where it stands";
+}
+
+TEST_F(DragTest, AnEndingGoesUpAndDownWithAllItsMarks) {
+    ASSERT_TRUE(InsertEndings(*window, {MeasureNumber(2), MeasureNumber(5)}, "1."));
+    std::vector<Rect> before;
+    const auto marks = [&] {
+        std::vector<Rect> rects;
+        for (const DrawPatch& patch : window->Sheet().AllPatches())
+            if (patch.Record<MarkEndings>()) rects.push_back(patch.Bounds());
+        return rects;
+    };
+    before = marks();
+    ASSERT_EQ(before.size(), 4u);
+    const Point from{(before[1].left + before[1].right) / 2, (before[1].top + before[1].bottom) / 2};
+    Step([&] {
+        Take(from);
+        MouseMove(*window, from.x + 300, from.y - 80);
+        EXPECT_EQ(window->Sheet().Lifted().size(), 4u);
+        EXPECT_EQ(marks(), before);
+        MouseUp(*window, from.x + 300, from.y - 80);
+    });
+    for (Rect& rect : before) rect = rect.MovedBy(0, -80);
+    EXPECT_EQ(marks(), before);
+    EXPECT_FALSE(SelectionRects(*window).empty()) << "it stays selected";
+    ExpectSameAfterReload();
+}
+
+TEST_F(DragTest, AClefGovernsWhatIsRightOfWhereItIsLetGo) {
+    Fill(1, 1, "4:5 4:5 4:5 4:5");
+    PressClef(2, 1, 1, 400);
+    SetToolMode(ModeArrow);
+    const auto lines = [&] { return Lines(1, 1); };
+    const std::vector<int> before = lines();
+    ASSERT_NE(before[3], 5) << "read by a bass clef";
+    const std::string sound = Notes();
+    const auto drag = [&](int32_t to) {
+        const Point from = MiddleOf(PatchOf(First<MovingClaf>(1, 1)).Bounds());
+        Take(from);
+        MouseMove(*window, to, from.y + 200);
+        MouseUp(*window, to, from.y + 200);
+    };
+    const auto xOf = [&](int event) { return RectOf(Head(1, 1, event)).right + 10; };
+    Step([&] { drag(xOf(0)); });
+    EXPECT_EQ(lines(), (std::vector<int>{5, before[3], before[3], before[3]}));
+    Step([&] { drag(xOf(2)); });
+    EXPECT_EQ(lines(), (std::vector<int>{5, 5, 5, before[3]}));
+    EXPECT_EQ(Notes(), sound);
+    Step([&] { drag(At(3, 1, 500, 5).x); });
+    EXPECT_EQ(lines(), (std::vector<int>{5, 5, 5, 5})) << "it stays in its measure";
+    EXPECT_EQ(Notes(), sound);
+    ExpectSameAfterReload();
+
+    // Not past another clef, which would govern nothing.
+    PressClef(6, 1, 1, 100);
+    SetToolMode(ModeArrow);
+    ASSERT_EQ(Count(MovingClaf::kClass), 2);
+    StateKeeper keeper(*window);
+    MovingClaf* last = nullptr;
+    for (StaffMeasureSymbol* symbol : staffSymbols.Of(Crossing(1, 1)))
+        if (auto* clef = As<MovingClaf>(symbol); clef && (!last || clef->_place > last->_place)) last = clef;
+    const Point from = MiddleOf(PatchOf(last).Bounds());
+    Take(from);
+    MouseUp(*window, At(1, 1, 0, 5).x, from.y);
+    EXPECT_EQ(keeper.commands, 0);
+    EXPECT_EQ(Notes(), sound);
 }
 
 TEST_F(DragTest, AHeadGoesFromStepToStep) {
@@ -154,6 +167,17 @@ TEST_F(DragTest, WhatGoesMeanwhileIsNoLongerDragged) {
     MouseUp(*window, at.x + 300, at.y);
     EXPECT_EQ(MiddleOf(PatchOf(Only<Dinamiche>()).Bounds()), at);
     ExpectFiled();
+
+    // So does a step taken back that is another's.
+    Fill(2, 1, "4:3");
+    Fill(3, 1, "4:3");
+    const Point from = MiddleOf(RectOf(Head(2, 1, 0)));
+    Take(from);
+    MouseMove(*window, from.x, from.y - 200);
+    window->Undo();
+    EXPECT_FALSE(window->interaction);
+    MouseUp(*window, from.x, from.y - 200);
+    EXPECT_EQ(Head(2, 1, 0)->_line, 3);
 }
 
 TEST_F(DragTest, AnArticulationPressedOnTheStemGoesToItsChord) {

@@ -38,7 +38,7 @@ protected:
             case 2:
                 return SetCurrentVoice(static_cast<uint16_t>(Pick(0, 3)));
             case 3:
-                return KeyChar(*window, "adefgnprs12345678"[Pick(0, 16)]);
+                return (void)KeyChar(*window, "adefgnprs12345678"[Pick(0, 16)]);
             default:
                 return RandomPress();
         }

@@ -24,10 +24,11 @@ struct NoteEvents {
         friend auto operator<=>(const What&, const What&) = default;
     } what;
     int on = 0, off = 0;  // clocks in the measure
+    const GenericNote* note;
     const Voice* voice;
 
-    NoteEvents(const GenericNote* note, const Voice* of, int staff)
-        : what{MeasurePar(of)->_number, staff, of->_number}, voice(of) {
+    NoteEvents(const GenericNote* of, const Voice* in, int staff)
+        : what{MeasurePar(in)->_number, staff, in->_number}, note(of), voice(in) {
         const DocStaff* docStaff = DocStaffPar(note);
         for (const SoundEvent* event : noteEvents.Of(note)) {
             const bool isOn = As<NoteOn>(event);
@@ -82,50 +83,77 @@ inline std::vector<NoteEvents> RebuiltEventsOf(const NewMemoryPool& score) {
     return events;
 }
 
-// Which voices have held what leaves events beside their exact places.
+// Which voices hold what leaves events beside their exact places, or have held it and not been exact since:
+// what an undo can bring back counts as held.
 class RoundedVoices {
 public:
-    // After each step.
-    void Watch(const Document* document) {
+    // After each step; `edited` where it was an edit, behind which undo reaches one step less far.
+    void Watch(const Document* document, bool edited) {
         ForEachVoice(document, [&](const Voice* voice, int) {
             Held& held = _of[voice];
-            int symbols = 0;
-            for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
-                Watch(symbol, held);
-                ++symbols;
-            }
-            held.most = std::max(held.most, symbols);
+            if (edited && held.exact && ++held.exactEdits > kBeyondUndo) Forget(voice, held);
+            int earlier = 0;
+            held.clean = true;
+            for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) Watch(symbol, held, earlier++);
+            if (!held.clean) held.exactEdits = 0;
+            held.exact = held.clean;
         });
     }
     // Clocks. Where there are tuplets, each symbol before a note that comes or goes moves it by up to one
-    // clock less than it counts in the sum, and both may have been as many as the voice ever held: three
-    // notes of a triplet that go take 31998 clocks with them of the 32000 that they had put before a note. A
-    // tie that goes leaves its note on a grid of 32.
+    // clock less than it counts in the sum, and both may have been as many as stood before the note: three
+    // notes of a triplet that go take 31998 clocks with them of the 32000 that they had put there. A tie that
+    // goes leaves its own notes on a grid of 32.
     int MostOff(const NoteEvents& note) const {
         const auto found = _of.find(note.voice);
         if (found == _of.end()) return 0;
-        return (found->second.tuplets ? 2 * found->second.most : 0) + (found->second.ties ? 32 : 0);
+        const auto own = _notes.find(note.note);
+        if (own == _notes.end()) return 0;
+        return (found->second.tuplets ? 2 * own->second.earlier : 0) + (own->second.tied ? 32 : 0);
+    }
+    // A note was found that far from its exact place.
+    void Found(const NoteEvents& note, int off) {
+        if (off == 0) return;
+        _of[note.voice].exact = false;
+        _of[note.voice].exactEdits = 0;
     }
 
 private:
+    static constexpr int kBeyondUndo = 8;  // edits: more than the most steps that the tests keep
     struct Held {
-        bool tuplets = false, ties = false;
-        int most = 0;  // symbols at a time
+        bool tuplets = false;
+        bool clean = true;   // holds neither tuplets nor ties now
+        bool exact = false;  // nor was any of its notes found beside its place
+        int exactEdits = 0;
     };
-    static void Watch(const VoiceSymbol* symbol, Held& held) {
+    struct HeldNote {
+        bool tied = false;
+        int earlier = 0;  // symbols at a time
+    };
+    void Watch(const VoiceSymbol* symbol, Held& held, int earlier) {
         for (const VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(symbol))
-            held.tuplets |= As<MarkIrreg>(attribute) != nullptr;
-        if (const auto* chord = As<Chords>(symbol); chord && !held.ties)
-            for (const GenericNote* note : chordNotes.Of(chord))
+            if (As<MarkIrreg>(attribute)) held.tuplets = true, held.clean = false;
+        if (const auto* chord = As<Chords>(symbol))
+            for (const GenericNote* note : chordNotes.Of(chord)) {
+                HeldNote& own = _notes[note];
+                own.earlier = std::max(own.earlier, earlier);
                 for (const NoteAttribute* attribute : noteAttributes.Of(note))
-                    held.ties |= As<MarkValue>(attribute) != nullptr;
+                    if (As<MarkValue>(attribute)) own.tied = true, held.clean = false;
+            }
+    }
+    void Forget(const Voice* voice, Held& held) {
+        held = {};
+        for (const VoiceSymbol* symbol : voiceSymbols.Of(voice))
+            if (const auto* chord = As<Chords>(symbol))
+                for (const GenericNote* note : chordNotes.Of(chord)) _notes.erase(note);
     }
 
-    std::unordered_map<const Voice*, Held> _of;  // also of voices that are gone: an undo may bring them back
+    // Also of what is gone: an undo may bring it back.
+    std::unordered_map<const Voice*, Held> _of;
+    std::unordered_map<const GenericNote*, HeldNote> _notes;
 };
 
 // The notes, their owners and kinds are those of the notation, their places too but for what was cut off.
-inline void ExpectTheEventsOfTheNotation(const WindowTarn& window, const RoundedVoices& rounded) {
+inline void ExpectTheEventsOfTheNotation(const WindowTarn& window, RoundedVoices& rounded) {
     const std::vector<NoteEvents> kept = EventsOf(window.GetDocument()),
                                   told = RebuiltEventsOf(*window.Pool());
     ASSERT_EQ(kept.size(), told.size());
@@ -134,6 +162,7 @@ inline void ExpectTheEventsOfTheNotation(const WindowTarn& window, const Rounded
         const int mostOff = rounded.MostOff(kept[i]);
         ASSERT_NEAR(kept[i].on, told[i].on, mostOff) << kept[i].what << ", the start";
         ASSERT_NEAR(kept[i].off, told[i].off, mostOff) << kept[i].what << ", the end";
+        rounded.Found(kept[i], std::abs(kept[i].on - told[i].on) + std::abs(kept[i].off - told[i].off));
     }
 }
 

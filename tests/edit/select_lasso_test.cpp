@@ -136,7 +136,7 @@ TEST_F(Select, AClickSelectsTheHeadUnderItAlone) {
     EXPECT_FALSE(window->interaction);
     // A band over the stem alone has the chord, and so all its heads.
     const StemLine stem = LineOf(StemOf(chord));
-    Drag({stem.x - 5, stem.end + 10}, {stem.x + 5, stem.end + 20});
+    Drag({stem.x - 5, stem.end - 90}, {stem.x + 5, stem.end + 20});
     SetSelectionAnchors(*window);
     EXPECT_EQ(SelectedNotes(1).size(), 2u);
 }

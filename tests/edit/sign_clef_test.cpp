@@ -74,6 +74,29 @@ TEST_F(ClefTest, AClefWithinGovernsWhatStandsRightOfItUpToTheNext) {
     EXPECT_EQ(Notes(), sound);
 }
 
+TEST_F(ClefTest, ANoteBehindAClefIsJudgedByTheKeyWhateverStandsOnItsLineBefore) {
+    Enter(kQuarter, 3, 2, 10, 0);
+    Enter(kQuarter, 3, 2, 990, 12);
+    PressClef(kTrebleItem, 3, 2, 125);
+    ASSERT_EQ(Lines(3, 2), (Numbers{0, 0}));
+    Item(kSharp);
+    const auto press = [&](size_t note) { Press(3, 2, XOf(Events(3, 2)[note]) + 10, 0); };
+    press(0);
+    EXPECT_EQ(Accidentals(3, 2), "d-") << "no natural against a sharp of another clef";
+    press(1);
+    EXPECT_EQ(Accidentals(3, 2), "dd") << "nor does it spare a sharp";
+    Item(kNatural);
+    press(0);
+    EXPECT_EQ(Accidentals(3, 2), "-d");
+    Item(kSharp);
+    Step([&] { press(0); });
+    EXPECT_EQ(Accidentals(3, 2), "dd");
+    SetToolMode(ModeEraser);
+    press(0);
+    EXPECT_EQ(Accidentals(3, 2), "d") << "what is left keeps its own";
+    ExpectHeightsOfNotation();
+}
+
 TEST_F(ClefTest, AtABarlineItStandsInTheMeasureBefore) {
     Step([&] { PressHead(kBassItem, 2, 1); });
     EXPECT_FALSE(ClefIn(2));

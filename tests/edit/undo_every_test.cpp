@@ -1,9 +1,10 @@
 // Whatever is done once, undo gives back every byte, counter and block, and redo brings all of it again: each
-// command of the table, each item of the palettes, the eraser at each object, on a score with some of
-// everything.
+// command of the table, each item of the palettes, the eraser at each object, each handle, on a score with
+// some of everything.
 #include "base/Notify.h"
 #include "edit/Clipboard.h"
 #include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/PaletteTable.h"
 #include "edit/TextEntry.h"
 #include "edit/Texts.h"
@@ -44,6 +45,9 @@ protected:
         PressItem(4, 4, MiddleOf(RectOf(Head(1, 1, 0))));
         PressItem(6, 7, MiddleOf(RectOf(Head(2, 1, 2))));
         PressItem(6, 12, At(3, 1, 500, -3));
+        Enter(kEighth, 1, 1, XOf(Events(1, 1)[1]) + 10, 6);
+        Enter(kEighth, 1, 1, XOf(Events(1, 1)[1]) + 10, 8);
+        PressItem(1, kSharp, MiddleOf(RectOf(Head(1, 1, 2))));
         ExpectSound();
     }
     void TearDown() override {
@@ -89,6 +93,20 @@ protected:
         edits += !(after == keeper.before);
     }
 
+    // The middle of each object, and each head of a chord with several.
+    std::vector<Point> PlacesOfObjects() {
+        std::vector<Point> places;
+        ForEachPatch(window->CurrentPage(), [&](const DrawPatch& patch, int) {
+            if (!patch.Bounds().IsEmpty()) places.push_back(MiddleOf(patch.Bounds()));
+            const auto* column = patch.Record<ChordSymbol>();
+            const Stem* stem = column ? chordSymbolStems.First(column) : nullptr;
+            if (stem)
+                for (const GenericNote* note : stemNotes.Of(stem)) places.push_back(MiddleOf(RectOf(note)));
+        });
+        EXPECT_GE(places.size(), 50u);
+        return places;
+    }
+
     int edits = 0;
 };
 
@@ -122,8 +140,10 @@ const std::map<int, CommandArguments> kArguments = {
     {40012, {{"name", "Violin"}}},
     {57606, {{"height", "16779"}, {"width", "11864"}}},
 };
-// Undo and redo themselves, and toggles of how the score is edited: they write at once, without a step.
-const std::set<int> kNoSteps = {57643, 57644, 32808, 32809};
+// Toggles of how the score is edited: they write at once, without a step.
+constexpr int kSwitches[] = {32808, 32809};
+// They, and undo and redo themselves.
+const std::set<int> kNoSteps = {57643, 57644, kSwitches[0], kSwitches[1]};
 
 TEST_F(UndoEvery, CommandOfTheTable) {
     for (const CommandFamily family : CommandFamilies())
@@ -148,6 +168,27 @@ TEST_F(UndoEvery, CommandOfTheTable) {
     EXPECT_GE(edits, 70);
 }
 
+// A setting shall not take the place of the edit that can be undone: what is undone is the edit, and the
+// switch stays as it was put.
+TEST_F(UndoEvery, SwitchesOfTheScoreLeaveItsStepAlone) {
+    for (const int id : kSwitches) {
+        SCOPED_TRACE(id);
+        StateKeeper keeper(*window);
+        Enter(kQuarter, 6, 1, 10, 4);
+        const PoolState edited = Now();
+        ASSERT_TRUE(RunCommand(*window, id));
+        EXPECT_EQ(keeper.commands, 1);
+        EXPECT_NE(Now(), edited) << "the score keeps it";
+        window->Undo();
+        EXPECT_NE(Now(), keeper.before);
+        ASSERT_TRUE(RunCommand(*window, id));
+        EXPECT_EQ(Now(), keeper.before) << "put back, nothing is left of either";
+        window->Redo();
+        EXPECT_EQ(Now(), edited);
+        window->Undo();
+    }
+}
+
 TEST_F(UndoEvery, PaletteItemWhereverItIsPressed) {
     for (int group = 1; group <= 11; ++group)
         for (int item = 1; item <= 34; ++item) {
@@ -161,16 +202,45 @@ TEST_F(UndoEvery, PaletteItemWhereverItIsPressed) {
 }
 
 TEST_F(UndoEvery, ObjectTheEraserHits) {
-    std::vector<Point> places;
-    ForEachPatch(window->CurrentPage(), [&](const DrawPatch& patch, int) {
-        if (!patch.Bounds().IsEmpty()) places.push_back(MiddleOf(patch.Bounds()));
-    });
-    ASSERT_GE(places.size(), 50u);
-    for (const Point at : places) {
+    for (const Point at : PlacesOfObjects()) {
         Try("at " + std::to_string(at.x) + " " + std::to_string(at.y), [&] { EraseAt(at); });
         if (HasFailure()) return;
     }
     EXPECT_GE(edits, 15);
+}
+
+TEST_F(UndoEvery, CommandOnWhatAPressHasPicked) {
+    constexpr int kClear = 32774, kCut = 57635, kStepUp = 40040;
+    for (const Point at : PlacesOfObjects())
+        for (const int id : {kClear, kCut, kStepUp}) {
+            Try(std::to_string(id) + " at " + std::to_string(at.x) + " " + std::to_string(at.y), [&] {
+                SetToolMode(ModeArrow);
+                MouseDown(*window, at.x, at.y, 0);
+                MouseUp(*window, at.x, at.y);
+                (void)RunCommand(*window, id);
+            });
+            if (HasFailure()) return;
+        }
+    EXPECT_GE(edits, 60);
+}
+
+TEST_F(UndoEvery, HandleThatIsDragged) {
+    for (const int kind : {33045, 33046, 33047, 33048, 33049, 33055}) {
+        ASSERT_TRUE(RunCommand(*window, kind));
+        const std::vector<Handle> handles = window->Handles().All();
+        EXPECT_FALSE(handles.empty()) << kind;
+        for (const Handle& handle : handles) {
+            const Point from = handle.place, to = from + Point{110, -90};
+            Try(std::to_string(kind) + " at " + std::to_string(from.x) + " " + std::to_string(from.y), [&] {
+                MouseDown(*window, from.x, from.y, 0);
+                MouseMove(*window, to.x, to.y);
+                MouseUp(*window, to.x, to.y);
+            });
+            if (HasFailure()) return;
+        }
+        ASSERT_TRUE(RunCommand(*window, 33041));
+    }
+    EXPECT_GE(edits, 25);
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <QWheelEvent>
 
 #include "ViewFixture.h"
+#include "edit/CommandTable.h"
+#include "edit/ControlPoints.h"
 #include "edit/Selection.h"
 #include "layout/NoteGeometry.h"
 #include "model/Par.h"
@@ -88,6 +90,54 @@ TEST_F(View, TabWalksInTheScoreAndEscapeLeavesStepByStep) {
         << "the menu's shortcut takes it away, not the view";
 }
 
+TEST_F(View, EscapeEndsADragWithoutATrace) {
+    EnterSome();
+    SetToolMode(ModeArrow);
+    const GenericNote* note = nullptr;
+    for (const DrawPatch& patch : window->Sheet().AllPatches())
+        if (const auto* column = patch.Record<ChordSymbol>())
+            note = stemNotes.First(chordSymbolStems.First(column));
+    ASSERT_NE(note, nullptr);
+    const int line = note->_line;
+    const Rect head = RectOf(note);
+    const QPointF at = On({(head.left + head.right) / 2, (head.top + head.bottom) / 2}),
+                  to = at - QPointF(0, 40);
+    const auto escapeIsTheMenus = [&] {
+        QKeyEvent asked(QEvent::ShortcutOverride, Qt::Key_Escape, Qt::NoModifier);
+        asked.ignore();
+        QApplication::sendEvent(&view, &asked);
+        return !asked.isAccepted();
+    };
+    EXPECT_TRUE(escapeIsTheMenus());
+    Send(QEvent::MouseButtonPress, at);
+    Send(QEvent::MouseMove, to);
+    EXPECT_FALSE(escapeIsTheMenus());
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(&view, &escape);
+    Send(QEvent::MouseButtonRelease, to);
+    EXPECT_EQ(note->_line, line);
+}
+
+TEST_F(View, WithHandlesShownTabAndArrowKeysAreForThem) {
+    const auto key = [&](int code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QKeyEvent event(QEvent::KeyPress, code, modifiers);
+        QApplication::sendEvent(&view, &event);
+    };
+    const Measure* first = systemMeasures.First(pageSystems.First(window->CurrentPage()));
+    const int32_t edge = first->_right;
+    key(Qt::Key_Escape);
+    ASSERT_TRUE(RunCommand(*window, 33048));
+    key(Qt::Key_Tab);
+    key(Qt::Key_Tab);
+    key(Qt::Key_Right);
+    EXPECT_EQ(first->_right, edge + 20);
+    key(Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(first->_right, edge - 80);
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    key(Qt::Key_Left);
+    EXPECT_EQ(first->_right, edge - 80) << "the system is at the margin";
+}
+
 TEST_F(View, TheRightButtonSelectsWhatItIsPressedOn) {
     EnterSome();
     const auto right = [&](int line) {
@@ -168,6 +218,45 @@ TEST_F(View, MarginsAreShownWhileTheyAreAskedFor) {
     EXPECT_NE(view.grab().toImage(), without);
     view.ShowMargins(false);
     EXPECT_EQ(view.grab().toImage(), without);
+}
+
+TEST_F(View, HandlesAreSeenAndPressedAtEveryZoom) {
+    constexpr int kBarlines = 33048, kHide = 33041;
+    SetToolMode(ModeArrow);
+    for (const int zoom : {25, 105, 400}) {
+        SCOPED_TRACE(zoom);
+        view.SetZoom(Zoom::Percent, zoom);
+        ASSERT_TRUE(RunCommand(*window, kBarlines));
+        const Handle handle = window->Handles().All()[1];
+        ASSERT_TRUE(RunCommand(*window, kHide));
+        view.ScrollTo(
+            {handle.place.x - 500, handle.place.y - 500, handle.place.x + 500, handle.place.y + 500});
+        const auto grab = [this] { return view.viewport()->grab().toImage(); };
+        const QImage without = grab();
+        ASSERT_TRUE(RunCommand(*window, kBarlines));
+        const QImage with = grab();
+        Send(QEvent::MouseMove, On(handle.place), Qt::NoButton);
+        EXPECT_EQ(view.viewport()->cursor().shape(), Qt::SizeAllCursor);
+        Send(QEvent::MouseMove, On(handle.place) + QPointF(30, 30), Qt::NoButton);
+        EXPECT_NE(view.viewport()->cursor().shape(), Qt::SizeAllCursor);
+        const QPoint middle = On(handle.place).toPoint();
+        int changed = 0;
+        for (int dy = -15; dy <= 15; ++dy) {
+            const QPoint at = middle + QPoint(-1, dy);
+            changed += with.pixel(at) != without.pixel(at);
+        }
+        EXPECT_GE(changed, 2) << "at least its edges";
+        EXPECT_LE(changed, 13);
+        Send(QEvent::MouseButtonPress, QPointF(middle + QPoint(3, -3)));
+        Send(QEvent::MouseButtonRelease, QPointF(middle + QPoint(3, -3)));
+        EXPECT_TRUE(window->Handles().IsSelected(handle));
+        Send(QEvent::MouseButtonPress, QPointF(middle), Qt::RightButton);
+        EXPECT_TRUE(window->Handles().IsSelected(handle)) << "the menu is about it";
+        EXPECT_NE(grab().pixel(middle), with.pixel(middle)) << "a selected one is filled";
+        ASSERT_TRUE(RunCommand(*window, kHide));
+        window->caret.visible = false;
+        EXPECT_EQ(grab(), without);
+    }
 }
 
 TEST_F(View, ScrollToBringsAPlaceIntoSight) {
