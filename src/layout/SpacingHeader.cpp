@@ -45,17 +45,26 @@ Rect InkOf(const Sign& sign, const Staff* staff) {
     return sign.symbol ? InkOf(sign.symbol, Point{}, staff ? staff->_lineDistance.Get() : 100, 100) : Rect{};
 }
 
+// Headers are also asked for while records come and go.
+bool IsPlaced(const GenericNote* note) {
+    const Stem* stem = StemPar(note);
+    if (!stem) return false;
+    for (const GenericNote* head : stemNotes.Of(stem))
+        if (!StaffPar(head)) return false;
+    return true;
+}
+
 // How far the accidentals of the first events reach left of the note area, where it would begin behind
 // `header`. What a hand has moved one by does not count.
-int32_t ReachOfFirstAccidentals(const Measure* measure, int32_t header) {
+int64_t ReachOfFirstAccidentals(const Measure* measure, int32_t header) {
     const MeasureFrame frame{-header, measure->Width(), header};
-    int32_t reach = 0;
+    int64_t reach = 0;
     const auto add = [&](const Chords* chord) {
         if (chordNotes.Count(chord) > kMostHeads) return;
         for (const GenericNote* note : chordNotes.Of(chord))
-            if (const Accident* accident = AccidentOf(note); accident && StaffPar(note) && StemPar(note)) {
-                const int32_t distance = StaffPar(note)->_lineDistance;
-                const int32_t left = RectOf(accident, frame).left - accident->_dx * distance / 1000;
+            if (const Accident* accident = AccidentOf(note); accident && IsPlaced(note)) {
+                const int64_t distance = StaffPar(note)->_lineDistance;
+                const int64_t left = RectOf(accident, frame).left - accident->_dx * distance / 1000;
                 reach = std::max(reach, kAccidentalAir * distance / 100 - left);
             }
     };
@@ -94,10 +103,11 @@ HeaderPlaces WorkOutPlaces(const Measure* measure) {
     const int32_t repeatWidth = StartRepeatWidth(measure);
     const int32_t repeat = x += x && repeatWidth ? gaps.keyTime : 0;
     const int32_t signs = x + repeatWidth, usual = signs + gaps.firstNote;
-    const int32_t reach = measure->Width() > usual ? ReachOfFirstAccidentals(measure, usual) : 0;
-    const int32_t most = (measure->Width() - usual) / kMostPush;
-    const int32_t push = std::clamp(reach - gaps.firstNote, 0, std::max(most, 0));
-    return {places[0], places[1], places[2], repeat, usual + push};
+    const int64_t most = (int64_t{measure->Width()} - usual) / kMostPush;
+    if (most <= 0) return {places[0], places[1], places[2], repeat, usual};
+    const int64_t push = ReachOfFirstAccidentals(measure, usual) - gaps.firstNote;
+    return {places[0], places[1], places[2], repeat,
+            usual + static_cast<int32_t>(std::clamp(push, int64_t{0}, most))};
 }
 
 // Headers worked out while nothing is written.
