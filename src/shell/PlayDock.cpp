@@ -67,7 +67,7 @@ PlayDock::PlayDock(MainFrame& frame) : QDockWidget("Accompany"), _frame(frame) {
     auto* body = new QWidget;
     auto* row = new QHBoxLayout(body);
     row->setContentsMargins(8, 4, 8, 4);
-    row->setSpacing(10);
+    row->setSpacing(6);
     for (const int id : {kPlayId, kStopId}) {
         auto* button = new QToolButton;
         button->setDefaultAction(frame.Actions().Of(id));
