@@ -12,6 +12,7 @@
 #include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/SymbolTable.h"
+#include "model/Ties.h"
 #include "play/MIDIUtility.h"
 
 namespace corvane {
@@ -53,6 +54,13 @@ void SetBracketed(GenericNote* note, Alteration alteration) {
     }
     note->_alteration = alteration;
     AttachAccident(note, alteration, true);
+}
+
+// Dots are not refused: a person may be about to shorten another event.
+void SetDots(const InsertionPlace& place, VoiceSymbol* event, int count) {
+    ChangeDots(place.window, event, count);
+    if (IsMeasureFull(VoicePar(event)))
+        place.window.Shell().Tell("The measure holds more than its time signature says.");
 }
 
 }  // namespace
@@ -107,6 +115,16 @@ void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
     AuditionNote(note);
 }
 
+void DropAccidental(WindowTarn& window, GenericNote* note) {
+    const MeasureRedraw redraw(window, MeasureStaffPar(note));
+    RemoveAccidents(note);
+    if (IsHeldOver(note)) return;
+    note->_alteration = AlterationInForce(note);
+    UpdateAccidentals(note, UpdateNoteHeight);
+    UpdateNoteHeight(note);
+    AlterTiedNotes(window, note);
+}
+
 void ChangeDots(WindowTarn& window, VoiceSymbol* symbol, int count) {
     Voice* voice = VoicePar(symbol);
     const MeasureRedraw redraw(window, MeasureStaffPar(voice));
@@ -116,13 +134,19 @@ void ChangeDots(WindowTarn& window, VoiceSymbol* symbol, int count) {
     if (Switches().autoBeam) BeamVoice(voice);
 }
 
+void DropDots(WindowTarn& window, VoiceSymbol* event) {
+    const auto* chord = As<Chords>(event);
+    if (!chord) return ChangeDots(window, event, 0);
+    for (Chords* each : chordSymbolChords.Of(ChordSymbolPar(chord))) ChangeDots(window, each, 0);
+}
+
 void DotInsertion(const InsertionPlace& place, int count) {
     const DrawPatch patch = EventUnder(place.window, place.point);
-    if (auto* pause = patch ? patch.Record<Pause>() : nullptr) return ChangeDots(place.window, pause, count);
+    if (auto* pause = patch ? patch.Record<Pause>() : nullptr) return SetDots(place, pause, count);
     const auto* chordSymbol = patch ? patch.Record<ChordSymbol>() : nullptr;
     if (!chordSymbol || !HeadAt(chordSymbol, place.point))
         return place.window.Shell().Tell("Press on a note or a rest.");
-    for (Chords* chord : chordSymbolChords.Of(chordSymbol)) ChangeDots(place.window, chord, count);
+    for (Chords* chord : chordSymbolChords.Of(chordSymbol)) SetDots(place, chord, count);
 }
 
 }  // namespace corvane

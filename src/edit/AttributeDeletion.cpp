@@ -20,7 +20,6 @@ void DeleteTie(WindowTarn& window, MarkValue* mark) {
     TieValue* tie = tieMarks.ParentOf(mark);
     GenericNote *note1 = noteAttributes.ParentOf(mark), *note2 = noteAttributes.ParentOf(other);
     GenericNote* second = StandsBefore(note1, note2) ? note2 : note1;
-    const bool tiedOver = MeasurePar(note1) != MeasurePar(note2);
     const MeasureRedraw redraw(window, MeasureStaffPar(second));
     for (MarkValue* each : {mark, other}) {
         TakeOff(window, each);
@@ -30,7 +29,7 @@ void DeleteTie(WindowTarn& window, MarkValue* mark) {
     }
     Release(tie);
     UntieNotes(note1, note2);
-    if (tiedOver) RedoAccidentals(MeasureStaffPar(second));
+    RedoAccidentals(MeasureStaffPar(second));
 }
 
 // One mark less; a tuplet without marks goes.

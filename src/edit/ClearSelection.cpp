@@ -8,6 +8,8 @@
 #include "edit/ClipboardState.h"
 #include "edit/Deletion.h"
 #include "edit/HandleFamily.h"
+#include "edit/Insertion.h"
+#include "edit/Lyrics.h"
 #include "edit/Signs.h"
 #include "edit/Spanners.h"
 #include "edit/TarnDestroy.h"
@@ -31,8 +33,17 @@ struct Clearing {
 void ClearEvents(Clearing& clearing) {
     const std::vector<Pause*> pauses = SelectedPauses(nullptr, clearing.choice.voice);
     const std::vector<Chords*> chords = SelectedChords(clearing.choice.voice);
+    const std::vector<GenericNote*> heads = HeadsPickedAlone(clearing.choice.voice);
     const PageRedraw redraw(clearing.window);
+    std::unordered_set<const Chords*> parted;
+    for (GenericNote* head : heads) {
+        Chords* chord = ChordPar(head);
+        parted.insert(chord);
+        clearing.crossings.insert(MeasureStaffPar(chord));
+        DeleteNote(clearing.window, head, clearing.choice);
+    }
     for (Chords* chord : chords) {
+        if (parted.count(chord)) continue;
         clearing.crossings.insert(MeasureStaffPar(chord));
         while (!DeleteNote(clearing.window, chordNotes.First(chord), clearing.choice)) {
         }
@@ -57,6 +68,15 @@ constexpr auto kDeleteSpanner =
 // What only a press selects; a rubber band around it is about the events under it.
 template <class R>
 constexpr auto kPicked = [](const MeasureStaff*) { return PickedOf<R>(); };
+// Of what the picked signs of a class hang on, each once: where one goes others are made anew.
+template <class Sign, const auto& relation>
+constexpr auto kOwners = [](const MeasureStaff*) {
+    std::vector<decltype(relation.ParentOf(static_cast<Sign*>(nullptr)))> owners;
+    std::unordered_set<const void*> seen;
+    for (Sign* sign : PickedOf<Sign>())
+        if (auto* owner = relation.ParentOf(sign); seen.insert(owner).second) owners.push_back(owner);
+    return owners;
+};
 constexpr auto kPageTexts = [](const MeasureStaff*) { return SelectedPageText(); };
 
 bool HasEvents(int voice) { return !SelectedVoiceSymbols(voice).empty(); }
@@ -72,22 +92,31 @@ struct ClearRow {
 template <auto Selected, auto Delete>
 constexpr ClearRow kRow{Has<Selected>, ClearList<Selected, Delete>};
 
+// What hangs on events before them: their places may be used anew.
 constexpr ClearRow kLists[] = {
+    kRow<kOwners<Accident, noteAttributes>, DropAccidental>,
+    kRow<kOwners<Dot, voiceSymbolAttributes>, DropDots>,
+    kRow<kPicked<SymbolAttribute>, DeleteNoteAttribute>,
+    kRow<kPicked<Liriche>, EraseSyllable>,
+    kRow<kPicked<Tremolo>, DeleteTremolo>,
+    kRow<kPicked<TieValue>, DeleteTie>,
+    kRow<kPicked<Irregular>, DeleteIrregular>,
+    kRow<kPicked<Beam>, DeleteBeam>,
     {HasEvents, ClearEvents},
     kRow<SelectedMovingClaf, DeleteClaf>,
     kRow<SelectedDinamiche, DeleteSign>,
     kRow<SelectedMeasureStaffText, DeleteSign>,
     kRow<SelectedSimboliVari, DeleteSign>,
+    kRow<SelectedArpeggi, DeleteSign>,
     kRow<SelectedHairpins, kDeleteSpanner<hairpinMarks>>,
     kRow<SelectedSlurs, kDeleteSpanner<slurMarks>>,
     kRow<SelectedOttave, kDeleteSpanner<ottavaMarks>>,
     kRow<SelectedTrilli, kDeleteSpanner<trilloMarks>>,
     kRow<SelectedPedali, kDeleteSpanner<pedaleMarks>>,
     kRow<kPageTexts, DeletePageText>,
-    kRow<kPicked<TieValue>, DeleteTie>,
-    kRow<kPicked<Irregular>, DeleteIrregular>,
-    kRow<kPicked<Beam>, DeleteBeam>,
     kRow<kPicked<Endings>, DeleteEndings>,
+    kRow<kPicked<Coda>, DeleteCoda>,
+    kRow<kPicked<Time>, DeleteTempo>,
 };
 
 // What the selected handles steer and can go by itself, each once.

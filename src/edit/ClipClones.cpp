@@ -24,8 +24,9 @@ ClipClones::ClipClones(Document* target, const Clipboard& clips) : _target(targe
 
 // ---- one event
 
-VoiceSymbol* ClipClones::CloneEvent(const VoiceSymbol* original, Voice* voice, VoiceSymbol* before,
+VoiceSymbol* ClipClones::CloneEvent(const ClipVoiceSymbol& clip, Voice* voice, VoiceSymbol* before,
                                     int32_t x) {
+    const VoiceSymbol* original = clip.object;
     VoiceSymbol* clone = Clone(_target, original);
     _event = clone;
     _events[original] = clone;
@@ -33,13 +34,13 @@ VoiceSymbol* ClipClones::CloneEvent(const VoiceSymbol* original, Voice* voice, V
     if (auto* chord = As<Chords>(clone)) {
         ChordSymbol* column = ColumnFor(As<Chords>(original), voice);
         chordSymbolChords.Add(column, chord);
-        for (const GenericNote* note : chordNotes.Of(As<Chords>(original))) CloneNote(note, chord, column, x);
+        for (const GenericNote* note : clip.Heads()) CloneNote(note, chord, column, x);
     } else {
         auto* pause = As<Pause>(clone);
         pause->_x = x;
         CloneBeamAttributes(As<Pause>(original), pause);
     }
-    CloneEventAttributes(original, clone);
+    CloneEventAttributes(clip, clone);
     return clone;
 }
 
@@ -84,9 +85,11 @@ void ClipClones::CloneBeamAttributes(const BeamSymbol* original, BeamSymbol* clo
     }
 }
 
-// A tuplet comes with those of its events that were copied.
-void ClipClones::CloneEventAttributes(const VoiceSymbol* original, VoiceSymbol* clone) {
-    for (const VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(original)) {
+// A tuplet comes with those of its events that were copied; where each head has a dot, those of single heads.
+void ClipClones::CloneEventAttributes(const ClipVoiceSymbol& clip, VoiceSymbol* clone) {
+    size_t dots = 0;
+    for (const VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(clip.object)) {
+        if (As<Dot>(attribute) && ++dots > clip.heads.size() && !clip.heads.empty()) continue;
         VoiceSymbolAttribute* copy = Clone(_target, attribute);
         voiceSymbolAttributes.Add(clone, copy);
         const auto* mark = As<MarkIrreg>(attribute);

@@ -13,9 +13,9 @@ class ClipClones {
 public:
     ClipClones(Document* target, const Clipboard& clips);
 
-    // A clone of the event with its heads and signs, in the voice behind `before` (null: in front), at x per
-    // mille. Without sounding events.
-    VoiceSymbol* CloneEvent(const VoiceSymbol* original, Voice* voice, VoiceSymbol* before, int32_t x);
+    // A clone of the event with the heads that are meant and its signs, in the voice behind `before` (null:
+    // in front), at x per mille. Without sounding events.
+    VoiceSymbol* CloneEvent(const ClipVoiceSymbol& clip, Voice* voice, VoiceSymbol* before, int32_t x);
     // What an original became; null if it was not cloned.
     VoiceSymbol* CloneOf(const VoiceSymbol* original) const;
     // The clone is about to be deleted again.
@@ -47,7 +47,7 @@ private:
 
     void CloneNote(const GenericNote* original, Chords* chord, ChordSymbol* column, int32_t x);
     void CloneBeamAttributes(const BeamSymbol* original, BeamSymbol* clone);
-    void CloneEventAttributes(const VoiceSymbol* original, VoiceSymbol* clone);
+    void CloneEventAttributes(const ClipVoiceSymbol& clip, VoiceSymbol* clone);
     ChordSymbol* ColumnFor(const Chords* original, Voice* voice);
     Stem* StemFor(const Stem* original, ChordSymbol* column, int32_t x);
     static BeamPart PartOf(const Beam* old, const MarkerJoints& joints);

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstdint>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "edit/ClipboardState.h"
@@ -14,13 +15,12 @@
 namespace corvane {
 namespace {
 
-std::vector<int16_t> VelocitiesOf(const VoiceSymbol* symbol) {
+std::vector<int16_t> VelocitiesOf(const std::vector<GenericNote*>& notes) {
     std::vector<int16_t> velocities;
-    if (const auto* chord = As<Chords>(symbol))
-        for (const GenericNote* note : chordNotes.Of(chord)) {
-            const NoteOn* on = NoteOnOf(note);
-            velocities.push_back(on ? on->_velocity.Get() : int16_t{0});
-        }
+    for (const GenericNote* note : notes) {
+        const NoteOn* on = NoteOnOf(note);
+        velocities.push_back(on ? on->_velocity.Get() : int16_t{0});
+    }
     return velocities;
 }
 
@@ -36,6 +36,22 @@ int NumberOf(const DocStaff* staff) {
 ClipPlace PlaceOf(const MeasureStaff* crossing, int32_t x, int16_t voice) {
     return {MeasurePar(crossing)->_number, NumberOf(DocStaffPar(crossing)), x, voice,
             ClefInForce(crossing, x)};
+}
+
+// The selected events, chords of which single heads are picked with these.
+std::vector<ClipVoiceSymbol> EventClips(int voice) {
+    std::unordered_map<const VoiceSymbol*, std::vector<GenericNote*>> alone;
+    for (GenericNote* head : HeadsPickedAlone(voice)) alone[ChordPar(head)].push_back(head);
+    std::vector<ClipVoiceSymbol> clips;
+    for (VoiceSymbol* symbol : SelectedVoiceSymbols(voice)) {
+        ClipVoiceSymbol clip;
+        clip.object = symbol;
+        clip.place = PlaceOf(MeasureStaffPar(symbol), XOf(symbol), VoicePar(symbol)->_number);
+        if (const auto found = alone.find(symbol); found != alone.end()) clip.heads = found->second;
+        clip.velocities = VelocitiesOf(clip.Heads());
+        clips.push_back(std::move(clip));
+    }
+    return clips;
 }
 
 // Slurs of which any event is listed. Those on both of its events come along also where the curve itself is
@@ -105,12 +121,31 @@ bool IsStill(const Clip<R>& clip, const std::unordered_set<const void*>& living)
     return living.contains(clip.object) && IsClass<R>(ClassNumberOf(clip.object));
 }
 
+// Of a chord of which single heads were copied, those that are still its own.
+bool KeepLivingHeads(ClipVoiceSymbol& clip, const std::unordered_set<const void*>& living) {
+    if (clip.heads.empty()) return true;
+    std::erase_if(clip.heads, [&](GenericNote* head) {
+        return !living.contains(head) || !IsClass<GenericNote>(ClassNumberOf(head)) ||
+               ChordPar(head) != clip.object;
+    });
+    clip.velocities = VelocitiesOf(clip.heads);
+    return !clip.heads.empty();
+}
+
 }  // namespace
 
 bool Clipboard::IsEmpty() const {
     bool empty = true;
     ForEachClipList(*this, [&](const auto& list) { empty &= list.empty(); });
     return empty;
+}
+
+std::vector<GenericNote*> ClipVoiceSymbol::Heads() const {
+    const auto* chord = heads.empty() ? As<Chords>(object) : nullptr;
+    if (!chord) return heads;
+    std::vector<GenericNote*> all;
+    for (GenericNote* note : chordNotes.Of(chord)) all.push_back(note);
+    return all;
 }
 
 std::vector<const void*> ObjectsOf(const Clipboard& clips) {
@@ -124,10 +159,7 @@ std::vector<const void*> ObjectsOf(const Clipboard& clips) {
 Clipboard CollectClips(WindowTarn& window, int voice) {
     Clipboard clips;
     clips.sourceWindow = &window;
-    for (VoiceSymbol* symbol : SelectedVoiceSymbols(voice)) {
-        const ClipPlace place = PlaceOf(MeasureStaffPar(symbol), XOf(symbol), VoicePar(symbol)->_number);
-        clips.ClipVoiceSymbols.push_back({{symbol, place}, VelocitiesOf(symbol)});
-    }
+    clips.ClipVoiceSymbols = EventClips(voice);
     for (Dinamiche* sign : SelectedDinamiche())
         clips.ClipDinamiche.push_back({sign, PlaceOf(MeasureStaffPar(sign), sign->_x, 0)});
     for (MeasureStaffText* text : SelectedMeasureStaffText())
@@ -151,7 +183,13 @@ void SettleClips(Clipboard& clips) {
 }
 
 void DropDeadClips(Clipboard& clips) {
-    const auto living = clips.sourceWindow->Pool()->Living(ObjectsOf(clips));
+    std::vector<const void*> objects = ObjectsOf(clips);
+    for (const ClipVoiceSymbol& clip : clips.ClipVoiceSymbols)
+        objects.insert(objects.end(), clip.heads.begin(), clip.heads.end());
+    const auto living = clips.sourceWindow->Pool()->Living(objects);
+    std::erase_if(clips.ClipVoiceSymbols, [&](ClipVoiceSymbol& clip) {
+        return !IsStill(clip, living) || !KeepLivingHeads(clip, living);
+    });
     ForEachClipList(clips, [&](auto& list) {
         std::erase_if(list, [&](const auto& clip) { return !IsStill(clip, living); });
     });

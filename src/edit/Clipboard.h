@@ -27,7 +27,11 @@ struct Clip {
 };
 
 struct ClipVoiceSymbol : Clip<VoiceSymbol> {
-    std::vector<int16_t> velocities;  // of its heads in their order; 0 for one that a tie spares
+    std::vector<GenericNote*> heads = {};  // those of a chord that are meant alone; none for the whole event
+    std::vector<int16_t> velocities = {};  // of its heads in their order; 0 for one that a tie spares
+
+    // What is meant of it, in the chord's order; none for a rest.
+    std::vector<GenericNote*> Heads() const;
 };
 
 struct ClipHairpin : Clip<Hairpin> {

@@ -3,6 +3,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "edit/ClipClones.h"
 #include "edit/ClipboardState.h"
 #include "edit/Deletion.h"
 #include "edit/DeletionSteps.h"
@@ -92,7 +93,7 @@ void KeepWholeColumns(Clipboard& clips) {
     for (const ClipVoiceSymbol& clip : clips.ClipVoiceSymbols) cut.insert(clip.object);
     std::erase_if(clips.ClipVoiceSymbols, [&](const ClipVoiceSymbol& clip) {
         const auto* chord = As<Chords>(clip.object);
-        if (!chord) return false;
+        if (!chord || !clip.heads.empty()) return false;
         for (const Chords* other : chordSymbolChords.Of(ChordSymbolPar(chord)))
             if (!cut.contains(other)) return true;
         return false;
@@ -122,6 +123,28 @@ void DissolvePartialBeams(const std::vector<ClipVoiceSymbol>& clips) {
                 DissolveBeam(beam, nullptr);
                 break;
             }
+}
+
+// Single heads become a chord of their own beside the one that they leave, which then is cut as every other.
+void PartChords(WindowTarn& window, Clipboard& clips) {
+    ClipClones clones(window.GetDocument(), clips);
+    std::vector<GenericNote*> leaving;
+    for (ClipVoiceSymbol& clip : clips.ClipVoiceSymbols) {
+        if (clip.heads.empty()) continue;
+        VoiceSymbol* own = clones.CloneEvent(clip, VoicePar(clip.object), clip.object, XOf(clip.object));
+        if (auto* grace = As<GraceChord>(own))
+            MakeGraceEvents(grace);
+        else
+            InsertVoiceSymbolEvents(own);
+        leaving.insert(leaving.end(), clip.heads.begin(), clip.heads.end());
+        clip.object = own;
+        clip.heads.clear();
+    }
+    if (leaving.empty()) return;
+    clones.JoinBeams();
+    clones.JoinTies();
+    for (GenericNote* head : leaving) DeleteNote(window, head, {1, true, false, false});
+    SettleClips(clips);
 }
 
 // What the selection leaves behind: spaced, without empty voices, its grace notes sounding.
@@ -178,6 +201,7 @@ void Cut(WindowTarn& window) {
     {
         const EditStep step(window);
         const PageRedraw redraw(window);
+        PartChords(window, clips);
         DissolvePartialBeams(clips.ClipVoiceSymbols);
         CutSigns(clips);
         DeleteStayingSlurs(window, slurs);

@@ -85,4 +85,10 @@ private:
 // it is no longer. False where there is none; then, without Shift, none stays selected.
 bool PressHandle(WindowTarn& window, Point p, uint32_t modifiers);
 
+// By keys: the one behind the selected one, or before it, is selected instead, round the page; false where
+// there is none.
+bool WalkHandles(WindowTarn& window, bool forward);
+// What all selected ones steer goes so far, as one undoable step; false where none is selected.
+bool NudgeHandles(WindowTarn& window, Point by);
+
 }  // namespace corvane

@@ -28,9 +28,13 @@ LiftedDrag::~LiftedDrag() {
     if (_moving) _window.Sheet().PutDown();
 }
 
-void LiftedDrag::Begin() {
+std::vector<DrawPatch> LiftedDrag::Drawers() const {
     void* record = RecordAt(_patch, _from);
-    _patches = record ? PatchesOf(_window, {record, ClassNumberOf(record)}) : std::vector<DrawPatch>{};
+    return record ? PatchesOf(_window, {record, ClassNumberOf(record)}) : std::vector<DrawPatch>{};
+}
+
+void LiftedDrag::Begin() {
+    _patches = Drawers();
     _window.Sheet().Lift(_patches);
     _count = _window.Sheet().Lifted().size();
 }

@@ -37,6 +37,8 @@ public:
     void Release(Point at) final;
 
 protected:
+    // Everything that is out of the picture: what draws the thing that is pressed.
+    virtual std::vector<DrawPatch> Drawers() const;
     // Whether anything would be another one.
     virtual bool Changes() const = 0;
     // One step of its own; the patches are filed where they stood, and no longer lifted.

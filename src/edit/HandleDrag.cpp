@@ -21,11 +21,11 @@ public:
 
     void Move(Point to) override {
         Drag::Move(to);
-        if (_moving && IsThere()) _window.Handles().ShowMoved(Moves());
+        if (_moving && IsThere()) _window.Handles().ShowMoved(MovesOf(_handles, _by));
     }
     void Draw(GraphicPort& port, const DrawContext& context) const override {
         if (!_moving || !IsThere()) return;
-        ForEachKind([&](const HandleFamily& family, const std::vector<Handle>& handles) {
+        ForEachKind(_handles, [&](const HandleFamily& family, const std::vector<Handle>& handles) {
             family.Draw(port, family.Moved(handles, _by), context);
         });
     }
@@ -34,22 +34,12 @@ public:
         if (!IsThere()) return;
         if (!_moving && _wasSelected) _window.Handles().Deselect(_pressed);
         if (!_moving) return;
-        const std::vector<HandleMove> moves = Moves();
+        const std::vector<HandleMove> moves = MovesOf(_handles, _by);
         PutDown();
-        if (std::none_of(moves.begin(), moves.end(), IsAMove)) return;
-        const EditStep step(_window);
-        for (size_t kind = 0; kind < kHandleKinds; ++kind) {
-            std::vector<HandleMove> ofKind = moves;
-            std::erase_if(ofKind, [kind](const HandleMove& move) {
-                return static_cast<size_t>(move.handle.kind) != kind || !IsAMove(move);
-            });
-            if (!ofKind.empty()) FamilyOf(static_cast<HandleKind>(kind)).Apply(_window, ofKind);
-        }
+        ApplyMoves(_window, moves);
     }
 
 private:
-    static bool IsAMove(const HandleMove& move) { return !(move.By() == Point{}); }
-
     void Begin() override {
         std::vector<DrawPatch> lifted;
         for (const Handle& handle : _handles)
@@ -64,24 +54,6 @@ private:
     }
     // Whatever changes the score or the page ends the drag.
     bool IsThere() const override { return _window.Handles().Generation() == _generation; }
-
-    template <class Visit>
-    void ForEachKind(Visit visit) const {
-        for (size_t kind = 0; kind < kHandleKinds; ++kind) {
-            std::vector<Handle> ofKind;
-            for (const Handle& handle : _handles)
-                if (static_cast<size_t>(handle.kind) == kind) ofKind.push_back(handle);
-            if (!ofKind.empty()) visit(FamilyOf(static_cast<HandleKind>(kind)), ofKind);
-        }
-    }
-    std::vector<HandleMove> Moves() const {
-        std::vector<HandleMove> moves;
-        ForEachKind([&](const HandleFamily& family, const std::vector<Handle>& handles) {
-            const std::vector<HandleMove> moved = family.Moved(handles, _by);
-            moves.insert(moves.end(), moved.begin(), moved.end());
-        });
-        return moves;
-    }
 
     const Handle _pressed;
     const bool _wasSelected;

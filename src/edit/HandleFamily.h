@@ -39,4 +39,19 @@ const HandleFamily& SlurHandles();
 
 const HandleFamily& FamilyOf(HandleKind kind);
 
+// Calls visit(family, handles) for each kind that is among some handles.
+template <class Visit>
+void ForEachKind(const std::vector<Handle>& handles, Visit visit) {
+    for (size_t kind = 0; kind < kHandleKinds; ++kind) {
+        std::vector<Handle> ofKind;
+        for (const Handle& handle : handles)
+            if (static_cast<size_t>(handle.kind) == kind) ofKind.push_back(handle);
+        if (!ofKind.empty()) visit(FamilyOf(static_cast<HandleKind>(kind)), ofKind);
+    }
+}
+// Where handles of any kinds come to stand together, and what they steer there as one undoable step; no step
+// where none goes anywhere.
+std::vector<HandleMove> MovesOf(const std::vector<Handle>& handles, Point by);
+void ApplyMoves(WindowTarn& window, const std::vector<HandleMove>& moves);
+
 }  // namespace corvane

@@ -37,7 +37,12 @@ void NoteInsertion(const InsertionPlace& place, std::string_view descriptor);
 void PauseInsertion(const InsertionPlace& place, std::string_view descriptor);
 // Of the event and, for a chord, of what follows from its length; 0 to 3. Within the caller's step.
 void ChangeDots(WindowTarn& window, VoiceSymbol* symbol, int count);
+// All dots of an event, and of the other voices that share its heads. Within the caller's step.
+void DropDots(WindowTarn& window, VoiceSymbol* event);
 void DotInsertion(const InsertionPlace& place, int count);
+// Takes a note's accidental away: it is read and sounds as what is in force there, a tied one as before.
+// Within the caller's step.
+void DropAccidental(WindowTarn& window, GenericNote* note);
 void AccInsertion(const InsertionPlace& place, std::string_view descriptor);
 // A clef for what stands right of the point: left of the notes of a system's first measure the system's own,
 // left of those of a later measure before its barline, else within the measure.
@@ -45,6 +50,8 @@ void ClafInsertion(const InsertionPlace& place, std::string_view descriptor);
 // The tie of the note under the point to the one behind it, which goes again where it stands already.
 void TieInsertion(const InsertionPlace& place);
 void SimboliVariInsertion(const InsertionPlace& place, std::string_view descriptor);
+// Before the chord under the press; one that is there goes.
+void ArpeggioInsertion(const InsertionPlace& place, std::string_view descriptor);
 // A sign of a class on the note under the point: instead of the one of its class, gone where it is the same.
 void NoteSignInsertion(const InsertionPlace& place, int16_t classNumber, std::string_view descriptor);
 // A sign of a class on a note; no such sign any more. The caller keeps the note off the sheet.

@@ -130,10 +130,13 @@ Point MovePen(WindowTarn& window, std::optional<Point> from, PenMove move) {
     MeasureStaff* crossing = from ? CrossingAt(window, *from) : nullptr;
     if (!crossing) return StartOf(window);
     PenPlace place = PlaceAt(crossing, *from);
+    const Point before = PointOf(place);
     for (const auto& row : kMoves)
         if (row.move == move) row.go(place, row.onward);
     Show(window, place);
-    return PointOf(place);
+    const Point after = PointOf(place);
+    if (after == before) window.Shell().Tell("There is no further place that way.");
+    return after;
 }
 
 Point PressWithPen(WindowTarn& window, Point at) {

@@ -25,6 +25,7 @@ constexpr struct {
     {IsClass<VoiceSymbolAttribute>, nullptr},
     {IsClass<Dinamiche>, DragSign},
     {IsClass<SimboliVari>, DragSign},
+    {IsClass<Arpeggio>, DragArpeggio},
     {IsClass<Coda>, DragSign},
     {IsClass<MarkEndings>, DragSign},
     {IsClass<MarkHairpin>, DragLine},
@@ -36,17 +37,17 @@ constexpr struct {
     {IsClass<ChordSymbol>, DragHead},
     {IsClass<MovingClaf>, DragSign},
     {IsClass<StaticClaf>, nullptr, Press::Stays},
-    {IsClass<BeamMarker>, nullptr},
+    {IsClass<BeamMarker>, DragBeam},
     {IsClass<MarkSlur>, nullptr},
     {IsClass<Time>, DragSign},
 };
 
-// A beam that runs over the column of one of its notes is pressed all the same.
+// A beam that runs over the column of one of its notes, or a tremolo on its stem, is pressed all the same.
 DrawPatch HitAt(const WindowTarn& window, Point p) {
     const DrawPatch patch = window.Sheet().HitSymbol(p);
     if (!patch.Record<ChordSymbol>() || RecordAt(patch, p)) return patch;
     const DrawPatch behind = window.Sheet().HitSymbol(p, patch);
-    return behind.Record<BeamMarker>() ? behind : patch;
+    return behind.Record<BeamMarker>() || behind.Record<Tremolo>() ? behind : patch;
 }
 
 // True if it is selected now: with Shift a second press takes it out again.

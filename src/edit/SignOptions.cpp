@@ -65,7 +65,7 @@ Status ShowAccidentals(WindowTarn& window, const std::vector<GenericNote*>& note
     for (MeasureStaff* crossing : crossings) RedoAccidentals(crossing);
     if (shown == Shown::Needed) return Status::Ok();
     for (GenericNote* note : notes)
-        if (!AccidentOf(note) && !IsTiedOver(note) && (shown == Shown::Always || IsSurprising(note)))
+        if (!AccidentOf(note) && !IsHeldOver(note) && (shown == Shown::Always || IsSurprising(note)))
             AttachAccident(note, note->_alteration, true);
     return Status::Ok();
 }
@@ -86,11 +86,11 @@ const PaletteItem* ArticulationNamed(const std::string& name) {
     return nullptr;
 }
 
-// Takes what the chord has; null for none in its place. What a tie brings over is not struck again.
+// Takes what the chord has; null for none in its place. What a tie holds is not struck again.
 void Articulate(WindowTarn& window, Chords* chord, const PaletteItem* sign) {
     for (GenericNote* note : chordNotes.Of(chord)) ClearNoteSign(window, note, Articolazione::kClass);
     GenericNote* note = chordNotes.First(chord);
-    if (sign && note && !IsTiedOver(note)) AddNoteSign(note, Articolazione::kClass, sign->descriptor);
+    if (sign && note && !IsHeldOver(note)) AddNoteSign(note, Articolazione::kClass, sign->descriptor);
 }
 
 Status ApplyArticulationsCommand(WindowTarn& window, const CommandArguments& arguments) {

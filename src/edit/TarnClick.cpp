@@ -1,7 +1,9 @@
 #include "edit/TarnClick.h"
 
 #include <algorithm>
+#include <string>
 
+#include "edit/ControlPoints.h"
 #include "edit/Deletion.h"
 #include "edit/Insertion.h"
 #include "edit/Lyrics.h"
@@ -44,6 +46,11 @@ void UsePencil(const Press& press) {
     const PaletteItem* item = FindPaletteItem(tools.paletteGroup, tools.items[tools.paletteGroup]);
     if (!item) return;
     press.window.caret.visible = false;
+    const MeasureStaff* crossing = FindMeasureStaff(press.system, press.point);
+    const Staff* staff = crossing ? crossing->_staff.Get() : nullptr;
+    const bool isShown = staff && staff->_lineDistance > 0;
+    if (!isShown && (item->stroke || item->handler))
+        return press.window.Shell().Tell("The staff here is not shown, nothing can be entered on it.");
     if (item->stroke) {
         press.window.interaction =
             std::make_unique<PencilStroke>(press.window, *item, press.point, tools.OneVoice());
@@ -59,20 +66,47 @@ DeletionChoice ErasersChoice() {
     return {Tools().OneVoice(), Tools().AllVoices(), Switches().deleteNotesToRests, Switches().autoSpace};
 }
 
+void TellOfOtherVoice(const Press& press) {
+    press.window.Shell().Tell("This belongs to another voice; voice " + std::to_string(Tools().OneVoice()) +
+                              " is edited.");
+}
+
+// A column may hold chords of other voices than the one that is edited.
+bool IsErasable(const Press& press, const VoiceSymbol* event) {
+    const bool ours = Tools().AllVoices() || VoicePar(event)->_number == Tools().OneVoice();
+    if (!ours) TellOfOtherVoice(press);
+    return ours;
+}
+
+// Nothing of the edited voice is under the press, but something of another one.
+bool IsOnOtherVoice(const Press& press) {
+    NewWindowSheet& sheet = press.window.Sheet();
+    const int edited = sheet.EditVoice();
+    sheet.SetEditVoice(0);
+    const DrawPatch patch = sheet.HitSymbol(press.point);
+    sheet.SetEditVoice(edited);
+    return static_cast<bool>(patch);
+}
+
 // What the eraser does with a hit object, in the fixed order of the classes.
 bool EraseRest(const Press& press, const DrawPatch& patch) {
     auto* pause = patch.Record<Pause>();
-    if (pause) DeletePause(press.window, pause, ErasersChoice());
+    if (pause && IsErasable(press, pause)) DeletePause(press.window, pause, ErasersChoice());
     return pause != nullptr;
+}
+bool EraseTremolo(const Press& press, const DrawPatch& patch) {
+    auto* tremolo = patch.Record<Tremolo>();
+    if (tremolo) DeleteTremolo(press.window, tremolo);
+    return tremolo != nullptr;
 }
 bool EraseNote(const Press& press, const DrawPatch& patch) {
     auto* chordSymbol = patch.Record<ChordSymbol>();
     GenericNote* note = chordSymbol ? HeadAt(chordSymbol, press.point) : nullptr;
-    if (note)
-        DeleteNote(press.window, note, ErasersChoice());
-    else if (chordSymbol)
-        press.window.Shell().Tell("Press on the head of the note.");
-    return chordSymbol != nullptr;
+    if (note && IsErasable(press, ChordPar(note))) DeleteNote(press.window, note, ErasersChoice());
+    if (note || !chordSymbol) return chordSymbol != nullptr;
+    const DrawPatch behind = press.window.Sheet().HitSymbol(press.point, patch);
+    if (!EraseTremolo(press, behind)) press.window.Shell().Tell("Press on the head of the note.");
+    return true;
 }
 bool EraseNoteAttribute(const Press& press, const DrawPatch& patch) {
     auto* attribute = patch.Record<NoteAttribute>();
@@ -85,19 +119,10 @@ bool EraseNoteAttribute(const Press& press, const DrawPatch& patch) {
     DeleteNoteAttribute(press.window, attribute);
     return true;
 }
-bool EraseTremolo(const Press& press, const DrawPatch& patch) {
-    auto* tremolo = patch.Record<Tremolo>();
-    if (tremolo) DeleteTremolo(press.window, tremolo);
-    return tremolo != nullptr;
-}
-// All dots of what they lengthen, and of the other voices that share its heads.
 bool EraseDots(const Press& press, const DrawPatch& patch) {
     const auto* dot = patch.Record<Dot>();
     if (!dot) return false;
-    VoiceSymbol* event = voiceSymbolAttributes.ParentOf(dot);
-    const auto* chord = As<Chords>(event);
-    if (!chord) return ChangeDots(press.window, event, 0), true;
-    for (Chords* each : chordSymbolChords.Of(ChordSymbolPar(chord))) ChangeDots(press.window, each, 0);
+    DropDots(press.window, voiceSymbolAttributes.ParentOf(dot));
     return true;
 }
 bool EraseTuplet(const Press& press, const DrawPatch& patch) {
@@ -136,6 +161,7 @@ constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
     EraseTuplet,
     EraseSpanner,
     Erase<SimboliVari, DeleteSimboliVari>,
+    Erase<Arpeggio, DeleteArpeggio>,
     EraseRest,
     Erase<Coda, DeleteCoda>,
     Erase<MeasureStaffText, DeleteMeasureStaffText>,
@@ -155,6 +181,7 @@ void UseEraser(const Press& press) {
     if (patch)
         for (const auto row : kEraserRows)
             if (row(press, patch)) return;
+    if (!patch && IsOnOtherVoice(press)) return TellOfOtherVoice(press);
     press.window.Shell().Tell("There is nothing to erase here.");
 }
 
@@ -186,7 +213,8 @@ void MouseDown(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
     window.interaction.reset();
     const Point point = OnPlane(x, y);
     System* system = FindSystem(window.CurrentPage(), point.y);
-    if (!system || systemStaffs.IsEmpty(system) || systemMeasures.IsEmpty(system)) return;
+    if (!system || systemStaffs.IsEmpty(system) || systemMeasures.IsEmpty(system))
+        return window.Shell().Tell("There is no measure here: add staves and measures first.");
     const Press press{window, system, point, modifiers};
     MoveCaret(press);
     for (const auto& tool : kTools)
@@ -195,7 +223,8 @@ void MouseDown(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
 
 void MouseDoubleClick(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
     const bool arrow = Tools().toolMode == ModeArrow && !IsPlaying() && window.CurrentPage();
-    if (!arrow || !BeginTextUnder(window, {x, y})) MouseDown(window, x, y, modifiers);
+    const bool isText = arrow && !window.Handles().At({x, y}) && BeginTextUnder(window, {x, y});
+    if (!isText) MouseDown(window, x, y, modifiers);
 }
 
 void MouseMove(WindowTarn& window, int32_t x, int32_t y) {

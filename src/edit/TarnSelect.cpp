@@ -248,6 +248,23 @@ std::vector<GenericNote*> SelectedNotes(int voice) {
     return notes;
 }
 
+std::vector<GenericNote*> HeadsPickedAlone(int voice) {
+    if (PickedHeads().empty()) return {};
+    std::unordered_set<const ChordSymbol*> whole;
+    for (const DrawPatch& patch : SelectedPatches())
+        if (const auto* column = patch.Record<ChordSymbol>()) whole.insert(column);
+    std::vector<GenericNote*> heads;
+    for (const Chords* chord : SelectedChords(voice)) {
+        if (whole.count(ChordSymbolPar(chord))) continue;
+        std::vector<GenericNote*> own;
+        for (GenericNote* note : chordNotes.Of(chord))
+            if (Anchors().SelPicks.Has(note)) own.push_back(note);
+        if (static_cast<int>(own.size()) < chordNotes.Count(chord))
+            heads.insert(heads.end(), own.begin(), own.end());
+    }
+    return heads;
+}
+
 void ForEachSelectedChord(int voice, const std::function<void(Chords*)>& action) {
     for (Chords* chord : SelectedChords(voice)) action(chord);
 }
@@ -310,6 +327,8 @@ std::vector<Pedale*> SelectedPedali(const MeasureStaff* msc) {
 std::vector<SimboliVari*> SelectedSimboliVari(const MeasureStaff* msc) {
     return OfStaffSymbols<SimboliVari>(msc);
 }
+
+std::vector<Arpeggio*> SelectedArpeggi(const MeasureStaff* msc) { return OfStaffSymbols<Arpeggio>(msc); }
 
 std::vector<PageText*> SelectedPageText() {
     std::vector<PageText*> found;

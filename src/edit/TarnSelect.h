@@ -59,6 +59,8 @@ std::vector<Chords*> SelectedChords(const MeasureStaff* msc, int voice);
 std::vector<Pause*> SelectedPauses(const MeasureStaff* msc, int voice);
 // Heads of the selected chords that are selected themselves; all heads of a chord of which none is.
 std::vector<GenericNote*> SelectedNotes(int voice);
+// Picked heads of chords that have others, where nothing else selects the chord: they stand for themselves.
+std::vector<GenericNote*> HeadsPickedAlone(int voice);
 void ForEachSelectedChord(int voice, const std::function<void(Chords*)>& action);
 std::vector<Irregular*> SelectedIrregulars(int voice);
 // Beams of which each symbol is selected, or that are picked; the others go to `partial`.
@@ -75,6 +77,7 @@ std::vector<Ottava*> SelectedOttave(const MeasureStaff* msc = nullptr);
 std::vector<Trillo*> SelectedTrilli(const MeasureStaff* msc = nullptr);
 std::vector<Pedale*> SelectedPedali(const MeasureStaff* msc = nullptr);
 std::vector<SimboliVari*> SelectedSimboliVari(const MeasureStaff* msc = nullptr);
+std::vector<Arpeggio*> SelectedArpeggi(const MeasureStaff* msc = nullptr);
 // Of no staff.
 std::vector<PageText*> SelectedPageText();
 std::vector<GraphicObj*> SelectedGraphicObjs();

@@ -86,7 +86,7 @@ void SetTie(WindowTarn& window, GenericNote* first, GenericNote* second) {
         tieMarks.Add(tie, mark);
     }
     TieNotes(first, second);
-    if (IsTiedOver(second)) RedoAccidentals(MeasureStaffPar(second));
+    RedoAccidentals(MeasureStaffPar(second));
 }
 
 void DeleteTieBetween(WindowTarn& window, GenericNote* a, GenericNote* b) {
@@ -121,11 +121,14 @@ void AlterTiedNotes(WindowTarn& window, GenericNote* note) {
             if (partner && std::find(joined.begin(), joined.end(), partner) == joined.end())
                 joined.push_back(partner);
         }
+    if (joined.size() == 1) return;
     for (GenericNote* each : joined) {
-        if (each == note) continue;
-        const MeasureRedraw redraw(window, MeasureStaffPar(each));
-        each->_alteration = note->_alteration;
+        if (each->_alteration != note->_alteration) each->_alteration = note->_alteration;
         UpdateNoteHeight(each);
+    }
+    // Which of them shows the accidental is told by all.
+    for (const GenericNote* each : joined) {
+        const MeasureRedraw redraw(window, MeasureStaffPar(each));
         RedoAccidentals(MeasureStaffPar(each));
     }
 }

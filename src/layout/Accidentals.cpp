@@ -36,12 +36,14 @@ void ForEachOnLine(const GenericNote* note, Visit visit) {
                     if (other != note && other->_line == note->_line) visit(other);
 }
 
+Alteration InForce(const GenericNote* note, const GenericNote* before) {
+    while (before && IsHeldOver(before)) before = NoteBefore(before);
+    return before && NoClafBetween(before, note) ? before->_alteration.Get() : KeyAlterationAt(note);
+}
+
 // A note shows its accidental where it differs from the one before on its line, or else from the key.
 void RenewAccident(GenericNote* note, const GenericNote* before) {
-    while (before && IsTiedOver(before)) before = NoteBefore(before);
-    const Alteration inForce =
-        before && NoClafBetween(before, note) ? before->_alteration.Get() : KeyAlterationAt(note);
-    ShowAccidental(note, !IsTiedOver(note) && note->_alteration != inForce);
+    ShowAccidental(note, !IsHeldOver(note) && note->_alteration != InForce(note, before));
 }
 
 }  // namespace
@@ -55,6 +57,10 @@ Alteration KeyAlterationAt(const GenericNote* note) {
     const MeasureStaff* measureStaff = MeasureStaffPar(note);
     const int clef = ClefInForce(measureStaff, XOfNote(note));
     return AlterationOfKey(KeyInForce(measureStaff), DiatonicStep(clef, note->_line));
+}
+
+Alteration AlterationInForce(const GenericNote* note) {
+    return InForce(note, AccidentalsLast(DocumentPar(note)) ? NoteBefore(note) : nullptr);
 }
 
 std::string AccidentName(Alteration alteration, bool grace, bool bracketed) {
@@ -102,10 +108,12 @@ GenericNote* NoteBehind(const GenericNote* note) {
 void UpdateAccidentals(GenericNote* note, const std::function<void(GenericNote*)>& changed) {
     if (!AccidentalsLast(DocumentPar(note))) return RenewAccident(note, nullptr);
     RenewAccident(note, NoteBefore(note));
-    GenericNote* behind = NoteBehind(note);
-    if (!behind) return;
-    RenewAccident(behind, note);
-    changed(behind);
+    // One that a tie holds says nothing, so what is in force goes past it.
+    for (GenericNote* behind = NoteBehind(note); behind; behind = NoteBehind(behind)) {
+        RenewAccident(behind, note);
+        changed(behind);
+        if (!IsHeldOver(behind)) return;
+    }
 }
 
 }  // namespace corvane

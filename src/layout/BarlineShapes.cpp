@@ -15,11 +15,27 @@ BarlineWeights BarlineWeightsOf(const Measure* measure, int32_t lineDistance) {
             lineDistance};
 }
 
-int32_t StartRepeatWidth(const Measure* measure) {
-    if (!measure->_startRepeat) return 0;
+namespace {
+
+// For the staves of a measure, by its first one.
+BarlineWeights BarlineWeightsOf(const Measure* measure) {
     const MeasureStaff* crossing = measureStaffs.First(measure);
     const Staff* staff = crossing ? crossing->_staff.Get() : nullptr;
-    return BarlineWeightsOf(measure, staff ? staff->_lineDistance.Get() : 100).StartRepeatWidth();
+    return BarlineWeightsOf(measure, staff ? staff->_lineDistance.Get() : 100);
+}
+
+}  // namespace
+
+int32_t StartRepeatWidth(const Measure* measure) {
+    return measure->_startRepeat ? BarlineWeightsOf(measure).StartRepeatWidth() : 0;
+}
+
+int32_t EndBarlineWidth(const Measure* measure) {
+    if (measure->_hiddenBarline) return 0;
+    const BarlineWeights w = BarlineWeightsOf(measure);
+    if (measure->_endRepeat) return w.StartRepeatWidth();  // its mirror
+    if (measure->_barline == BarlineKind::Final) return w.thick + w.gap + w.thin;
+    return measure->_barline == BarlineKind::Double ? 2 * w.thin + w.gap : w.thin;
 }
 
 }  // namespace corvane

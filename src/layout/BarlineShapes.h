@@ -17,5 +17,7 @@ BarlineWeights BarlineWeightsOf(const Measure* measure, int32_t lineDistance);
 
 // How far the repeat sign at a measure's left reaches; 0 for a measure without one.
 int32_t StartRepeatWidth(const Measure* measure);
+// How far the barline or repeat sign at a measure's right reaches into it.
+int32_t EndBarlineWidth(const Measure* measure);
 
 }  // namespace corvane

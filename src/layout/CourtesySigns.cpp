@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "layout/BarlineShapes.h"
 #include "layout/Frames.h"
 #include "layout/Glyphs.h"
 #include "layout/MovingClefs.h"
@@ -90,9 +91,10 @@ int32_t BarlineOf(const Measure* measure) { return OriginOf(SystemPar(measure)).
 // Where a column of a staff is drawn: on its middle line.
 Point MiddleAt(const StaffFrame& frame, int32_t x) { return {x, frame.YOfLine(frame.lineCount)}; }
 
-Point ClefPlace(const StaffCourtesy& one, const StaffFrame& frame, int32_t barline) {
+Point ClefPlace(const StaffCourtesy& one, const StaffFrame& frame, const Measure* measure) {
     const Rect ink = InkOf(one.clef->_symbol, Point{}, frame.lineDistance, kMovingClefPercent);
-    return {barline - frame.lineDistance / 2 - ink.right,
+    const int32_t gap = kClefBeforeBarline * frame.lineDistance / 100;
+    return {BarlineOf(measure) - EndBarlineWidth(measure) - gap - ink.right,
             frame.YOfLine(ClefLine(one.clef->_code, frame.lineCount))};
 }
 
@@ -113,7 +115,7 @@ Rect InkOfCourtesy(const Measure* measure) {
         if (one.time)
             ink = Union(ink, InkOfTime(*one.time, MiddleAt(frame, barline + all.time), frame.lineDistance));
         if (one.clef)
-            ink = Union(ink, InkOf(one.clef->_symbol, ClefPlace(one, frame, barline), frame.lineDistance,
+            ink = Union(ink, InkOf(one.clef->_symbol, ClefPlace(one, frame, measure), frame.lineDistance,
                                    kMovingClefPercent));
     }
     return ink;
@@ -127,7 +129,7 @@ void PaintCourtesy(GraphicPort& port, const Measure* measure) {
         PaintDesign(port, one.key, MiddleAt(frame, barline + all.key), frame.lineDistance);
         if (one.time) PaintTime(port, *one.time, MiddleAt(frame, barline + all.time), frame.lineDistance);
         if (!one.clef) continue;
-        const Point at = ClefPlace(one, frame, barline);
+        const Point at = ClefPlace(one, frame, measure);
         DrawSymbol(port, one.clef->_symbol, at.x, at.y, frame.lineDistance, kMovingClefPercent);
     }
 }

@@ -1,9 +1,11 @@
 // Where the line of a beam over several staves lies.
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 #include <optional>
 
 #include "layout/BeamClearance.h"
+#include "layout/BeamMoves.h"
 #include "layout/CrossBeams.h"
 #include "layout/Engraving.h"
 #include "layout/NoteGeometry.h"
@@ -20,7 +22,7 @@ constexpr int32_t kShortened = 125;
 enum class Lie { Between, Above, Below };
 
 // A stem under the beam, with its heads as they stand.
-struct Post {
+struct CrossPost {
     Stem* stem;
     const BeamMarker* marker;
     const Staff *top, *bottom;  // of its highest and its lowest head
@@ -33,8 +35,8 @@ struct Post {
 
 int32_t DistanceOf(const Staff* staff) { return FrameOf(staff).lineDistance; }
 
-std::vector<Post> PostsOf(const Beam* beam) {
-    std::vector<Post> posts;
+std::vector<CrossPost> CrossPostsOf(const Beam* beam) {
+    std::vector<CrossPost> posts;
     for (const BeamMarker* marker : beamMarkers.Of(beam)) {
         auto* stem = As<Stem>(beamSymbolAttributes.ParentOf(marker));
         if (!stem || stemNotes.IsEmpty(stem)) continue;
@@ -48,9 +50,9 @@ std::vector<Post> PostsOf(const Beam* beam) {
 }
 
 // The tops of the staves under the beam but the lowest, downward: the line may lie below each.
-std::vector<int32_t> GapsOf(const std::vector<Post>& posts) {
+std::vector<int32_t> GapsOf(const std::vector<CrossPost>& posts) {
     std::vector<int32_t> tops;
-    for (const Post& post : posts)
+    for (const CrossPost& post : posts)
         for (const Staff* staff : {post.top, post.bottom}) tops.push_back(staff->_top);
     std::sort(tops.begin(), tops.end());
     tops.erase(std::unique(tops.begin(), tops.end()), tops.end());
@@ -58,15 +60,15 @@ std::vector<int32_t> GapsOf(const std::vector<Post>& posts) {
     return tops;
 }
 
-std::optional<Lie> ToldLie(const std::vector<Post>& posts) {
-    for (const Post& post : posts)
+std::optional<Lie> ToldLie(const std::vector<CrossPost>& posts) {
+    for (const CrossPost& post : posts)
         if (IsPointed(post.stem)) return IsUp(post.stem->_direction) ? Lie::Above : Lie::Below;
     return std::nullopt;
 }
 
 // The angle that the notes tell: as their first and last stand on the page.
-double SlopeOf(const std::vector<Post>& posts) {
-    const auto middle = [](const Post& post) { return (post.high + post.low) / 2; };
+double SlopeOf(const std::vector<CrossPost>& posts) {
+    const auto middle = [](const CrossPost& post) { return (post.high + post.low) / 2; };
     const int32_t rise = middle(posts.front()) - middle(posts.back());
     const int32_t least = DistanceOf(posts.front().top) / 2;
     if (!AngledBeams() || std::abs(rise) < least) return 0.0;
@@ -77,10 +79,11 @@ double SlopeOf(const std::vector<Post>& posts) {
 // Fits one beam to its posts.
 class CrossLine {
 public:
-    CrossLine(CrossBeam* beam, std::vector<Post> posts) : _beam(beam), _posts(std::move(posts)) {}
+    CrossLine(CrossBeam* beam, std::vector<CrossPost> posts) : _beam(beam), _posts(std::move(posts)) {}
 
     void Fit() {
         const std::vector<int32_t> gaps = GapsOf(_posts);
+        if (FitTold()) return Put();
         const std::optional<Lie> told = ToldLie(_posts);
         if (!told)
             for (const int32_t gap : gaps)
@@ -91,7 +94,7 @@ public:
     }
 
 private:
-    void Point(const Post& post, bool up) {
+    void Point(const CrossPost& post, bool up) {
         if (IsUp(post.stem->_direction) != up) PointStem(post.stem, up);
     }
     void Direct(bool up) {
@@ -99,12 +102,14 @@ private:
         if (_beam->_direction != direction) _beam->_direction = direction;
     }
     void TakePlaces() {
-        for (Post& post : _posts) post.x = BeamXOf(post.stem);
+        for (CrossPost& post : _posts) post.x = BeamXOf(post.stem);
     }
-    bool Opposes(const Post& post) const { return IsUp(post.stem->_direction) != (_beam->_direction == 'U'); }
+    bool Opposes(const CrossPost& post) const {
+        return IsUp(post.stem->_direction) != (_beam->_direction == 'U');
+    }
 
     // The least length of a stem from its outer head to the primary line.
-    int32_t Need(const Post& post, const Staff* staff) const {
+    int32_t Need(const CrossPost& post, const Staff* staff) const {
         const BeamClearance clearance(post.stem);
         const int32_t levels = Opposes(post) ? 0 : clearance.Depth(post.marker->_leftValue) + kHeadRoom;
         return std::max(clearance.least, levels) * DistanceOf(staff) / 100;
@@ -114,7 +119,7 @@ private:
     bool FitBetween(int32_t gap) {
         Direct(!_posts.front().IsOver(gap));
         bool over = false, under = false;
-        for (const Post& post : _posts) {
+        for (const CrossPost& post : _posts) {
             const bool isOver = post.IsOver(gap), isUnder = post.IsUnder(gap);
             over |= isOver, under |= isUnder;
             Point(post, isOver ? false : isUnder || _beam->_direction == 'U');
@@ -125,10 +130,48 @@ private:
         return Centre(gap, slope, 0) || (slope != 0.0 && Centre(gap, 0.0, 0)) || Centre(gap, 0.0, kShortened);
     }
 
+    // Along the ends that a person has told, each stem from its heads towards it. False where none is told,
+    // and where heads have come in its way.
+    bool FitTold() {
+        std::vector<BeamPost> told = PostsOf(_beam);
+        std::erase_if(told, [](const BeamPost& post) { return !IsLengthTold(post.stem); });
+        if (told.empty()) return false;
+        TakePlaces();
+        RunThrough(told);
+        if (!IsClear()) return false;
+        for (const CrossPost& post : _posts) {
+            const int32_t y = _line.YAt(post.x);
+            const bool straddles = post.high < y && post.low > y;
+            Point(post, straddles ? _beam->_direction == 'U' : post.low > y);
+        }
+        Direct(IsUp(_posts.front().stem->_direction));
+        // Stems that have turned stand on the other side of their heads.
+        TakePlaces();
+        for (BeamPost& post : told) post.x = BeamXOf(post.stem);
+        RunThrough(told);
+        return true;
+    }
+    void RunThrough(const std::vector<BeamPost>& told) {
+        const BeamPost &first = told.front(), &last = told.back();
+        _line.slope = SlopeOf(_posts);
+        if (first.x != last.x && AngledBeams())
+            _line.slope = static_cast<double>(last.y - first.y) / (last.x - first.x);
+        _line.b = first.y - first.x * _line.slope;
+    }
+    bool IsClear() const {
+        constexpr int32_t kRounding = 3;
+        for (const BeamPost& post : PostsOf(_beam))
+            for (const GenericNote* note : stemNotes.Of(post.stem)) {
+                const int32_t gap = PlaceOf(note).stem.y - _line.YAt(post.x);
+                if (std::abs(gap) + kRounding < LeastRoom(_beam, post, note, gap > 0)) return false;
+            }
+        return true;
+    }
+
     // The line in the middle of the room that the stems leave.
     bool Centre(int32_t gap, double slope, int32_t shortened) {
         double least = -std::numeric_limits<double>::infinity(), most = -least;
-        for (const Post& post : _posts) {
+        for (const CrossPost& post : _posts) {
             const double at = post.x * slope;
             const auto need = [&](const Staff* staff) {
                 return Need(post, staff) - shortened * DistanceOf(staff) / 100;
@@ -156,12 +199,12 @@ private:
     // All stems up to a line above, or down to one below.
     void FitBeside(bool above) {
         Direct(above);
-        for (const Post& post : _posts) Point(post, above);
+        for (const CrossPost& post : _posts) Point(post, above);
         TakePlaces();
         const int sign = above ? 1 : -1;  // upward
         double furthest = -std::numeric_limits<double>::infinity();
         _line.slope = SlopeOf(_posts);
-        for (const Post& post : _posts) {
+        for (const CrossPost& post : _posts) {
             const int32_t y = above ? post.high : post.low;
             const int32_t need = Need(post, above ? post.top : post.bottom);
             furthest = std::max(furthest, need - sign * (y - post.x * _line.slope));
@@ -171,20 +214,21 @@ private:
 
     // Stems against the beam's direction go on to the level that is furthest from their heads.
     void Put() {
-        for (const Post& post : _posts)
+        for (const CrossPost& post : _posts)
             SetEnd(post.stem, _line.YAt(post.x) + (Opposes(post) ? LevelReach(post.marker) : 0));
         SetMarkerStubs(_beam);
     }
 
     CrossBeam* _beam;
-    std::vector<Post> _posts;
+    std::vector<CrossPost> _posts;
     BeamLine _line;
 };
 
 }  // namespace
 
 void RefitCrossBeam(CrossBeam* beam) {
-    if (std::vector<Post> posts = PostsOf(beam); !posts.empty()) CrossLine(beam, std::move(posts)).Fit();
+    if (std::vector<CrossPost> posts = CrossPostsOf(beam); !posts.empty())
+        CrossLine(beam, std::move(posts)).Fit();
 }
 
 }  // namespace corvane

@@ -21,10 +21,11 @@ void PaintHead(GraphicPort& port, const GenericNote* note, const Column& column,
     if (!note->_hidden) Paint(port, LedgerLinesOf(note, column));
 }
 
-void PaintStem(GraphicPort& port, const Column& column) {
+void PaintStem(GraphicPort& port, const Column& column, int32_t endMovedBy) {
     if (!HasStemInk(column.stem)) return;
     const PenKept kept(port);
-    const Rect ink = StemInk(column);
+    Rect ink = StemInk(column);
+    (IsUp(column.stem->_direction) ? ink.top : ink.bottom) += endMovedBy;
     PaintUpright(port, ink.left, ink.top, ink.bottom, ink.Width());
 }
 
@@ -55,6 +56,11 @@ void Paint(GraphicPort& port, const LedgerLines& ledgers) {
 Rect InkOf(const ChordSymbol& chordSymbol) { return RectOf(&chordSymbol); }
 
 void Paint(GraphicPort& port, const ChordSymbol& chordSymbol, const DrawContext& context) {
+    Paint(port, chordSymbol, context, nullptr);
+}
+
+void Paint(GraphicPort& port, const ChordSymbol& chordSymbol, const DrawContext& context,
+           const EndMove& endMovedBy) {
     const PenKept kept(port);
     const Colour columnColour = port.CurrentColor();
     for (const Chords* chord : chordSymbolChords.Of(&chordSymbol)) {
@@ -68,7 +74,7 @@ void Paint(GraphicPort& port, const ChordSymbol& chordSymbol, const DrawContext&
     for (const Stem* stem : chordSymbolStems.Of(&chordSymbol)) {
         if (IsHidden(stem) && !UseHiddenColour(port, context.hiddenStems, context.printing)) continue;
         const Column column(stem);
-        PaintStem(port, column);
+        PaintStem(port, column, endMovedBy ? endMovedBy(stem) : 0);
         PaintFlags(port, column);
         port.SetColor(columnColour);
     }

@@ -2,6 +2,7 @@
 // family; DrawPatch.cpp lists them in one table.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "graphics/GraphicPort.h"
@@ -30,6 +31,10 @@ void Paint(GraphicPort& port, const TimeSignature& time, const DrawContext& cont
 // Notes: DrawChord.cpp, DrawRest.cpp, DrawSigns.cpp, DrawBeam.cpp.
 Rect InkOf(const ChordSymbol& chordSymbol);
 void Paint(GraphicPort& port, const ChordSymbol& chordSymbol, const DrawContext& context);
+// The same with the ends of its stems moved by so much, downward.
+using EndMove = std::function<int32_t(const Stem* stem)>;
+void Paint(GraphicPort& port, const ChordSymbol& chordSymbol, const DrawContext& context,
+           const EndMove& endMovedBy);
 Rect InkOf(const Pause& pause);
 void Paint(GraphicPort& port, const Pause& pause, const DrawContext& context);
 Rect InkOf(const Accident& accident);
@@ -90,6 +95,9 @@ Rect InkOf(const Coda& coda);
 void Paint(GraphicPort& port, const Coda& coda, const DrawContext& context);
 Rect InkOf(const SimboliVari& sign);
 void Paint(GraphicPort& port, const SimboliVari& sign, const DrawContext& context);
+Rect InkOf(const Arpeggio& arpeggio);  // DrawArpeggio.cpp
+void Paint(GraphicPort& port, const Arpeggio& arpeggio, const DrawContext& context);
+std::vector<Point> OutlineOf(const Arpeggio& arpeggio);
 Rect InkOf(const Dinamiche& mark);
 void Paint(GraphicPort& port, const Dinamiche& mark, const DrawContext& context);
 Rect InkOf(const MultiPause& pause);

@@ -58,6 +58,9 @@ bool AccidentalsLast(const Document* document);
 
 // What the key in force at a note gives its line.
 Alteration KeyAlterationAt(const GenericNote* note);
+// What a note is read as where it shows no accidental: as the one before it on its line, where that is still
+// in force, else as the key has it.
+Alteration AlterationInForce(const GenericNote* note);
 // Gives a note the accidental that it needs, and the next one on its line: an accidental stays in force to
 // the end of the measure or the next clef. The next note is handed to `changed`.
 void UpdateAccidentals(GenericNote* note, const std::function<void(GenericNote*)>& changed);

@@ -43,9 +43,9 @@ private:
 class ClefSymbol : public EventSymbol {
 public:
     explicit ClefSymbol(MovingClaf* clef) : _clef(clef) {}
+    const MovingClaf* Clef() const { return _clef; }
     Extents Measure(const ListaEventi& list, int32_t before) const override;
     bool Put(const ListaEventi& list, const Event& event) const override;
-    const MovingClaf* Clef() const { return _clef; }
 
 private:
     MovingClaf* _clef;

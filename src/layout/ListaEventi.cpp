@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "base/Rounding.h"
+#include "layout/ClefRoom.h"
 #include "layout/ElasticRow.h"
 #include "layout/EventSymbols.h"
 #include "layout/Frames.h"
@@ -139,6 +140,7 @@ int32_t ListaEventi::InNoteArea(int32_t units) const {
 void ListaEventi::LayOut(const SpacingTable& table) {
     MeasureEvents();
     Place(table);
+    if (_room.clefs) MakeRoomForClefs(*this);
     const int32_t usable = Usable();
     for (Event& event : events)
         for (int32_t* value : {&event.x, &event.rightExtent, &event.leftExtent})

@@ -2,6 +2,7 @@
 
 #include "layout/DrawFamilies.h"
 #include "layout/HeadShapes.h"
+#include "layout/HiddenInk.h"
 #include "layout/NoteGeometry.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -45,6 +46,24 @@ void PaintRun(GraphicPort& port, const StaffMeasureSymbol* mark, const LineRun& 
             for (const System* system : pageSystems.Of(page))
                 if (const SpannerPart part = PartOn(system, run.first, run.last))
                     line.paint(port, mark, part, run);
+}
+
+void PaintBeamMoved(GraphicPort& port, const Beam* beam, const BeamMove& move, const DrawContext& context) {
+    const PenKept kept(port);
+    const auto endMovedBy = [&](const Stem* stem) {
+        return BeamOf(stem) == beam ? MoveAt(beam, move, BeamXOf(stem)) : 0;
+    };
+    for (const BeamPost& post : PostsOf(beam)) {
+        const ChordSymbol* column = ChordSymbolPar(post.stem);
+        port.SetColor(context.ColourOf(VoiceNumberOf(*column)));
+        Paint(port, *column, context, endMovedBy);
+    }
+    if (IsHidden(beam) && !UseHiddenColour(port, context.hiddenStems, context.printing)) return;
+    for (const BeamStroke& stroke : StrokesOf(beam)) {
+        port.SetPenSize(1, stroke.thickness);
+        port.DrawLine(stroke.from.x, stroke.from.y + MoveAt(beam, move, stroke.from.x), stroke.to.x,
+                      stroke.to.y + MoveAt(beam, move, stroke.to.x));
+    }
 }
 
 }  // namespace corvane

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "layout/BarlineShapes.h"
 #include "layout/Frames.h"
 #include "layout/NoteGeometry.h"
 #include "layout/SymbolInk.h"
@@ -63,8 +64,7 @@ int32_t RoomOfClefsBehind(const MovingClaf* clef, const VoiceSymbol* behind, int
         if (other == clef) later = true;
         if (!other || other == clef || (behind && other->_place >= XOf(behind))) continue;
         if (other->_place > clef->_place || (other->_place == clef->_place && later))
-            room +=
-                InkOf(other->_symbol, Point{}, lineDistance, kMovingClefPercent).Width() + lineDistance / 2;
+            room += RoomOf(other, lineDistance);
     }
     return room;
 }
@@ -75,16 +75,26 @@ int32_t LeftEdge(const MovingClaf* clef, int32_t width, int32_t lineDistance) {
     const MeasureFrame frame = FrameOf(MeasurePar(crossing));
     const Neighbours around = Around(crossing, clef->_place);
     const int32_t others = RoomOfClefsBehind(clef, around.behind, lineDistance);
-    const int32_t gap = lineDistance / 2, end = frame.left + frame.width - gap - width - others;
-    if (!around.behind) return std::min(frame.XOf(clef->_place), end);
-    const int32_t left = LeftOfTime(crossing, around.behind) - gap - width - others;
-    if (!around.before) return left;
+    const int32_t gap = lineDistance / 2,
+                  end = frame.left + frame.width - EndBarlineWidth(MeasurePar(crossing));
+    const int32_t right = around.behind ? LeftOfTime(crossing, around.behind) - gap
+                                        : end - kClefBeforeBarline * lineDistance / 100;
+    const int32_t left = right - width - others;
+    if (!around.before) return around.behind ? left : std::min(frame.XOf(clef->_place), left);
     // Where there is no room it stands in the middle of what there is.
     const int32_t room = InkOf(around.before).right;
     return left >= room ? left : (room + left + gap) / 2;
 }
 
 }  // namespace
+
+int32_t RoomOf(const MovingClaf* clef, int32_t lineDistance) {
+    return InkOf(clef->_symbol, Point{}, lineDistance, kMovingClefPercent).Width() + lineDistance / 2;
+}
+
+int32_t InkLeftOfPlace(const VoiceSymbol* symbol) {
+    return FrameOf(MeasurePar(symbol)).XOf(XOf(symbol)) - InkOf(symbol).left;
+}
 
 Point PlaceOf(const MovingClaf* clef) {
     const StaffFrame frame = FrameOf(MeasureStaffPar(clef)->_staff.Get());

@@ -44,10 +44,10 @@ public:
         if (clef != _clef) _inForce.clear();
         _clef = clef;
         for (auto note = from; note != to; ++note)
-            ShowAccidental(*note, !IsTiedOver(*note) && (*note)->_alteration != InForce(*note));
+            ShowAccidental(*note, !IsHeldOver(*note) && (*note)->_alteration != InForce(*note));
         if (!_byLine) return;
         for (auto note = from; note != to; ++note)
-            if (!IsTiedOver(*note)) _inForce[(*note)->_line] = (*note)->_alteration;
+            if (!IsHeldOver(*note)) _inForce[(*note)->_line] = (*note)->_alteration;
     }
 
 private:

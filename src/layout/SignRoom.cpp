@@ -22,11 +22,6 @@ OfStaffs ExtentsOf(const ListaEventi& list, const Event& event) {
         all.left = std::max(all.left, needs.left);
         all.right = std::max(all.right, needs.right);
     }
-    for (const auto& each : event.clefs) {
-        const auto& clef = static_cast<const ClefSymbol&>(*each);
-        int32_t& left = staffs[MeasureStaffPar(clef.Clef())].left;
-        left = clef.Measure(list, left).left;
-    }
     return staffs;
 }
 

@@ -1,4 +1,4 @@
-// The room that accidentals, grace chords and clefs of a measure need behind what stands before them on their
+// The room that accidentals and grace chords of a measure need behind what stands before them on their
 // staff. Units of the list, before they are per mille.
 #pragma once
 

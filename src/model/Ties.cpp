@@ -24,14 +24,12 @@ bool AreTied(const GenericNote* a, const GenericNote* b) {
     return false;
 }
 
-bool IsTiedOver(const GenericNote* note) {
-    const Measure* measure = MeasurePar(note);
+bool IsHeldOver(const GenericNote* note) {
     for (const NoteAttribute* attribute : noteAttributes.Of(note))
         if (const auto* mark = As<MarkValue>(attribute))
-            if (const GenericNote* partner = TiePartnerOf(mark))
-                if (const Measure* its = MeasurePar(partner);
-                    its && measure && its->_number < measure->_number)
-                    return true;
+            if (const GenericNote* partner = TiePartnerOf(mark);
+                partner && partner->_alteration == note->_alteration && StandsBefore(partner, note))
+                return true;
     return false;
 }
 

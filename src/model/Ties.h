@@ -11,9 +11,9 @@ MarkValue* OtherMark(const MarkValue* mark);
 GenericNote* TiePartnerOf(const MarkValue* mark);
 // Whether a tie leads from one note to the other, in either direction.
 bool AreTied(const GenericNote* a, const GenericNote* b);
-// A tie brings the note over from an earlier measure: its accidental is the one shown there, and says nothing
-// of later notes on its line.
-bool IsTiedOver(const GenericNote* note);
+// A tie leads to the note from an earlier one of the same alteration: it is not struck anew, shows no
+// accidental and speaks for no later note on its line, as the first of the tied notes does.
+bool IsHeldOver(const GenericNote* note);
 // Of two notes that a tie joins: the one of the earlier measure, or further left, comes first.
 bool StandsBefore(const GenericNote* a, const GenericNote* b);
 

@@ -28,6 +28,13 @@ constexpr struct {
     {Qt::Key_Up, Qt::AltModifier, PenMove::StaffAbove}, {Qt::Key_Down, Qt::AltModifier, PenMove::StaffBelow},
 };
 
+constexpr int32_t kNudge = 20, kShiftedNudge = 5 * kNudge;  // page units: a fifth of a space, a space
+constexpr struct {
+    Qt::Key key;
+    Point by;
+} kNudgeKeys[] = {
+    {Qt::Key_Right, {1, 0}}, {Qt::Key_Left, {-1, 0}}, {Qt::Key_Up, {0, -1}}, {Qt::Key_Down, {0, 1}}};
+
 template <class Row>
 bool IsPressed(const Row& row, const QKeyEvent& event) {
     return event.key() == row.key && (event.modifiers() & ~Qt::KeypadModifier) == row.modifier;
@@ -39,6 +46,15 @@ int ArrowCommandOf(const QKeyEvent& event) {
     for (const auto& row : kArrowKeys)
         if (IsPressed(row, event)) return row.id;
     return 0;
+}
+
+std::optional<Point> NudgeOf(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    if (modifiers & ~Qt::ShiftModifier) return {};
+    const int32_t step = modifiers ? kShiftedNudge : kNudge;
+    for (const auto& row : kNudgeKeys)
+        if (event.key() == row.key) return Point{step * row.by.x, step * row.by.y};
+    return {};
 }
 
 std::optional<PenMove> PenMoveOf(const QKeyEvent& event) {

@@ -178,16 +178,13 @@ TEST_F(Dispatch, SpacingAndBeamingAreTheScoresOwnAndNoUndoTakesThemBack) {
 }
 
 TEST_F(Dispatch, APressThatDoesNothingTellsWhy) {
-    struct : EditorShell {
-        std::string told;
-        void Tell(std::string_view text) override { told = text; }
-    } shell;
+    HearingShell shell;
     window = std::make_unique<WindowTarn>(shell);
     window->Activate();
     window->Bind(BuildNewScore({2, 1}, "D"));
     Enter(kQuarter, 1, 1, 5, 3);
+    // What is told of a press goes with the next one that does something.
     const auto toldAt = [&](Point p) {
-        shell.told.clear();
         MouseDown(*window, p.x, p.y, 0);
         MouseUp(*window, p.x, p.y);
         return shell.told;
@@ -207,6 +204,22 @@ TEST_F(Dispatch, APressThatDoesNothingTellsWhy) {
     SetToolMode(ModeEraser);
     EXPECT_EQ(toldAt(head), "");
     EXPECT_FALSE(As<Chords>(Events(1, 1).front())) << "a rest is left";
+
+    Enter(kQuarter, 2, 1, 5, 3);
+    const Rect other = RectOf(ChordSymbolPar(As<Chords>(Events(2, 1).front())));
+    SetCurrentVoice(2);
+    SetToolMode(ModeEraser);
+    EXPECT_EQ(toldAt({other.left + 30, At(2, 1, 0, 3).y}),
+              "This belongs to another voice; voice 2 is edited.");
+    EXPECT_EQ(Events(2, 1).size(), 1u);
+    EXPECT_EQ(toldAt(At(2, 1, 500, 12)), "There is nothing to erase here.");
+    // What a page shows nothing of takes nothing, and leaves the last step to be undone.
+    Item(kQuarter);
+    const Point hidden = At(2, 1, 700, 5);
+    Crossing(2, 1)->_staff = nullptr;
+    const uint64_t before = window->Pool()->Changes();
+    EXPECT_EQ(toldAt(hidden), "The staff here is not shown, nothing can be entered on it.");
+    EXPECT_EQ(window->Pool()->Changes(), before);
     window.reset();
 }
 

@@ -1,6 +1,8 @@
 // When control points are there, how they are selected, and what Clear makes of them.
+#include "edit/Texts.h"
 #include "handle_fixture.h"
 #include "layout/Engraving.h"
+#include "layout/TieShape.h"
 
 namespace corvane {
 namespace {
@@ -133,6 +135,62 @@ TEST_F(HandleLifeTest, ADragMovesAllThatABandHasTaken) {
     Move(HandleOf(first, 1), {200, 0});
     EXPECT_EQ(first->_right, edge + 200);
     EXPECT_EQ(second->_right, next + 200);
+}
+
+TEST_F(HandleLifeTest, KeysGoFromOneToTheNextAndMoveIt) {
+    Fill(1, 1, "4:3 4:4");
+    EXPECT_FALSE(WalkHandles(*window, true)) << "none is shown";
+    Do(kStems, {});
+    EXPECT_FALSE(NudgeHandles(*window, {0, -20})) << "none is selected";
+    Stem *one = StemOf(Event(1, 1, 0)), *two = StemOf(Event(1, 1, 1));
+    for (const auto& [forward, selected] : {std::pair{true, one}, {true, two}, {true, one}, {false, two}}) {
+        ASSERT_TRUE(WalkHandles(*window, forward));
+        EXPECT_EQ(window->Handles().Selected().size(), 1u);
+        EXPECT_TRUE(window->Handles().IsSelected(HandleOf(selected)));
+    }
+    Step([&] { ASSERT_TRUE(NudgeHandles(*window, {0, -20})); });
+    EXPECT_EQ(two->_length, 320);
+    StateKeeper keeper(*window);
+    EXPECT_TRUE(NudgeHandles(*window, {20, 0}));
+    EXPECT_EQ(keeper.commands, 0) << "a stem stands upright";
+}
+
+TEST_F(HandleLifeTest, TheyGoBeforeWhatLiesUnderThem) {
+    const Measure* first = MeasureNumber(1);
+    Do(kBarlines, {});
+    const Point at = HandleOf(first, 1).place;
+    InsertMeasureStaffText(*window, Crossing(1, 1), {at.x - 100, at.y + 60}, "dolce", {});
+    ASSERT_TRUE(window->Sheet().HitSymbol(at).Record<MeasureStaffText>());
+    MouseDoubleClick(*window, at.x, at.y, 0);
+    EXPECT_EQ(window->textEntry, nullptr);
+    EXPECT_TRUE(window->Handles().IsSelected(HandleOf(first, 1)));
+    EXPECT_TRUE(window->TheSelection().IsEmpty());
+}
+
+TEST_F(HandleLifeTest, ACopyKeepsWhatAPersonHasTold) {
+    Fill(1, 1, "4:3 4:8 4:8");
+    ASSERT_TRUE(TieNotesOf(*window, {Head(1, 1, 1)}));
+    Do(kStems, {});
+    Do(kTies, {});
+    const Stem* stem = StemOf(Event(1, 1, 0));
+    Drag(HandleOf(stem), {0, -80});
+    for (const Handle& handle : window->Handles().All())
+        if (handle.kind == HandleKind::Tie) Drag(handle, {0, -120});
+    Lasso(1, -50, 1, 1000);
+    constexpr int kCopy = 57634, kPaste = 57637;
+    ASSERT_TRUE(RunCommand(*window, kCopy, {}));
+    window->caret = {MeasureNumber(2), StaffNumber(1), At(2, 1, 0, 5).x, true};
+    ASSERT_TRUE(RunCommand(*window, kPaste, {}));
+    const Stem* copy = StemOf(Event(2, 1, 0));
+    EXPECT_EQ(copy->_length, stem->_length);
+    EXPECT_TRUE(IsLengthTold(copy));
+    const auto told = [&](int measure) {
+        for (const NoteAttribute* attribute : noteAttributes.Of(Head(measure, 1, 1)))
+            if (const auto* mark = As<MarkValue>(attribute)) return ToldHeight(tieMarks.ParentOf(mark));
+        return 0;
+    };
+    EXPECT_NE(told(1), 0);
+    EXPECT_EQ(told(2), told(1));
 }
 
 TEST_F(HandleLifeTest, ClearTakesTupletsAndSlursAway) {

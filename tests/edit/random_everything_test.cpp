@@ -213,12 +213,25 @@ protected:
     void SelectAnything() {
         if (Pick(0, 3)) window->TheSelection().Clear();
         window->TheSelection().Add(AnyRect());
+        if (dice.OneIn(3)) PickAnything();
         if (dice.OneIn(150)) window->TheSelection().SelectAll();
         const int staff = Pick(1, Extent().staves);
         Measure* measure = AnyMeasure();
         if (PagePar(measure) == window->CurrentPage())
             window->caret = {measure, StaffNumber(staff), At(measure->_number, staff, Pick(-50, 1050), 5).x,
                              true};
+    }
+    // One thing or more, alone or beside a region.
+    void PickAnything() {
+        if (Pick(0, 2)) window->TheSelection().Clear();
+        const int32_t tool = Tools().toolMode;
+        SetToolMode(ModeArrow);
+        for (int times = Pick(1, 3); times > 0; --times) {
+            const Point p = PlaceOnSymbol(Pick(0, 1));
+            MouseDown(*window, p.x, p.y, kShift);
+            MouseUp(*window, p.x, p.y);
+        }
+        SetToolMode(tool);
     }
     // The scores stay small.
     static bool HasRoomFor(int command, const ScoreExtent& extent) {
@@ -251,6 +264,9 @@ protected:
         if (!handles.IsAnyOn() || dice.OneIn(3)) RunOnSelection(*FindCommand(dice.AnyOf(kKinds)));
         if (handles.All().empty()) return;
         if (dice.OneIn(4)) handles.SelectIn(AnyRect());
+        if (dice.OneIn(5)) (void)WalkHandles(*window, Pick(0, 1));
+        if (dice.OneIn(5)) (void)NudgeHandles(*window, {Pick(-100, 100), Pick(-100, 100)});
+        if (handles.All().empty()) return;
         const Handle handle = dice.AnyOf(handles.All());
         did = "handle of kind " + std::to_string(static_cast<int>(handle.kind));
         const Point by{Pick(-700, 700), Pick(-700, 700)}, to = handle.place + by;
@@ -262,6 +278,36 @@ protected:
         }
         if (dice.OneIn(10)) window->Undo();
         MouseUp(*window, to.x, to.y);
+    }
+    // Mostly something that spans, at its line or near an end of it; then perhaps a command for just that.
+    void DragAThing() {
+        std::vector<DrawPatch> patches = window->Sheet().AllPatches();
+        std::erase_if(patches, [&](const DrawPatch& patch) {
+            return patch.Bounds().IsEmpty() ||
+                   (!dice.OneIn(20) && patch.Behaviour().Outline(patch.Object()).empty());
+        });
+        if (patches.empty()) return;
+        const DrawPatch patch = dice.AnyOf(patches);
+        did = "drag of class " + std::to_string(patch.ClassNumber());
+        const std::vector<Point> line = patch.Behaviour().Outline(patch.Object());
+        Point from = PlaceOnSymbol(false);
+        if (line.size() > 1) {
+            const int at = Pick(1, static_cast<int>(line.size()) - 1), share = 10 * Pick(0, 10);
+            const Point a = line[static_cast<size_t>(at - 1)], b = line[static_cast<size_t>(at)];
+            from = {a.x + (b.x - a.x) * share / 100, a.y + (b.y - a.y) * share / 100};
+        }
+        SetToolMode(ModeArrow);
+        MouseDown(*window, from.x, from.y, dice.OneIn(4) ? uint32_t{kShift} : 0);
+        const Point to = dice.OneIn(3) ? AnyPlace() : from + Point{Pick(-900, 900), Pick(-300, 300)};
+        MouseMove(*window, to.x, to.y);
+        if (window->interaction && dice.OneIn(3)) {
+            MemoryPort port;
+            window->interaction->Draw(port, {});
+        }
+        if (dice.OneIn(10)) window->Undo();
+        MouseUp(*window, to.x, to.y);
+        static const std::vector<int> kOnPicks = {57635, 57634, 32774, 32774, 33031};
+        if (dice.OneIn(4)) RunOnSelection(*FindCommand(dice.AnyOf(kOnPicks)));
     }
     void UseTheClipboard() {
         static const std::vector<int> kClipboard = {57635, 57634, 57637, 57637, 57637, 32774};
@@ -275,7 +321,7 @@ protected:
     }
 
     void RandomStep() {
-        switch (Pick(0, 17)) {
+        switch (Pick(0, 19)) {
             case 0:
                 did = "undo";
                 return window->Undo();
@@ -299,6 +345,9 @@ protected:
                 return EnterPhrase();
             case 10:
                 return DragAHandle();
+            case 11:
+            case 12:
+                return DragAThing();
             default:
                 return PressAnywhere();
         }

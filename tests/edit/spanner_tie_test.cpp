@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-constexpr int kTieNotes = 32804, kTieItem = 19;
+constexpr int kTieNotes = 32804, kTranspose = 32819, kTieItem = 19;
 
 class TieTest : public SpannerTest {};
 
@@ -97,6 +97,29 @@ TEST_F(TieTest, AnAccidentalGoesWithTheTie) {
     Step([&] { MouseDown(*window, middle.x, middle.y, 0); });
     EXPECT_EQ(Notes(), "1 1 0 3 5 0 1 1 70 64\n");
     EXPECT_EQ(Accidentals(1, 1) + Accidentals(2, 1) + Accidentals(3, 1), "b--");
+}
+
+TEST_F(TieTest, OfAChainOnlyItsFirstNoteShowsTheAccidentalAndSpeaksForItsLine) {
+    Fill(1, 1, "1:5");
+    Fill(2, 1, "2:5 4:5 4:5");
+    ASSERT_TRUE(TieNotesOf(*window, {Head(1, 1, 0), Head(2, 1, 0), Head(2, 1, 1)}));
+    // One of the chain is altered, then the note behind it.
+    for (const int place : {1, 2}) {
+        Item(kSharp);
+        const Point p = MiddleOf(RectOf(Head(2, 1, place)));
+        Step([&] { MouseDown(*window, p.x, p.y, 0); });
+    }
+    EXPECT_EQ(Accidentals(1, 1), "d");
+    EXPECT_EQ(Accidentals(2, 1), "--d") << "nothing of this measure has shown it";
+    ExpectSameAfterReload();
+    Step([&] { ASSERT_TRUE(TieNotesOf(*window, {Head(2, 1, 0)})); });
+    EXPECT_EQ(Accidentals(2, 1), "-d-");
+    window->Undo();
+    Step([&] { ASSERT_TRUE(TieNotesOf(*window, {Head(1, 1, 0)})); });
+    EXPECT_EQ(Accidentals(2, 1), "d--") << "struck anew, the chain speaks in its measure";
+    window->Undo();
+    Step([&] { Do(kTranspose, {{"interval", "A1"}, {"from", "1"}, {"to", "2"}}); });
+    EXPECT_EQ(Accidentals(1, 1) + "|" + Accidentals(2, 1), "D|--D");
 }
 
 TEST_F(TieTest, AnEventThatComesBetweenPartsThem) {

@@ -45,6 +45,9 @@ protected:
         PressItem(4, 4, MiddleOf(RectOf(Head(1, 1, 0))));
         PressItem(6, 7, MiddleOf(RectOf(Head(2, 1, 2))));
         PressItem(6, 12, At(3, 1, 500, -3));
+        Enter(kEighth, 1, 1, XOf(Events(1, 1)[1]) + 10, 6);
+        Enter(kEighth, 1, 1, XOf(Events(1, 1)[1]) + 10, 8);
+        PressItem(1, kSharp, MiddleOf(RectOf(Head(1, 1, 2))));
         ExpectSound();
     }
     void TearDown() override {
@@ -88,6 +91,20 @@ protected:
         window->Undo();
         EXPECT_EQ(Now(), keeper.before);
         edits += !(after == keeper.before);
+    }
+
+    // The middle of each object, and each head of a chord with several.
+    std::vector<Point> PlacesOfObjects() {
+        std::vector<Point> places;
+        ForEachPatch(window->CurrentPage(), [&](const DrawPatch& patch, int) {
+            if (!patch.Bounds().IsEmpty()) places.push_back(MiddleOf(patch.Bounds()));
+            const auto* column = patch.Record<ChordSymbol>();
+            const Stem* stem = column ? chordSymbolStems.First(column) : nullptr;
+            if (stem)
+                for (const GenericNote* note : stemNotes.Of(stem)) places.push_back(MiddleOf(RectOf(note)));
+        });
+        EXPECT_GE(places.size(), 50u);
+        return places;
     }
 
     int edits = 0;
@@ -185,16 +202,26 @@ TEST_F(UndoEvery, PaletteItemWhereverItIsPressed) {
 }
 
 TEST_F(UndoEvery, ObjectTheEraserHits) {
-    std::vector<Point> places;
-    ForEachPatch(window->CurrentPage(), [&](const DrawPatch& patch, int) {
-        if (!patch.Bounds().IsEmpty()) places.push_back(MiddleOf(patch.Bounds()));
-    });
-    ASSERT_GE(places.size(), 50u);
-    for (const Point at : places) {
+    for (const Point at : PlacesOfObjects()) {
         Try("at " + std::to_string(at.x) + " " + std::to_string(at.y), [&] { EraseAt(at); });
         if (HasFailure()) return;
     }
     EXPECT_GE(edits, 15);
+}
+
+TEST_F(UndoEvery, CommandOnWhatAPressHasPicked) {
+    constexpr int kClear = 32774, kCut = 57635, kStepUp = 40040;
+    for (const Point at : PlacesOfObjects())
+        for (const int id : {kClear, kCut, kStepUp}) {
+            Try(std::to_string(id) + " at " + std::to_string(at.x) + " " + std::to_string(at.y), [&] {
+                SetToolMode(ModeArrow);
+                MouseDown(*window, at.x, at.y, 0);
+                MouseUp(*window, at.x, at.y);
+                (void)RunCommand(*window, id);
+            });
+            if (HasFailure()) return;
+        }
+    EXPECT_GE(edits, 60);
 }
 
 TEST_F(UndoEvery, HandleThatIsDragged) {

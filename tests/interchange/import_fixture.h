@@ -115,6 +115,20 @@ protected:
         return text;
     }
 
+    // What the notes of the first staff show, voice by voice, a bar ending with "|": "-" for nothing.
+    std::string Signs() {
+        std::string signs;
+        for (const MeasureStaff* crossing : docStaffMeasureStaffs.Of(documentDocStaffs.First(score))) {
+            for (const auto* voice : measureStaffVoices.Of(crossing))
+                for (const VoiceSymbol* symbol : voiceSymbols.Of(voice))
+                    if (const auto* chord = As<Chords>(symbol))
+                        for (const GenericNote* note : chordNotes.Of(chord))
+                            signs += AccidentOf(note) ? SymbolName(AccidentOf(note)->_symbol) : "-";
+            signs += '|';
+        }
+        return signs;
+    }
+
     ImportOptions options;
     Document* score = nullptr;
 

@@ -3,6 +3,7 @@
 #include "base/Rounding.h"
 #include "draw_score.h"
 #include "layout/EventSymbols.h"
+#include "layout/PageFiling.h"
 #include "layout/SignRecords.h"
 #include "layout/Spacing.h"
 #include "layout/SymbolInk.h"
@@ -26,6 +27,11 @@ protected:
         std::vector<int32_t> xs;
         for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) xs.push_back(XOf(symbol));
         return xs;
+    }
+    static std::vector<VoiceSymbol*> EventsOf(Voice* voice) {
+        std::vector<VoiceSymbol*> events;
+        for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) events.push_back(symbol);
+        return events;
     }
     std::vector<int32_t> Spaced(const SpacingRoom& room = {}, int staff = 0) {
         SpaceMeasure(measure, room);
@@ -229,6 +235,30 @@ TEST_F(EngraverSpacing, DotsAndClefsTakeRoomWhereTheyAreTo) {
     EXPECT_FALSE(SpaceMeasure(measure, {}));
     EXPECT_TRUE(SpaceMeasure(measure, {true, false, true})) << "where clefs take no room it may";
     EXPECT_GT(clef->_place, Xs(VoiceOn(0)).back() - 1) << "and stays behind the last note";
+}
+
+// Also in a measure that is too narrow for the table, and where another staff has notes in between.
+TEST_F(EngraverSpacing, AClefHasItsRoomBetweenTheNotesOfItsStaff) {
+    for (const int32_t width : {1750, 1900, 2600}) {
+        SCOPED_TRACE(width);
+        Open("SS", width);
+        Fill(0, {4, 4, 4, 4});
+        Fill(1, {8, 8, 2, 4});
+        const std::vector<VoiceSymbol*> notes = EventsOf(VoiceOn(0));
+        AddDot(notes[1], 1);
+        AddAccident(chordNotes.First(As<Chords>(notes[2])), "#B");
+        for (size_t i = 0; i < notes.size(); ++i) PutX(notes[i], static_cast<int32_t>(i) * 250);
+        MovingClaf* clef = AddMovingClaf(MeasureStaffPar(notes[0]), 2, 400);
+        SpaceMeasure(measure, {});
+        const Rect ink = PatchOf(clef).Bounds();
+        EXPECT_GE(ink.left - RectOf(DotOf(notes[1])).right, 30);
+        EXPECT_EQ(RectOf(AccidentOf(chordNotes.First(As<Chords>(notes[2])))).left - ink.right, 50);
+        // The others give room, but none gets before another.
+        const Xv xs = Xs(VoiceOn(0)), others = Xs(VoiceOn(1));
+        EXPECT_TRUE(std::is_sorted(others.begin(), others.end()));
+        EXPECT_LT(xs[1] - xs[0], xs[2] - xs[1]);
+        EXPECT_LE(xs[3], 1000);
+    }
 }
 
 TEST_F(EngraverSpacing, RestsAndGracesHaveTheirPlaces) {

@@ -51,10 +51,14 @@ TEST_F(SignDrawTest, AClefWithinStandsBeforeWhatItGovernsWithItsAccidental) {
     clef->_place = 30;
     EXPECT_GT(PatchOf(clef).Bounds().left, RectOf(first).left);
     EXPECT_LT(right(), RectOf(second).left);
-    // Behind all notes it stays before the barline.
-    clef->_place = 1000;
+    // Behind all notes it stands before the barline, wherever its place.
     const MeasureFrame frame = FrameOf(MeasureAt(SystemAt(0), 1));
-    EXPECT_EQ(right(), frame.left + frame.width - 50);
+    for (const int16_t place : {160, 1000}) {
+        clef->_place = place;
+        EXPECT_EQ(right(), frame.left + frame.width - 16 - 70);
+    }
+    MeasureAt(SystemAt(0), 1)->_endRepeat = 1;
+    EXPECT_EQ(right(), frame.left + frame.width - (42 + 40 + 16 + 40 + 40) - 70);
 }
 
 TEST_F(SignDrawTest, AClefStaysBetweenItsNotesWhenTheyMove) {

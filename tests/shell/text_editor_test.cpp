@@ -47,6 +47,20 @@ TEST_F(TextEditorTest, ReturnTakesATextAndEscapeLeavesEverything) {
     EXPECT_FALSE(window->textEntry);
 }
 
+// Shortcuts that are letters alone come to the menus only where nobody types.
+TEST_F(TextEditorTest, LettersAreLettersNotShortcuts) {
+    Begin(3, {5000, 900});
+    QWidget parent;
+    TextEditor editor(&parent, *window);
+    for (const char letter : {'b', 'c', 'h', 'i', 'l', 'q', 't', 'u', 'w', 'y'}) {
+        const int key = Qt::Key_A + (letter - 'a');
+        QKeyEvent asks(QEvent::ShortcutOverride, key, Qt::NoModifier, QString(QChar(letter)));
+        asks.ignore();
+        QApplication::sendEvent(&editor, &asks);
+        EXPECT_TRUE(asks.isAccepted()) << letter;
+    }
+}
+
 TEST_F(TextEditorTest, KeysMakeATextBoldOrLarger) {
     Begin(3, {5000, 900});
     QWidget parent;
