@@ -110,6 +110,8 @@ void AccInsertion(const InsertionPlace& place, std::string_view descriptor) {
     }
     UpdateNoteHeight(note);
     AlterTiedNotes(place.window, note);
+    // Grace chords make room for their accidentals.
+    if (Switches().autoSpace && As<Grace>(note)) SpaceVoice(VoicePar(note));
     AuditionNote(note);
 }
 

@@ -22,7 +22,7 @@ constexpr struct {
 } kRows[] = {
     {IsClass<NoteAttribute>, DragSign},
     {IsClass<Pause>, DragSign},
-    {IsClass<VoiceSymbolAttribute>, nullptr},
+    {IsClass<VoiceSymbolAttribute>, DragSign},
     {IsClass<Dinamiche>, DragSign},
     {IsClass<SimboliVari>, DragSign},
     {IsClass<Arpeggio>, DragArpeggio},

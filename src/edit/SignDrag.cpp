@@ -1,4 +1,6 @@
 // Signs and texts, rests, endings and clefs: what is dragged as it is.
+#include <cstdlib>
+
 #include "base/Rounding.h"
 #include "edit/Drag.h"
 #include "edit/Drags.h"
@@ -41,6 +43,16 @@ void MoveOffNote(const DrawPatch& patch, Point by) {
     sign->_dy = sign->_dy + by.y * 1000 / distance;
 }
 
+// All dots of the event that this one stands for.
+void MoveDots(const DrawPatch& patch, Point by) {
+    auto* dot = patch.Record<Dot>();
+    const int32_t distance =
+        FrameOf(MeasureStaffPar(voiceSymbolAttributes.ParentOf(dot))->_staff.Get()).lineDistance;
+    if (!distance) return;
+    dot->_dx = dot->_dx + by.x * 1000 / distance;
+    dot->_dy = dot->_dy + by.y * 1000 / distance;
+}
+
 // The bracket of all its measures.
 void MoveEndings(const DrawPatch& patch, Point by) {
     const auto* mark = patch.Record<MarkEndings>();
@@ -50,6 +62,9 @@ void MoveEndings(const DrawPatch& patch, Point by) {
     if (distance) endings->_long[0] = endings->_long[0] + by.y * 100 / distance;
 }
 
+Point OneWay(const DrawPatch&, Point by) {
+    return std::abs(by.x) >= std::abs(by.y) ? Point{by.x, 0} : Point{0, by.y};
+}
 Point UpOrDown(const DrawPatch&, Point by) { return {0, by.y}; }
 Point Sideways(const DrawPatch&, Point by) { return {by.x, 0}; }
 
@@ -105,6 +120,7 @@ void Alone(const Moved& moved) {
 // What hangs on notes or stands among them moves spanners around it too.
 const MeasureStaff* CrossingOf(const DrawPatch& patch) {
     if (const auto* rest = patch.Record<Pause>()) return MeasureStaffPar(rest);
+    if (const auto* dot = patch.Record<Dot>()) return MeasureStaffPar(voiceSymbolAttributes.ParentOf(dot));
     return MeasureStaffPar(noteAttributes.ParentOf(patch.Record<NoteAttribute>()));
 }
 template <Move move>
@@ -136,6 +152,7 @@ constexpr Row kRows[] = {
     {IsClass<Accident>, Anywhere, AmongNotes<MoveOffNote<Accident>>},
     {IsClass<SymbolAttribute>, Anywhere, AmongNotes<MoveOffNote<SymbolAttribute>>},
     {IsClass<Liriche>, Anywhere, AmongNotes<MoveOffNote<Liriche>>},
+    {IsClass<Dot>, OneWay, AmongNotes<MoveDots>},
     {IsClass<Time>, Anywhere, Alone<MoveOverMeasure<Time>>},
     {IsClass<Coda>, Anywhere, Alone<MoveOverMeasure<Coda>>},
     {IsClass<MarkEndings>, UpOrDown, Alone<MoveEndings>},

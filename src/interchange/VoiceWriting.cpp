@@ -28,11 +28,6 @@ int HeldVoices(const MeasureStaff* crossing) {
     return held;
 }
 
-bool IsWholeRest(const Voice* voice) {
-    const auto* rest = As<Pause>(voiceSymbols.First(voice));
-    return rest && rest->_value == 1 && rest == voiceSymbols.Last(voice);
-}
-
 // Whether each event of a list that is laid out has room for what stands there. Its places are per mille of
 // its usable width, and will count of the note area.
 bool HasRoom(const ListaEventi& list, int32_t noteArea) {
@@ -139,7 +134,7 @@ void RespaceMeasure(Measure* measure) {
     if (fits) list.Put();
     for (const MeasureStaff* crossing : measureStaffs.Of(measure))
         for (Voice* voice : measureStaffVoices.Of(crossing))
-            if (!voiceSymbols.IsEmpty(voice) && (!fits || IsWholeRest(voice))) SpaceVoice(voice);
+            if (!fits && !voiceSymbols.IsEmpty(voice)) SpaceVoice(voice);
 }
 
 void BeamCrossing(MeasureStaff* crossing) {

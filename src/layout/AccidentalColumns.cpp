@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "layout/Frames.h"
+#include "layout/NoteGeometry.h"
 #include "layout/SymbolInk.h"
 #include "layout/VoicesTogether.h"
 #include "model/NoteOperations.h"
@@ -17,6 +18,7 @@ namespace {
 // Hundredths of a line distance. The preferred spacing counts from left edge to left edge of what accidentals
 // usually measure, so that what is wider keeps the same distance.
 constexpr int32_t kUsualWidth = 90, kDefaultSpacing = 100, kLeastGap = 15;
+constexpr int32_t kAirBefore = 25;
 
 struct Standing {
     const Accident* accident;
@@ -76,6 +78,24 @@ int32_t AccidentalShift(const Accident* accident, std::vector<const Chords*> bes
     int32_t shift = 0;
     for (size_t i = 0; i < own; ++i) shift += columns[i].width + gap;
     return shift;
+}
+
+int32_t AccidentalReach(const Chords* chord) { return AccidentalReach(chord, ChordsBeside(chord)); }
+
+int32_t AccidentalReach(const Chords* chord, const std::vector<const Chords*>& beside) {
+    int32_t reach = 0;
+    for (const GenericNote* note : chordNotes.Of(chord))
+        if (const Accident* accident = AccidentOf(note)) {
+            const int32_t more = AccidentalShift(accident, beside) - AccidentalShift(accident);
+            const int32_t place = FrameOf(MeasurePar(chord)).XOf(XOf(chord));
+            reach = std::max(reach, place - RectOf(accident).left + more);
+        }
+    return reach;
+}
+
+int32_t RoomOfAccidentals(const Chords* chord) {
+    const int32_t reach = AccidentalReach(chord);
+    return reach > 0 ? reach + kAirBefore * StaffPar(chord)->_lineDistance / 100 : 0;
 }
 
 }  // namespace corvane

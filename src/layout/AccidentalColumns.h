@@ -16,4 +16,11 @@ int32_t AccidentalShift(const Accident* accident);
 // The same if those chords of other voices stood at its chord's place.
 int32_t AccidentalShift(const Accident* accident, std::vector<const Chords*> beside);
 
+// How far left of a chord's place its accidentals reach, page units; 0 without any. The second as if those
+// chords of other voices stood at its place.
+int32_t AccidentalReach(const Chords* chord);
+int32_t AccidentalReach(const Chords* chord, const std::vector<const Chords*>& beside);
+// The same and the least that is kept free before them.
+int32_t RoomOfAccidentals(const Chords* chord);
+
 }  // namespace corvane

@@ -7,6 +7,8 @@
 #include "layout/Frames.h"
 #include "layout/MovingClefs.h"
 #include "layout/NoteGeometry.h"
+#include "layout/Spacing.h"
+#include "layout/SpacingHeader.h"
 #include "layout/SymbolInk.h"
 #include "layout/VoicesTogether.h"
 #include "model/NoteOperations.h"
@@ -24,9 +26,13 @@ int32_t WidthOf(const VoiceSymbol* symbol) {
     return pause ? RectOf(pause).Width() : RectOf(ChordSymbolPar(As<Chords>(symbol))).Width();
 }
 
-// Of a grace chord, or before one.
+// Behind a grace chord, or before one.
 int32_t RoomOf(const VoiceSymbol* symbol, const ListaEventi& list) {
     return WidthOf(symbol) + kGraceAirPercent * list.lineDistance / 100;
+}
+
+int32_t ReachOfGrace(const VoiceSymbol* grace, const ListaEventi& list) {
+    return list.Room().accidents ? AccidentalReach(As<Chords>(grace)) : 0;
 }
 
 int32_t DotRoom(const VoiceSymbol* symbol, int32_t gap) {
@@ -79,7 +85,11 @@ bool PutX(VoiceSymbol* symbol, int32_t x) {
     return changed;
 }
 
+// It takes no part in the columns.
+bool MusicSymbol::StandsInTheMiddle() const { return IsWholeRestAlone(_symbol); }
+
 EventSymbol::Extents MusicSymbol::Measure(const ListaEventi& list, int32_t) const {
+    if (StandsInTheMiddle()) return {};
     Extents extents{GraceRoom(list) + AccidentalRoom(list), RightOfColumn() + RoomOfDots(list)};
     for (const VoiceSymbol* grace : _trailing) extents.right += RoomOf(grace, list);
     return extents;
@@ -89,6 +99,14 @@ int32_t MusicSymbol::RightOfColumn() const {
     const auto* chord = As<Chords>(_symbol);
     const Stem* stem = chord ? StemOf(chord) : nullptr;
     return WidthOf(_symbol) + (stem && !_beside.empty() ? VoiceShift(stem, _beside) : 0);
+}
+
+int32_t MusicSymbol::Overhang() const {
+    const auto* chord = As<Chords>(_symbol);
+    const Stem* stem = chord ? StemOf(chord) : nullptr;
+    if (!stem) return 0;
+    const int32_t place = FrameOf(MeasurePar(_symbol)).XOf(corvane::XOf(_symbol)) + VoiceShift(stem);
+    return std::max(place - RectOf(ChordSymbolPar(chord)).left, 0);
 }
 
 // Dots begin behind the furthest head of all voices at the event.
@@ -119,32 +137,40 @@ int32_t MusicSymbol::AccidentalRoom(const ListaEventi& list) const {
 
 int32_t MusicSymbol::GraceRoom(const ListaEventi& list) const {
     int32_t room = 0;
-    for (const VoiceSymbol* grace : _graces) room += RoomOf(grace, list);
+    for (const VoiceSymbol* grace : _graces) room += ReachOfGrace(grace, list) + RoomOf(grace, list);
     return room;
 }
 
-int32_t MusicSymbol::AccidentReach() const {
+int32_t MusicSymbol::AccidentReach(const ListaEventi& list) const {
     const auto* chord = As<Chords>(_symbol);
-    int32_t reach = 0;
-    if (!chord) return reach;
-    const int32_t place = FrameOf(MeasurePar(_symbol)).XOf(corvane::XOf(_symbol));
-    for (const GenericNote* note : chordNotes.Of(chord))
-        if (const Accident* accident = AccidentOf(note)) {
-            const int32_t more = AccidentalShift(accident, _beside) - AccidentalShift(accident);
-            reach = std::max(reach, place - RectOf(accident).left + more);
-        }
-    return reach;
+    return chord && list.Room().accidents ? AccidentalReach(chord, _beside) : 0;
+}
+
+int32_t MusicSymbol::RoomAtStart(const ListaEventi& list) const {
+    const int32_t free = GapsOf(list.TheDocument()).firstNote - list.lineDistance / 4;
+    if (_graces.empty()) return std::max(AccidentReach(list) - free, 0);
+    const int32_t first = ReachOfGrace(_graces.front(), list);
+    return GraceRoom(list) + AccidentalRoom(list) - std::clamp(first, 0, std::max(free, 0));
+}
+
+EventSymbol::Extents MusicSymbol::Needs(const ListaEventi& list) const {
+    if (StandsInTheMiddle()) return {};
+    const int32_t right = Measure(list, 0).right - Overhang();
+    if (!_graces.empty()) return {GraceRoom(list) + AccidentalRoom(list), right};
+    return {std::max(AccidentReach(list), 0), right};
 }
 
 // Grace chords stand directly before the event and its accidentals, the last one next to it; where there is
 // no room for that, not before what they follow. Those that nothing follows stand behind the event.
 bool MusicSymbol::Put(const ListaEventi& list, const Event& event) const {
+    if (StandsInTheMiddle()) return PutX(_symbol, kMiddleOfMeasure);
     bool changed = PutX(_symbol, event.x);
     int32_t room = GraceRoom(list) + AccidentalRoom(list);
     const VoiceSymbol* before = _graces.empty() ? nullptr : voiceSymbols.Prev(_graces.front());
     const int32_t least = before ? std::min(XOf(before), event.x) : std::numeric_limits<int32_t>::min();
     for (VoiceSymbol* grace : _graces) {
-        changed |= PutX(grace, std::max(event.x - room * 1000 / list.Usable(), least));
+        room -= ReachOfGrace(grace, list);
+        changed |= PutX(grace, std::max(event.x - list.InNoteArea(room) * 1000 / list.Usable(), least));
         room -= RoomOf(grace, list);
     }
     int32_t behind = RoomOf(_symbol, list);

@@ -14,17 +14,24 @@ public:
     void Trail(std::vector<VoiceSymbol*> graces) { _trailing = std::move(graces); }
     Extents Measure(const ListaEventi& list, int32_t before) const override;
     bool Put(const ListaEventi& list, const Event& event) const override;
-    // Of the grace chords, one behind the other, each with some air behind it.
+    // Of the grace chords, one behind the other, each behind its accidentals and with some air behind it.
     int32_t GraceRoom(const ListaEventi& list) const;
-    // How far its accidentals reach left of its place, page units.
-    int32_t AccidentReach() const;
+    // What it needs left of its place at the start of a measure, where the gap before the first note takes
+    // accidentals.
+    int32_t RoomAtStart(const ListaEventi& list) const;
+    // What must stay free left of its place for its grace chords and accidentals, and right of it; page
+    // units.
+    Extents Needs(const ListaEventi& list) const;
     // The chords of other voices of its staff that stand at its event, wherever they stand before.
     void StandWith(std::vector<const Chords*> beside) { _beside = std::move(beside); }
 
 private:
     int32_t AccidentalRoom(const ListaEventi& list) const;
+    int32_t AccidentReach(const ListaEventi& list) const;
+    bool StandsInTheMiddle() const;
     // Of its column, from the event's place, dots and what trails it left out.
     int32_t RightOfColumn() const;
+    int32_t Overhang() const;  // heads and ledger lines left of its place
     int32_t RoomOfDots(const ListaEventi& list) const;
 
     VoiceSymbol* _symbol;

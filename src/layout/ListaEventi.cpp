@@ -6,7 +6,10 @@
 
 #include "base/Rounding.h"
 #include "layout/ClefRoom.h"
+#include "layout/ElasticRow.h"
 #include "layout/EventSymbols.h"
+#include "layout/Frames.h"
+#include "layout/SignRoom.h"
 #include "layout/SpacingHeader.h"
 #include "layout/SyllableRoom.h"
 #include "model/NoteOperations.h"
@@ -16,6 +19,7 @@ namespace corvane {
 namespace {
 
 constexpr double kSameTime = 0.001;  // of a whole note
+constexpr int32_t kMostScale = 4;
 
 // The first event of a staff that stands behind a clef; null where none does.
 const VoiceSymbol* EventBehind(const MeasureStaff* crossing, const MovingClaf* clef) {
@@ -63,7 +67,8 @@ ListaEventi::ListaEventi(const Measure* measure, const SpacingRoom& room)
     : measureWidth(measure->Width()),
       measureLength(static_cast<double>(measure->_num) / std::max<int>(measure->_den, 1)),
       _document(DocumentPar(measure)),
-      _room(room) {
+      _room(room),
+      _noteArea(FrameOf(measure).NoteArea()) {
     for (const MeasureStaff* crossing : measureStaffs.Of(measure)) {
         const Staff* staff = crossing->_staff;
         if (!staff) continue;
@@ -125,6 +130,13 @@ int32_t ListaEventi::Usable() const {
     return measureWidth - gaps.firstNote - gaps.lastNote * measureWidth / 1000;
 }
 
+int32_t ListaEventi::InNoteArea(int32_t units) const {
+    const int32_t usable = Usable();
+    // Behind a header that leaves hardly any room nothing would fit anyway.
+    const int32_t area = std::clamp(_noteArea, usable / kMostScale, usable);
+    return static_cast<int32_t>(int64_t{units} * usable / std::max(area, 1));
+}
+
 void ListaEventi::LayOut(const SpacingTable& table) {
     MeasureEvents();
     Place(table);
@@ -151,31 +163,43 @@ void ListaEventi::MeasureEvents() {
     }
 }
 
+// By the table and by what each event needs for itself. Where that would print signs over what stands before
+// them, gaps that must keep room for them do, and the others share what is left.
 void ListaEventi::Place(const SpacingTable& table) {
+    const std::vector<EventNeed> words = _room.lyrics ? SyllableNeedsOf(events) : std::vector<EventNeed>();
+    ShareSlack(Usable() - PutInARow(table, words));
+    const std::vector<EventNeed> signs = SignNeedsOf(*this);
+    if (HaveRoom(events, signs)) return;
+    std::vector<EventNeed> all = words;
+    all.insert(all.end(), signs.begin(), signs.end());
+    std::stable_sort(all.begin(), all.end(),
+                     [](const EventNeed& a, const EventNeed& b) { return a.to < b.to; });
+    PutInARow(table, {});
+    const ElasticRow row(*this, table);
+    const std::vector<int32_t> places = row.Fits(all) ? row.Stretched(all) : row.Stretched(signs);
+    for (size_t i = 0; i < events.size(); ++i) events[i].x = places[i];
+}
+
+// Returns where the row ends.
+int32_t ListaEventi::PutInARow(const SpacingTable& table, const std::vector<EventNeed>& needs) {
     int32_t pos = 0;
-    for (const auto& each : events.front().symbols) {
-        const auto& symbol = static_cast<const MusicSymbol&>(*each);
-        const int32_t graces = symbol.GraceRoom(*this);
-        pos = std::max(pos, graces);
-        // Accidentals that do not fit in the gap before the first note move it.
-        if (_room.accidents)
-            pos = std::max(pos,
-                           graces + symbol.AccidentReach() + lineDistance / 4 - GapsOf(_document).firstNote);
-    }
-    const std::vector<SyllableNeed> needs =
-        _room.lyrics ? SyllableNeedsOf(events) : std::vector<SyllableNeed>();
+    for (const auto& each : events.front().symbols)
+        pos = std::max(pos, InNoteArea(static_cast<const MusicSymbol&>(*each).RoomAtStart(*this)));
     auto need = needs.begin();
     for (size_t i = 0; i < events.size(); ++i) {
-        Event& event = events[i];
         for (; need != needs.end() && need->to == i; ++need)
             pos = std::max(pos, events[need->from].x + need->room);
-        event.x = pos;
-        int32_t width = Round(static_cast<double>(table.WidthOf(event.duration)) * lineDistance);
-        width = std::max(width, event.rightExtent - event.leftExtent);
-        if (i + 1 < events.size()) width = std::max(width, events[i + 1].leftExtent);
-        pos += width;
+        events[i].x = pos;
+        pos += WidthOf(i, table);
     }
-    ShareSlack(Usable() - pos);
+    return pos;
+}
+
+int32_t ListaEventi::WidthOf(size_t place, const SpacingTable& table) const {
+    const Event& event = events[place];
+    const int32_t wanted = Round(static_cast<double>(table.WidthOf(event.duration)) * lineDistance);
+    const int32_t next = place + 1 < events.size() ? events[place + 1].leftExtent : 0;
+    return std::max({wanted, event.rightExtent - event.leftExtent, next});
 }
 
 // In proportion to durations. What one event is given moves all behind it; the gap behind the last one stays

@@ -50,6 +50,13 @@ struct Event {
     std::vector<std::unique_ptr<EventSymbol>> symbols, clefs;
 };
 
+// Two events, as places in the list, and how far the second stands behind the first at least. Layouts hold
+// them in the order of their second events.
+struct EventNeed {
+    size_t from = 0, to = 0;
+    int32_t room = 0;
+};
+
 class ListaEventi {
 public:
     ListaEventi(const Measure* measure, const SpacingRoom& room);
@@ -61,6 +68,10 @@ public:
 
     int32_t Usable()
         const;  // of the measure's width, less the gaps before the first and behind the last note
+    // What comes out as so many page units: the usable width is scaled into the note area.
+    int32_t InNoteArea(int32_t units) const;
+    // What the event there takes by the table, its own ink and the next one's signs.
+    int32_t WidthOf(size_t place, const SpacingTable& table) const;
     const SpacingRoom& Room() const { return _room; }
     const Document* TheDocument() const { return _document; }
 
@@ -74,10 +85,12 @@ private:
     Event& EventAt(double time);
     void MeasureEvents();
     void Place(const SpacingTable& table);
+    int32_t PutInARow(const SpacingTable& table, const std::vector<EventNeed>& needs);
     void ShareSlack(int32_t slack);
 
     const Document* _document;
     SpacingRoom _room;
+    int32_t _noteArea;
     bool _spaceable = true;
 };
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/Rounding.h"
+#include "layout/AccidentalColumns.h"
 #include "layout/Beaming.h"
 #include "layout/CrossBeams.h"
 #include "layout/EventSymbols.h"
@@ -59,10 +60,10 @@ private:
     void PlaceEvent(VoiceSymbol* symbol) {
         if (!_graces.empty()) {
             const int32_t first = _previous + OwnWidth();
-            const int32_t wanted = first + GraceRoom();
+            const int32_t wanted = first + GraceRoom() + Reach(symbol);
             _pushed |= wanted > _x;
             _x = std::max(_x, wanted);
-            PlaceGraces(_x);
+            PlaceGraces(_x - Reach(symbol));
         }
         _placed.push_back({symbol, _x});
         _previous = _x;
@@ -78,23 +79,40 @@ private:
         return _frame.PerMille(rect.Width());
     }
 
+    // What accidentals take left of an event, per mille.
+    int32_t Reach(const VoiceSymbol* symbol) const {
+        const auto* chord = As<Chords>(symbol);
+        return chord ? _frame.PerMille(RoomOfAccidentals(chord)) : 0;
+    }
+    // Before the first event of a measure the header's gap takes the accidentals.
+    int32_t ReachOfGrace(const VoiceSymbol* grace) const {
+        return _before || grace != _graces.front() ? Reach(grace) : 0;
+    }
+    int32_t ReachOfGraces() const {
+        int32_t reach = 0;
+        for (const VoiceSymbol* grace : _graces) reach += ReachOfGrace(grace);
+        return reach;
+    }
+
     // What the waiting grace chords need before their main note, per mille.
     int32_t GraceRoom() const {
-        int32_t room = _before ? 0 : _lastNoteGap;
+        int32_t room = (_before ? 0 : _lastNoteGap) + ReachOfGraces();
         for (const VoiceSymbol* grace : _graces)
             room += _frame.PerMille(RectOf(ChordSymbolPar(As<Chords>(grace))).Width());
         return room;
     }
 
-    // Divides the gap up to `end` evenly among the waiting grace chords.
+    // Divides the gap up to `end` evenly among the waiting grace chords, behind the accidentals of each.
     void PlaceGraces(int32_t end) {
+        if (_graces.empty()) return;
         const auto k = static_cast<int32_t>(_graces.size());
         // Behind the last event there may be less room than that event is wide.
         const int32_t start = _before ? std::min(_previous + OwnWidth(), end) : 0;
-        const int32_t step = k ? (_before ? end - start : _lastNoteGap) / k : 0;
+        const int32_t step = (_before ? std::max(end - start - ReachOfGraces(), 0) : _lastNoteGap) / k;
         int32_t x = start;
         for (VoiceSymbol* grace : _graces) {
-            _placed.push_back({grace, x});
+            x += ReachOfGrace(grace);
+            _placed.push_back({grace, _before ? std::min(x, std::max(start, end)) : x});
             x += step;
         }
         _graces.clear();
@@ -116,14 +134,18 @@ private:
 };
 
 bool SpaceEvents(Voice* voice, VoiceSymbol* first) {
-    const auto* rest = As<Pause>(first);
-    if (rest && rest->_value == 1 && first == voiceSymbols.Last(voice)) return PutX(first, kMiddleOfMeasure);
+    if (IsWholeRestAlone(first)) return PutX(first, kMiddleOfMeasure);
     VoiceSpacing spacing(voice);
     spacing.Walk(voice);
     return spacing.Store();
 }
 
 }  // namespace
+
+bool IsWholeRestAlone(const VoiceSymbol* symbol) {
+    const auto* rest = As<Pause>(symbol);
+    return rest && rest->_value == 1 && !voiceSymbols.Prev(symbol) && !voiceSymbols.Next(symbol);
+}
 
 double FractionOf(const VoiceSymbol* symbol) {
     if (IsGrace(symbol)) return 0.0;

@@ -5,8 +5,9 @@
 
 namespace corvane {
 
-// Where a whole rest stands that is alone in its voice, per mille of the note area.
+// Where a whole rest stands that is alone in its voice, per mille of the note area; by both rules.
 inline constexpr int32_t kMiddleOfMeasure = 500;
+bool IsWholeRestAlone(const VoiceSymbol* symbol);
 
 // Width of a measure's header in page units: the widest sum, over its staves, of clef, key and time signature
 // with their gaps.

@@ -31,8 +31,8 @@ Span SpanOf(size_t event, const Liriche* syllable) {
 
 }  // namespace
 
-std::vector<SyllableNeed> SyllableNeedsOf(std::span<const Event> events) {
-    std::vector<SyllableNeed> needs;
+std::vector<EventNeed> SyllableNeedsOf(std::span<const Event> events) {
+    std::vector<EventNeed> needs;
     std::map<std::pair<const Voice*, int>, Span> last;
     for (size_t i = 0; i < events.size(); ++i)
         for (const auto& each : events[i].symbols) {

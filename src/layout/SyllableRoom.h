@@ -8,14 +8,8 @@
 
 namespace corvane {
 
-// Two events, as places in the list, between whose notes neighbouring syllables want to stand.
-struct SyllableNeed {
-    size_t from = 0, to = 0;
-    int32_t room = 0;
-};
-
 // One for each pair of syllables that follow each other in a verse of a voice, in the order of their second
 // events.
-std::vector<SyllableNeed> SyllableNeedsOf(std::span<const Event> events);
+std::vector<EventNeed> SyllableNeedsOf(std::span<const Event> events);
 
 }  // namespace corvane

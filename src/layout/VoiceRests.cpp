@@ -1,6 +1,7 @@
 // Rests of voices that share a staff.
 #include <algorithm>
 
+#include "layout/Frames.h"
 #include "layout/NoteGeometry.h"
 #include "layout/SymbolInk.h"
 #include "layout/VoicesTogether.h"
@@ -12,6 +13,7 @@ namespace {
 
 constexpr int kRestSpaces = 2, kMostSpaces = 40;  // a rest's way from the middle, and on from there
 constexpr int32_t kRestAir = 10;                  // hundredths of a line distance, above and below
+constexpr int kFarSpaces = 8;                     // beside a chord's place none of its ink is so far away
 
 bool IsUnmoved(const Pause* pause) {
     const Staff* staff = StaffPar(pause);
@@ -24,7 +26,10 @@ class RestRoom {
 public:
     // `ink` where it stands now.
     RestRoom(const Pause* pause, Rect ink)
-        : _own(VoicePar(pause)), _ink(ink), _space(StaffPar(pause)->_lineDistance) {
+        : _own(VoicePar(pause)),
+          _ink(ink),
+          _space(StaffPar(pause)->_lineDistance),
+          _measure(FrameOf(MeasurePar(pause))) {
         for (const Voice* voice : measureStaffVoices.Of(MeasureStaffPar(pause)))
             if (voice != _own) Add(voice);
     }
@@ -49,7 +54,7 @@ private:
             _alone = false;
             const auto* chord = As<Chords>(symbol);
             const Stem* stem = chord && !IsGrace(chord) ? StemOf(chord) : nullptr;
-            if (stem) AddHeads(stem, sameSide && outer ? _outer : _others);
+            if (stem && IsNear(stem)) AddColumn(stem, sameSide && outer ? _outer : _others);
             const auto* rest = As<Pause>(symbol);
             if (rest && !rest->_hidden && GoesFirst(*voice)) AddInk(RectOf(rest), _others);
         }
@@ -59,9 +64,20 @@ private:
         const bool below = _own->_number % 2 == 0, sameSide = (voice._number - _own->_number) % 2 == 0;
         return sameSide ? voice._number > _own->_number : below;
     }
-    void AddHeads(const Stem* stem, std::vector<Rect>& to) const {
+    // Most chords are told by their place alone, which costs nothing.
+    bool IsNear(const Stem* stem) const {
+        const int32_t x = _measure.XOf(stem->_x), far = kFarSpaces * _space;
+        return _ink.left - far < x && x < _ink.right + far;
+    }
+    void AddColumn(const Stem* stem, std::vector<Rect>& to) const {
         const Column column(stem);
-        for (const GenericNote* note : stemNotes.Of(stem)) AddInk(RectOf(note, column), to);
+        for (const GenericNote* note : stemNotes.Of(stem)) {
+            AddInk(RectOf(note, column), to);
+            AddInk(LedgerLinesOf(note, column).Ink(), to);
+        }
+        if (!HasStemInk(stem)) return;
+        AddInk(StemInk(column), to);
+        if (const Flag* flag = FlagOf(stem)) AddInk(RectOf(flag, column), to);
     }
     void AddInk(Rect ink, std::vector<Rect>& to) const {
         if (ink.left < _ink.right && _ink.left < ink.right) to.push_back(ink);
@@ -76,8 +92,9 @@ private:
     const Voice* _own;
     const Rect _ink;
     const int32_t _space;
+    const MeasureFrame _measure;
     bool _alone = true;
-    std::vector<Rect> _outer, _others;  // heads of outer voices of its side; heads and rests of all others
+    std::vector<Rect> _outer, _others;  // chords of outer voices of its side; chords and rests of all others
 };
 
 }  // namespace

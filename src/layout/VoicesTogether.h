@@ -29,7 +29,7 @@ int32_t VoiceShift(const Stem* stem, const std::vector<const Chords*>& beside);
 
 // How far a rest that nobody has moved stands above `place`, the middle of its staff, in thousandths of a
 // line distance: where another voice has events odd voices rest two spaces above, even ones below, and
-// further out where heads or the rests of inner voices stand; beside a chord of an outer voice of its side
+// further out where chords or the rests of inner voices stand; beside a chord of an outer voice of its side
 // further in, where there is room.
 int32_t VoiceLift(const Pause* pause, Point place);
 

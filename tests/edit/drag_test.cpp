@@ -25,6 +25,9 @@ TEST_F(DragTest, SignsAndTextsGoWhereTheyAreTaken) {
     ExpectDragged(Only<Coda>(), {-60, -80});
     ExpectDragged(Only<Articolazione>(), {20, 70});
     ExpectDragged(Only<Accident>(), {-40, 0});
+    PressItem(1, kDot, MiddleOf(RectOf(Head(1, 1, 0))));
+    ExpectDragged(Only<Dot>(), {45, 0});
+    ExpectDragged(Only<Dot>(), {0, -50});
 }
 
 TEST_F(DragTest, RestsGoUpAndDownThoseOnLinesFromLineToLine) {

@@ -65,6 +65,7 @@ protected:
         voiceSymbolAttributes.Add(symbol, mark);
         irregularMarks.Add(tuplet, mark);
     }
+    int32_t EndOfMeasure() const { return FrameOf(measure).left + measure->Width(); }
     using Xv = std::vector<int32_t>;
     Measure* measure = nullptr;
 };
@@ -264,7 +265,12 @@ TEST_F(EngraverSpacing, RestsAndGracesHaveTheirPlaces) {
     Open("SS");
     AddRest(VoiceOn(0), 1, 500);
     Fill(1, {2, 2});
-    EXPECT_EQ(Spaced(), Xv{0}) << "a whole rest at its time, not in the middle";
+    EXPECT_EQ(Spaced(), Xv{500}) << "a whole rest alone in its voice, in the middle of the measure";
+    Voice* below = MakeVoice(MeasureStaffPar(VoiceOn(1)), 2);
+    AddRest(below, 1, 0);
+    AddRest(below, 1, 0);
+    Spaced();
+    EXPECT_EQ(Xs(below)[0], 0) << "at its time where it is not alone";
 
     Open("S");
     AddGrace();
@@ -279,6 +285,98 @@ TEST_F(EngraverSpacing, RestsAndGracesHaveTheirPlaces) {
     const int32_t first = wide * 1000 / 1890, next = second * 1000 / 1890;
     EXPECT_EQ(Spaced(), (Xv{first - wide * 1000 / 1890, first, next - 2 * wide * 1000 / 1890,
                             next - wide * 1000 / 1890, next}));
+}
+
+TEST_F(EngraverSpacing, AWholeRestAloneTakesNoPartInTheColumns) {
+    for (const uint8_t value : {1, 2}) {
+        Open("SS");
+        StaffsFromTop(SystemAt(0))[0]->_lineDistance = 150;
+        const Pause* rest = AddRest(VoiceOn(0), value, 0);
+        Fill(1, {2, 2});
+        const int32_t head = RectOf(As<ChordSymbol>(measureSymbols.First(measure))).Width(),
+                      wide = RectOf(rest).Width();
+        ASSERT_GT(wide, head);
+        ListaEventi list(measure, {});
+        list.LayOut({});
+        EXPECT_EQ(list.events[0].rightExtent, (value == 1 ? head : wide) * 1000 / 1890);
+    }
+}
+
+// Sharps on all events but the first, and what stands on the staff before each.
+class DenseAccidentals : public EngraverSpacing {
+protected:
+    // Eight semiquavers and a minim, in the first measure behind a header.
+    void Fill(int index, int32_t noteArea) {
+        New("S");
+        measure = MeasureAt(SystemAt(0), index);
+        measure->_right = measure->_left + FrameOf(measure).header + noteArea;
+        voice = VoiceOfStaff(index, 0);
+        for (int i = 0; i < 9; ++i) {
+            const auto line = static_cast<int16_t>(3 + i % 4);
+            const uint8_t value = i < 8 ? 16 : 2;
+            ChordSymbol* column =
+                AddChord(voice, {value, {line}, 60 * i, StemDirection::Up, "Quarto", 350, false});
+            if (i) AddAccident(HeadOf(column), "#d");
+        }
+        SpaceMeasure(measure, {});
+    }
+    // The least way from a head to the accidental behind it; below 0 where they touch.
+    int32_t LeastGap() const {
+        int32_t least = 1000;
+        const VoiceSymbol* before = nullptr;
+        for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+            const GenericNote* note = chordNotes.First(As<Chords>(symbol));
+            if (before)
+                least = std::min(least, RectOf(AccidentOf(note)).left -
+                                            RectOf(chordNotes.First(As<Chords>(before))).right);
+            before = symbol;
+        }
+        return least;
+    }
+    Voice* voice = nullptr;
+};
+
+TEST_F(DenseAccidentals, TouchNothingWhereTheMeasureIsWideEnough) {
+    for (const int index : {0, 1}) {
+        SCOPED_TRACE(index ? "behind a barline" : "behind clef and meter");
+        // Each needs 118 for the head, some 125 for the accidental, and air; the table gives a minim more.
+        for (const int32_t noteArea : {2400, 2800, 3600}) {
+            Fill(index, noteArea);
+            EXPECT_GE(LeastGap(), 10) << noteArea;
+            EXPECT_LE(RectOf(ChordSymbolPar(As<Chords>(voiceSymbols.Last(voice)))).right, EndOfMeasure());
+        }
+    }
+}
+
+TEST_F(DenseAccidentals, AreAllPressedAlikeWhereItIsNot) {
+    Fill(1, 1600);
+    EXPECT_LT(LeastGap(), 0);
+    const Xv xs = Xs(voice);
+    for (size_t i = 2; i + 1 < xs.size(); ++i)
+        EXPECT_NEAR(xs[i + 1] - xs[i], xs[2] - xs[1], 10) << "no pair is better off than another";
+    EXPECT_LE(RectOf(ChordSymbolPar(As<Chords>(voiceSymbols.Last(voice)))).right, EndOfMeasure());
+}
+
+TEST_F(EngraverSpacing, GraceChordsStandBehindTheirAccidentals) {
+    for (const auto& [why, firstIsGrace] :
+         {std::pair("at the start", true), std::pair("after a note", false)}) {
+        SCOPED_TRACE(why);
+        Open("S", 1500);
+        if (!firstIsGrace) Fill(0, {8});
+        const GraceChord *one = AddGrace(), *two = AddGrace();
+        std::vector<const Accident*> sharps;
+        for (const GraceChord* grace : {one, two})
+            sharps.push_back(AddAccident(const_cast<GenericNote*>(chordNotes.First(grace)), "#d"));
+        Fill(0, {8, 4, 2});
+        SpaceMeasure(measure, {});
+        const auto right = [](const VoiceSymbol* symbol) {
+            return RectOf(ChordSymbolPar(As<Chords>(symbol))).right;
+        };
+        const int32_t before = firstIsGrace ? FrameOf(measure).left : right(voiceSymbols.First(VoiceOn(0)));
+        EXPECT_LT(before, RectOf(sharps[0]).left);
+        EXPECT_LT(right(one), RectOf(sharps[1]).left);
+        EXPECT_LT(right(two), RectOf(ChordSymbolPar(As<Chords>(voiceSymbols.Next(two)))).left);
+    }
 }
 
 TEST_F(EngraverSpacing, NothingIsWrittenWhereNothingChanges) {

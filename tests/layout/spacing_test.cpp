@@ -202,6 +202,32 @@ TEST_F(SpacingTest, GraceChordsShareTheGapBeforeTheirMainNote) {
     EXPECT_EQ(sum, 1.0) << "grace chords take no time";
 }
 
+TEST_F(SpacingTest, GraceChordsStandBehindTheirAccidentals) {
+    const auto sharpen = [&](VoiceSymbol* symbol) {
+        auto* sharp = Make<Accident>();
+        sharp->_symbol = LookupSymbol(document, "#d");
+        noteAttributes.Add(chordNotes.First(As<Chords>(symbol)), sharp);
+        return sharp;
+    };
+    const auto right = [](VoiceSymbol* symbol) { return RectOf(ChordSymbolPar(As<Chords>(symbol))).right; };
+    for (const uint8_t value : {16, 2}) {
+        SCOPED_TRACE(value == 2 ? "there is room" : "the main note is pushed");
+        Voice* voice = Empty(4, 4);
+        AddChord<Chords, Note>(voice, value);
+        AddChord<GraceChord, Grace>(voice, 8);
+        AddChord<GraceChord, Grace>(voice, 8);
+        AddChord<Chords, Note>(voice, 2);
+        std::vector<VoiceSymbol*> events;
+        for (VoiceSymbol* symbol : voiceSymbols.Of(voice)) events.push_back(symbol);
+        std::vector<const Accident*> sharps = {nullptr};
+        for (size_t i = 1; i < events.size(); ++i) sharps.push_back(sharpen(events[i]));
+        SpaceVoice(voice);
+        for (size_t i = 1; i < events.size(); ++i)
+            EXPECT_LT(right(events[i - 1]), RectOf(sharps[i]).left) << "event " << i;
+        EXPECT_EQ(XOf(events[3]) == 475, value == 2);
+    }
+}
+
 TEST_F(SpacingTest, GraceChordsWithoutRoomPushTheirMainNoteButNeverOutOfTheMeasure) {
     Voice* voice = VoiceAt(1);
     AddChord<GraceChord, Grace>(voice, 8);

@@ -164,6 +164,47 @@ TEST_F(VoicesTogether, RestsAtOnePlaceStandClearOfEachOtherAndOfHeads) {
         }
 }
 
+TEST_F(VoicesTogether, RestsStandClearOfAllThatChordsOfOtherVoicesDraw) {
+    const auto meet = [](const Rect& a, const Rect& b) {
+        return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+    };
+    const struct {
+        const char* why;
+        uint8_t resting, playing;  // voices
+        StemDirection direction;
+        int32_t later;  // the chord's place behind the rest's
+    } cases[] = {
+        {"below the first voice", 2, 1, Up, 0},          {"above the second", 1, 2, Down, 0},
+        {"above the third's stem", 1, 3, Up, 0},         {"below the fourth's", 2, 4, Down, 0},
+        {"past an outer stem", 4, 2, Down, 0},           {"a stem that a hand has turned", 2, 1, Down, 0},
+        {"a chord that begins within it", 2, 1, Up, 20}, {"inside of the first", 3, 1, Up, 0},
+    };
+    for (const auto& c : cases)
+        for (const uint8_t value : {2, 4, 8})
+            for (int16_t line = -6; line < 18; ++line) {
+                SCOPED_TRACE(std::string(c.why) + " line " + std::to_string(line));
+                Clear();
+                const auto voice = [&](uint8_t number) {
+                    return number < 3 ? (number == 1 ? upper : lower)
+                                      : MakeVoice(MeasureStaffPar(upper), number);
+                };
+                const Stem* stem =
+                    StemOf(AddChord(voice(c.playing), {8, {line}, 300 + c.later, c.direction}));
+                const Pause* rest = AddRest(voice(c.resting), value, 300);
+                const Column column(stem);
+                const GenericNote* head = stemNotes.First(stem);
+                for (const Rect& ink : {RectOf(head, column), StemInk(column), RectOf(FlagOf(stem), column),
+                                        LedgerLinesOf(head, column).Ink()})
+                    EXPECT_FALSE(meet(RectOf(rest), ink));
+                EXPECT_EQ((bottom - PlaceOf(rest).y) % 100, 0) << "by whole spaces";
+            }
+    Clear();
+    AddChord(upper, {2, {-1}, 300, Up, "Meta"});
+    const Pause* half = AddRest(lower, 2, 300);
+    EXPECT_EQ(bottom - PlaceOf(half).y, -300) << "below the head on the first ledger line";
+    EXPECT_EQ(LedgerLinesOf(half).count, 1);
+}
+
 TEST_F(VoicesTogether, AccidentalsOfBothStandInOneSetOfColumnsAndDotsBehindBoth) {
     const struct {
         const char* why;
