@@ -93,7 +93,7 @@ public:
             if (!mark) continue;
             const MeasureRedraw own(window, MeasureStaffPar(noteAttributes.ParentOf(mark)));
             const MeasureRedraw other(window, MeasureStaffPar(TiePartnerOf(mark)));
-            TellHeight(TieAt(move.handle), HeightToTell(move, *mark));
+            TieAt(move.handle)->_height = HeightToTell(move, *mark);
         }
     }
 

@@ -166,11 +166,8 @@ TiePiece MakePiece(const MarkValue& mark, int32_t told) {
 TiePiece PieceOf(const MarkValue& mark, int32_t height) { return MakePiece(mark, height); }
 TiePiece PieceOf(const MarkValue& mark) {
     const TieValue* tie = tieMarks.ParentOf(&mark);
-    return MakePiece(mark, tie ? ToldHeight(tie) : 0);
+    return MakePiece(mark, tie ? tie->_height : 0);
 }
-
-int32_t ToldHeight(const TieValue* tie) { return tie->_geometry[0]; }
-void TellHeight(TieValue* tie, int32_t height) { tie->_geometry[0] = height; }
 
 Rect InkOf(const MarkValue& mark) { return InkOf(PieceOf(mark).curve); }
 void Paint(GraphicPort& port, const MarkValue& mark, const DrawContext& context) {

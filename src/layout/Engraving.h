@@ -28,10 +28,9 @@ int32_t LengthToMiddleLine(const GenericNote* note, bool up);
 void ChangeStemDirection(Stem* stem, StemDirection direction);
 // Whether a person has pointed it against the rules; it then keeps its direction through later edits.
 inline bool IsPointed(const Stem* stem) { return (stem->_said & kSaidDirection) != 0; }
-// What else a person may have said: its length. A beam goes where the first stem under it that has one ends.
-inline constexpr uint8_t kSaidLength = 4;
+// The same of its length; a beam goes where the first stem under it that has one ends.
 inline bool IsLengthTold(const Stem* stem) { return (stem->_said & kSaidLength) != 0; }
-// Notes that a person has said something of a stem, or takes it back: kSaidDirection, kSaidAlone, kSaidLength.
+// Notes that a person has said something of a stem, or takes it back: one of kSaid...
 void Say(Stem* stem, uint8_t what, bool said);
 // What a person says of a chord without a beam. Where the rules say the same it follows them again.
 void PointChord(Chords* chord, bool up);

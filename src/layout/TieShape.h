@@ -1,4 +1,4 @@
-// The curve of a tie, a piece on each system that it touches, and how high a person has told it to arch.
+// The curve of a tie, a piece on each system that it touches.
 #pragma once
 
 #include <optional>
@@ -19,10 +19,7 @@ struct TiePiece {
 TiePiece PieceOf(const MarkValue& mark);
 TiePiece PieceOf(const MarkValue& mark, int32_t height);
 
-// Thousandths of the line distance; 0 where the length of the tie tells it. A tie never bends further to its
-// notes than this.
+// A tie never bends further to its notes than this, thousandths of the line distance.
 inline constexpr int32_t kFlattestTie = -100;
-int32_t ToldHeight(const TieValue* tie);
-void TellHeight(TieValue* tie, int32_t height);
 
 }  // namespace corvane

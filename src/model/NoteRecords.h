@@ -101,8 +101,8 @@ struct Pause : VoiceSymbol, BeamSymbol {
 
 inline constexpr int32_t kVerticalStem = 2147483647;
 
-// What a person has said of a stem; else it points, and is beamed, by the rules.
-inline constexpr uint8_t kSaidDirection = 1, kSaidAlone = 2;
+// What a person has said of a stem; else it points, is beamed and ends by the rules.
+inline constexpr uint8_t kSaidDirection = 1, kSaidAlone = 2, kSaidLength = 4;
 
 enum class StemDirection : uint8_t { Down = 0, Up = 1, HiddenDown = 2, HiddenUp = 3 };
 constexpr bool IsUp(StemDirection d) { return d == StemDirection::Up || d == StemDirection::HiddenUp; }
@@ -115,7 +115,7 @@ struct Stem : BeamSymbol,
     static constexpr int16_t kClass = 22;
     static constexpr bool IsHeir(int16_t n) { return n == 22; }
     Stored<StemDirection> _direction;
-    Stored<uint8_t> _said;    // the sum of kSaidDirection and kSaidAlone
+    Stored<uint8_t> _said;    // a sum of kSaid...
     Stored<int32_t> _slant;   // kVerticalStem or a divisor
     Stored<int32_t> _x;       // per mille of the note area
     Stored<int32_t> _length;  // beyond the outer head, hundredths of a line distance
@@ -262,7 +262,9 @@ struct MarkValue : NoteAttribute, Gap<8, 12>, Bot2T<MarkValue, 36, 3> {
 struct TieValue : BehaviourWord, Top2T<TieValue, 36, 3> {
     static constexpr int16_t kClass = 34;
     Filler<4> _filler8;
-    Stored<int32_t> _geometry[9];
+    Stored<int32_t>
+        _height;  // of its arch as a person has told it, thousandths of a line distance; 0: by the rule
+    Filler<32> _filler16;
     Filler<2> _filler48;
 };
 

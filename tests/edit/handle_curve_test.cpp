@@ -32,16 +32,16 @@ TEST_F(HandleCurveTest, ATieArchesAsHighAsItIsTaken) {
     Do(kTies, {});
     ASSERT_EQ(Count(), 1u);
     Move(HandleOf(tie), {70, -120});
-    EXPECT_EQ(ToldHeight(tie), before.height + 1200);
+    EXPECT_EQ(tie->_height, before.height + 1200);
     EXPECT_EQ(PieceOf(*mark).curve.from, before.curve.from) << "its tips stay";
     EXPECT_NEAR(HandleOf(tie).place.y, before.curve.from.y - (before.height + 1200) / 10 - 60, 1);
 
     // It bends no further to its notes than a tenth of a space, and near to the usual height it is usual
     // again.
     Move(HandleOf(tie), {0, 2000});
-    EXPECT_EQ(ToldHeight(tie), -100);
+    EXPECT_EQ(tie->_height, -100);
     Move(HandleOf(tie), {0, -(before.height + 100) / 10 - 6});
-    EXPECT_EQ(ToldHeight(tie), 0);
+    EXPECT_EQ(tie->_height, 0);
     EXPECT_EQ(PieceOf(*mark).height, before.height);
 }
 
@@ -55,8 +55,8 @@ TEST_F(HandleCurveTest, ATieOverTwoSystemsHasOneHandleForBothPieces) {
     ASSERT_EQ(Count(), 1u);
     EXPECT_LT(HandleOf(tie).place.y, SystemPar(MeasureNumber(1))->_bottom);
     Move(HandleOf(tie), {0, -90});
-    EXPECT_EQ(PieceOf(*first).height, ToldHeight(tie));
-    EXPECT_EQ(PieceOf(*second).height, ToldHeight(tie));
+    EXPECT_EQ(PieceOf(*first).height, tie->_height);
+    EXPECT_EQ(PieceOf(*second).height, tie->_height);
 }
 
 TEST_F(HandleCurveTest, ABracketEndsWhereItIsTaken) {

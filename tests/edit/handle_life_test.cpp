@@ -186,7 +186,7 @@ TEST_F(HandleLifeTest, ACopyKeepsWhatAPersonHasTold) {
     EXPECT_TRUE(IsLengthTold(copy));
     const auto told = [&](int measure) {
         for (const NoteAttribute* attribute : noteAttributes.Of(Head(measure, 1, 1)))
-            if (const auto* mark = As<MarkValue>(attribute)) return ToldHeight(tieMarks.ParentOf(mark));
+            if (const auto* mark = As<MarkValue>(attribute)) return tieMarks.ParentOf(mark)->_height.Get();
         return 0;
     };
     EXPECT_NE(told(1), 0);
