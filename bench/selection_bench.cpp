@@ -1,58 +1,14 @@
-// From a press to the painted note wherever it stands, and edits of very much at once.
+// Edits of very much at once.
 #include <benchmark/benchmark.h>
 
 #include "LargeScore.h"
 #include "edit/Clipboard.h"
-#include "edit/TarnClick.h"
 #include "edit/ToolState.h"
 #include "layout/Frames.h"
 #include "model/Par.h"
-#include "platform/qt/ImagePort.h"
 
 namespace corvane {
 namespace {
-
-constexpr int32_t kDpi = 96;
-constexpr int16_t kZoom = 105;
-
-int PaintDirty(WindowTarn& window, ImagePort& port) {
-    NewWindowSheet& sheet = window.Sheet();
-    int painted = 0;
-    for (int tile = 0; tile < sheet.TileCount(); ++tile)
-        if (sheet.IsDirty(tile)) {
-            sheet.Draw(port, sheet.TileRect(tile), DrawContext());
-            sheet.ClearDirty(tile);
-            ++painted;
-        }
-    return painted;
-}
-
-// An eighth note in the first or the last measure of a score of so many.
-void PressToPainted(benchmark::State& state, bool last) {
-    StartUpForBench();
-    auto window = Reopened(*LargeScore(static_cast<int>(state.range(0)), "D", 4, true));
-    const Document* document = window->GetDocument();
-    Page* page = last ? documentPages.Last(document) : documentPages.First(document);
-    window->SetCurrentPage(page);
-    Measure* measure = last ? LastMeasure(document) : FirstMeasure(document);
-    const StaffFrame staff = FrameOf(measureStaffs.First(measure)->_staff.Get());
-    const Point at{FrameOf(measure).XOf(700), staff.YOfLine(4)};
-    Tools() = ToolState();
-    ImagePort port(PageRect(page), kZoom, kDpi);
-    PaintDirty(*window, port);
-    int tiles = 0;
-    for (auto _ : state) {
-        MouseDown(*window, at.x, at.y, 0);
-        tiles = PaintDirty(*window, port);
-        state.PauseTiming();
-        window->Undo();
-        PaintDirty(*window, port);
-        state.ResumeTiming();
-    }
-    state.counters["tiles"] = tiles;
-}
-BENCHMARK_CAPTURE(PressToPainted, FirstMeasure, false)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(PressToPainted, LastMeasure, true)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
 
 // Eight notes in each of so many measures; each leaves a rest.
 void SelectAllAndDelete(benchmark::State& state) {

@@ -56,6 +56,13 @@ void SetBracketed(GenericNote* note, Alteration alteration) {
     AttachAccident(note, alteration, true);
 }
 
+// Dots are not refused: a person may be about to shorten another event.
+void SetDots(const InsertionPlace& place, VoiceSymbol* event, int count) {
+    ChangeDots(place.window, event, count);
+    if (IsMeasureFull(VoicePar(event)))
+        place.window.Shell().Tell("The measure holds more than its time signature says.");
+}
+
 }  // namespace
 
 DrawPatch EventUnder(WindowTarn& window, Point p) {
@@ -133,11 +140,11 @@ void DropDots(WindowTarn& window, VoiceSymbol* event) {
 
 void DotInsertion(const InsertionPlace& place, int count) {
     const DrawPatch patch = EventUnder(place.window, place.point);
-    if (auto* pause = patch ? patch.Record<Pause>() : nullptr) return ChangeDots(place.window, pause, count);
+    if (auto* pause = patch ? patch.Record<Pause>() : nullptr) return SetDots(place, pause, count);
     const auto* chordSymbol = patch ? patch.Record<ChordSymbol>() : nullptr;
     if (!chordSymbol || !HeadAt(chordSymbol, place.point))
         return place.window.Shell().Tell("Press on a note or a rest.");
-    for (Chords* chord : chordSymbolChords.Of(chordSymbol)) ChangeDots(place.window, chord, count);
+    for (Chords* chord : chordSymbolChords.Of(chordSymbol)) SetDots(place, chord, count);
 }
 
 }  // namespace corvane

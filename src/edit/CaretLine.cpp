@@ -1,7 +1,5 @@
 #include "edit/CaretLine.h"
 
-#include <algorithm>
-
 #include "layout/NoteGeometry.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -11,9 +9,14 @@ namespace {
 
 constexpr int32_t kGap = 30;
 
+// With the accidentals beside the heads.
 Rect InkOf(const VoiceSymbol* event) {
     const auto* chord = As<Chords>(event);
-    return chord ? RectOf(ChordSymbolPar(chord)) : RectOf(As<Pause>(event));
+    if (!chord) return RectOf(As<Pause>(event));
+    Rect ink = RectOf(ChordSymbolPar(chord));
+    for (const GenericNote* note : chordNotes.Of(chord))
+        if (const Accident* accident = AccidentOf(note)) ink = Union(ink, RectOf(accident));
+    return ink;
 }
 
 }  // namespace
@@ -21,7 +24,7 @@ Rect InkOf(const VoiceSymbol* event) {
 int32_t CaretLineX(const Caret& caret) {
     const MeasureStaff* crossing = MeasureStaffAt(caret.measure, caret.staff);
     if (!crossing || !crossing->_staff.Get()) return caret.x;
-    const int offset = std::clamp(FrameOf(caret.measure).PerMilleOfX(caret.x), 0, 1000);
+    const int32_t offset = FrameOf(caret.measure).PerMilleOfX(caret.x);
     for (const Voice* voice : measureStaffVoices.Of(crossing))
         for (const VoiceSymbol* event : voiceSymbols.Of(voice)) {
             const Rect ink = InkOf(event);

@@ -1,4 +1,6 @@
 // The records of a new chord, of a further head and of a rest, linked but neither spaced nor sounding.
+#include <algorithm>
+
 #include "base/Assert.h"
 #include "base/Rounding.h"
 #include "edit/Insertion.h"
@@ -12,7 +14,6 @@
 
 namespace corvane {
 namespace {
-
 
 Chords* MakeChords(const Voice* voice, bool grace) {
     if (!grace) return Make<Chords>();
@@ -61,7 +62,7 @@ GenericNote* InsertNewChord(Voice* voice, int32_t x, int line, const NoteKind& k
     chordNotes.Add(chord, note);
     stemNotes.Add(stem, note);
     stem->_slant = kVerticalStem;
-    stem->_x = x;
+    stem->_x = std::max(x, 0);
     RestemChord(chord);
     AttachFlag(stem, kind.value);
     return note;
@@ -85,7 +86,7 @@ Pause* InsertPauseBehind(Voice* voice, VoiceSymbol* before, int32_t x, const Res
     const Staff* staff = MeasureStaffPar(voice)->_staff;
     pause->_value = kind.value;
     pause->_symbol = LookupSymbol(DocumentPar(voice), kind.name);
-    pause->_x = x;
+    pause->_x = std::max(x, 0);
     const int32_t distance = staff ? staff->_lineDistance : 0;
     pause->_y = distance ? Round(staff->LinesHeight() * 0.5) * 1000 / distance : 0;
     pause->_beamY = pause->_y;

@@ -107,6 +107,7 @@ constexpr ClearRow kLists[] = {
     kRow<SelectedDinamiche, DeleteSign>,
     kRow<SelectedMeasureStaffText, DeleteSign>,
     kRow<SelectedSimboliVari, DeleteSign>,
+    kRow<SelectedArpeggi, DeleteSign>,
     kRow<SelectedHairpins, kDeleteSpanner<hairpinMarks>>,
     kRow<SelectedSlurs, kDeleteSpanner<slurMarks>>,
     kRow<SelectedOttave, kDeleteSpanner<ottavaMarks>>,

@@ -18,6 +18,8 @@ std::unique_ptr<Interaction> DragSign(WindowTarn& window, const DrawPatch& patch
 std::unique_ptr<Interaction> DragHead(WindowTarn& window, const DrawPatch& patch, Point from);
 // Hairpins, octave, trill and pedal lines as a whole, or by what is nearest of their ends and their opening.
 std::unique_ptr<Interaction> DragLine(WindowTarn& window, const DrawPatch& patch, Point from);
+// Arpeggios freely, or longer and shorter by their lower end.
+std::unique_ptr<Interaction> DragArpeggio(WindowTarn& window, const DrawPatch& patch, Point from);
 // Beams up and down by the third that is pressed, with their stems.
 std::unique_ptr<Interaction> DragBeam(WindowTarn& window, const DrawPatch& patch, Point from);
 

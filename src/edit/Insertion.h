@@ -50,6 +50,8 @@ void ClafInsertion(const InsertionPlace& place, std::string_view descriptor);
 // The tie of the note under the point to the one behind it, which goes again where it stands already.
 void TieInsertion(const InsertionPlace& place);
 void SimboliVariInsertion(const InsertionPlace& place, std::string_view descriptor);
+// Before the chord under the press; one that is there goes.
+void ArpeggioInsertion(const InsertionPlace& place, std::string_view descriptor);
 // A sign of a class on the note under the point: instead of the one of its class, gone where it is the same.
 void NoteSignInsertion(const InsertionPlace& place, int16_t classNumber, std::string_view descriptor);
 // A sign of a class on a note; no such sign any more. The caller keeps the note off the sheet.

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "layout/PageFiling.h"
+#include "layout/Spacing.h"
+#include "layout/SpacingHeader.h"
 #include "model/Par.h"
 #include "play/MIDIUtility.h"
 
@@ -42,7 +44,10 @@ bool IsTaken(const DrawPatch& patch) {
 }  // namespace
 
 MeasureRedraw::MeasureRedraw(WindowTarn& window, const MeasureStaff* measureStaff)
-    : _window(window), _crossings(CrossingsWith(measureStaff)) {
+    : _window(window),
+      _measure(MeasurePar(measureStaff)),
+      _header(NoteAreaLeft(_measure)),
+      _crossings(CrossingsWith(measureStaff)) {
     std::erase_if(_crossings, [](const MeasureStaff* crossing) {
         return std::find(taken.begin(), taken.end(), crossing) != taken.end();
     });
@@ -57,14 +62,24 @@ MeasureRedraw::MeasureRedraw(WindowTarn& window, const MeasureStaff* measureStaf
 MeasureRedraw::~MeasureRedraw() {
     taken.resize(taken.size() - _crossings.size());
     const auto add = [&](const DrawPatch& patch, int voice) { _window.Sheet().AddObject(patch, voice); };
+    for (const MeasureStaff* crossing : _crossings) RenewHeightsByClefs(crossing);
+    const HeadersAtRest headers;
     for (const MeasureStaff* crossing : _crossings) {
-        RenewHeightsByClefs(crossing);
         if (PagePar(MeasurePar(crossing)) != _window.Sheet().CurrentPage()) continue;
         ForEachPatch(crossing, add);
         ForEachSpannerOver(crossing, [&](const DrawPatch& patch, int voice) {
             if (!IsTaken(patch)) add(patch, voice);
         });
     }
+    if (!_crossings.empty() && NoteAreaLeft(_measure) != _header) RedrawMoved();
+}
+
+// What else stands in the measure, and spanners that end there. What an outer one has taken is not filed.
+void MeasureRedraw::RedrawMoved() const {
+    if (PagePar(_measure) != _window.Sheet().CurrentPage()) return;
+    ForEachPatch(SystemPar(_measure), [&](const DrawPatch& patch, int voice) {
+        if (_window.Sheet().IsFiled(patch)) _window.Sheet().RedrawObject(patch, voice);
+    });
 }
 
 }  // namespace corvane

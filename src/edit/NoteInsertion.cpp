@@ -21,8 +21,9 @@
 namespace corvane {
 namespace {
 
+// A press left of the first event, whose place may be 0, goes before it.
 int32_t PerMilleAt(const MeasureStaff* measureStaff, int32_t x) {
-    return std::clamp(FrameOf(MeasurePar(measureStaff)).PerMilleOfX(x), 0, 1000);
+    return std::clamp(FrameOf(MeasurePar(measureStaff)).PerMilleOfX(x), -1, 1000);
 }
 
 bool HasNoteOn(const Chords* chord, int line) {
@@ -54,15 +55,26 @@ void RestemOthers(Voice* voice) {
     }
 }
 
+constexpr const char* kMeasureFull = "The measure is full.";
+
+// What is too much is entered and taken back again, so that undo steps through it. With more than one level
+// of undo it is no step at all, and known before.
+bool IsKnownToBeTooMuch(const InsertionPlace& place, const MeasureStaff* measureStaff, uint8_t value) {
+    if (!Switches().autoSpace || Switches().undoLevels <= 1) return false;
+    return !HasRoomFor(MeasurePar(measureStaff), FindVoice(measureStaff, place.voice), value);
+}
+
 void InsertAsNewChord(const InsertionPlace& place, MeasureStaff* measureStaff, int line,
                       const NoteKind& kind) {
+    if (!kind.grace && IsKnownToBeTooMuch(place, measureStaff, kind.value))
+        return place.window.Shell().Tell(kMeasureFull);
     Voice* voice = FindOrMakeVoice(measureStaff, place.voice);
     GenericNote* note = InsertNewChord(voice, PerMilleAt(measureStaff, place.point.x), line, kind);
     AddEvents(note, false);
     if (Switches().autoSpace && !kind.grace && IsMeasureFull(voice)) {
         place.step.Split();
         DeleteNote(place.window, note, {place.voice, place.allVoices, false});
-        place.window.Shell().Tell("The measure is full.");
+        place.window.Shell().Tell(kMeasureFull);
         return;
     }
     CutTiesOver(place.window, ChordPar(note));
@@ -118,15 +130,18 @@ void PauseInsertion(const InsertionPlace& place, std::string_view descriptor) {
     const RestKind kind = RestKindOf(descriptor);
     MeasureStaff* measureStaff = FindMeasureStaff(place.system, place.point);
     if (!measureStaff || !measureStaff->_staff.Get()) return;
+    const Voice* filled = FindVoice(measureStaff, place.voice);
+    const bool fillsAlone = kind.value == 1 && (!filled || voiceSymbols.IsEmpty(filled));
+    if (!fillsAlone && IsKnownToBeTooMuch(place, measureStaff, kind.value))
+        return place.window.Shell().Tell(kMeasureFull);
     const MeasureRedraw redraw(place.window, measureStaff);
     Voice* voice = FindOrMakeVoice(measureStaff, place.voice);
     Pause* pause = InsertNewPause(voice, PerMilleAt(measureStaff, place.point.x), kind);
-    const bool alone = voiceSymbols.First(voice) == voiceSymbols.Last(voice);
     InsertVoiceSymbolEvents(pause);
-    if (Switches().autoSpace && IsMeasureFull(voice) && !(alone && kind.value == 1)) {
+    if (Switches().autoSpace && IsMeasureFull(voice) && !fillsAlone) {
         place.step.Split();
         DeletePause(place.window, pause, {place.voice, place.allVoices, false});
-        place.window.Shell().Tell("The measure is full.");
+        place.window.Shell().Tell(kMeasureFull);
         return;
     }
     CutTiesOver(place.window, pause);

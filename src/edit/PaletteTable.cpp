@@ -33,6 +33,9 @@ void EnterNoteSign(const InsertionPlace& place, const PaletteItem&, const std::s
 void EnterTremolo(const InsertionPlace& place, const PaletteItem&, const std::string& descriptor) {
     TremoloInsertion(place, descriptor);
 }
+void EnterArpeggio(const InsertionPlace& place, const PaletteItem&, const std::string& descriptor) {
+    ArpeggioInsertion(place, descriptor);
+}
 void EnterDynamic(const InsertionPlace& place, const PaletteItem&, const std::string& descriptor) {
     DinamicheInsertion(place, descriptor);
 }
@@ -141,6 +144,7 @@ constexpr PaletteItem kItems[] = {
     {5, 20, "_Sette_", "Fingering 7", EnterNoteSign<Diteggiatura>, P::Plain},
     {5, 21, "_Otto_", "Fingering 8", EnterNoteSign<Diteggiatura>, P::Plain},
     {5, 22, "_Nove_", "Fingering 9", EnterNoteSign<Diteggiatura>, P::Plain},
+    {6, 1, "_Arpeggio_", "Arpeggio", EnterArpeggio, P::Plain},
     {6, 2, "", "Ending", {}, P::Plain, EndingsStroke},
     {6, 3, "_8vaSu_", "Octave up", {}, P::Plain, OttavaStroke},
     {6, 4, "_8vaGiu_", "Octave down", {}, P::Plain, OttavaStroke},

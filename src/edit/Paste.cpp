@@ -73,7 +73,7 @@ Pasting::Target Pasting::TargetFor(Voice* voice, const VoiceSymbol* original) {
     const auto known = _targets.find(voice);
     if (known != _targets.end()) return known->second;
     if (MeasurePar(voice) != _places.First()) return {nullptr, 0};
-    return {EventBefore(voice, _places.Offset()), _places.Offset() - XOf(original)};
+    return {EventBefore(voice, _places.Told()), _places.Offset() - XOf(original)};
 }
 
 // A beam into which something comes is none any more.
@@ -141,6 +141,7 @@ bool Pasting::PasteOne(const ClipVoiceSymbol& clip) {
         }
         if (!_targets.contains(voice)) _voices.push_back(voice);
         _targets[voice] = {clone, target.dx};
+        if (!_further) _places.Take(clip.place, clone);
         Dress(clone, clip);
         return true;
     }
@@ -176,9 +177,8 @@ void Pasting::Finish() {
     for (const MeasureStaff* crossing : crossings) RenewHeightsByClefs(crossing);
 }
 
-// What came before stays and cannot be undone: the event that was too much goes outside of any step.
+// What came before stays.
 void TakeBack(WindowTarn& window, VoiceSymbol* refused) {
-    { const EditStep empty(window); }
     Voice* voice = VoicePar(refused);
     Discard(window, refused);
     if (Switches().autoSpace || !IsInOrder(voice)) SpaceVoice(voice);
@@ -200,18 +200,25 @@ bool Paste(WindowTarn& window) {
     }
     VoiceSymbol* refused = nullptr;
     bool illegal = false, dropped = false;
+    const bool withinStep = Switches().undoLevels > 1;
     std::optional<PageRedraw> redraw(window);
     {
         const EditStep step(window);
         Pasting pasting(window, TheClipboard());
         window.caret.visible = false;
-        if (pasting.PasteVoiceSymbols()) pasting.PasteSigns();
+        const bool allFit = pasting.PasteVoiceSymbols();
         pasting.Finish();
+        if (allFit) pasting.PasteSigns();
         refused = pasting.Refused();
         dropped = pasting.HasDropped();
         illegal = !refused && pasting.HasIllegalBeam();
+        if (refused && withinStep) TakeBack(window, refused);
     }
-    if (refused) TakeBack(window, refused);
+    // Else what came before cannot be undone: the event that was too much goes outside of any step.
+    if (refused && !withinStep) {
+        { const EditStep empty(window); }
+        TakeBack(window, refused);
+    }
     if (dropped && !illegal) window.Shell().Tell("Some of it found no staff or measure here.");
     if (illegal) {
         window.Undo();

@@ -5,6 +5,7 @@
 #include "layout/Frames.h"
 #include "layout/SlurShape.h"
 #include "layout/SpannerMarks.h"
+#include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/RecordClone.h"
 #include "model/Texts.h"
@@ -17,7 +18,8 @@ PastePlaces::PastePlaces(const Caret& caret, const Clipboard& clips)
     : _clips(clips),
       _staff(caret.staff),
       _measures{caret.measure},
-      _offset(std::clamp(FrameOf(caret.measure).PerMilleOfX(caret.x), 0, 1000)) {}
+      _told(FrameOf(caret.measure).PerMilleOfX(caret.x)),
+      _offset(std::clamp(_told, 0, 1000)) {}
 
 Measure* PastePlaces::MeasureFromCaret(int32_t count) {
     while (static_cast<int32_t>(_measures.size()) <= count) {
@@ -43,6 +45,11 @@ MeasureStaff* PastePlaces::Find(const ClipPlace& place, int32_t further) {
 }
 
 int32_t PastePlaces::XOf(const ClipPlace& place) const {
+    if (const auto events = _events.find({place.measure, place.staff}); events != _events.end()) {
+        auto at = events->second.upper_bound(place.x);
+        if (at != events->second.begin()) --at;
+        return std::clamp(corvane::XOf(at->second) + place.x - at->first, 0, 1000);
+    }
     if (place.measure != _clips.ClipFirstMeasure) return place.x;
     return std::clamp(place.x + _offset - _clips.ClipFirstX, 0, 1000);
 }
@@ -73,9 +80,10 @@ void PasteHairpin(Document* document, const ClipHairpin& clip, PastePlaces& plac
     MeasureStaff* first = places.Destination(clip.place);
     if (!first) return;
     const int32_t further = places.MeasuresBehind(clip.place, clip.further);
-    const int32_t from = places.XOf(clip.place), old = clip.object->_to;
-    int32_t to = further < clip.further ? 1000 : old;
-    if (!clip.further) to = std::min(old + from - clip.place.x, 1000);
+    const int32_t from = places.XOf(clip.place);
+    ClipPlace end = clip.place;
+    end.measure += clip.further, end.x = clip.object->_to;
+    const int32_t to = further < clip.further ? 1000 : places.XOf(end);
     Hairpin* hairpin = Clone(document, clip.object);
     hairpin->_to = to;
     hairpin->_from = further || from < to ? from : std::max(to - kLeastHairpin, 0);

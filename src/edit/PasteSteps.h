@@ -1,6 +1,9 @@
 // What the parts of a paste share.
 #pragma once
 
+#include <map>
+#include <utility>
+
 #include "edit/ClipClones.h"
 
 namespace corvane {
@@ -14,11 +17,19 @@ public:
     MeasureStaff* Destination(const ClipPlace& place, int32_t further = 0);
     // Some clip had no destination.
     bool HasDropped() const { return _hasDropped; }
-    // Where it comes to in its measure. What comes to the first measure keeps its distance from the leftmost.
+    // An event has come to the measure that is its clip's.
+    void Take(const ClipPlace& place, const VoiceSymbol* clone) {
+        _events[{place.measure, place.staff}][place.x] = clone;
+    }
+    // Where a place comes to in its measure: it keeps its distance from the event that it stood at or behind.
+    // Where none has come, what comes to the first measure keeps its distance from the leftmost.
     int32_t XOf(const ClipPlace& place) const;
 
     Measure* First() const { return _measures.front(); }
     int32_t Offset() const { return _offset; }  // per mille in the first measure
+    // The same for what comes before or behind it: left of a measure's start, before its first event, it is
+    // less than 0.
+    int32_t Told() const { return _told; }
     // Measures behind the clip's own that the score has, at most so many.
     int32_t MeasuresBehind(const ClipPlace& place, int32_t count);
 
@@ -29,7 +40,9 @@ private:
     const Clipboard& _clips;
     const DocStaff* const _staff;
     std::vector<Measure*> _measures;  // from the caret's on, as far as was asked for
-    const int32_t _offset;
+    const int32_t _told, _offset;
+    // By measure and staff of the source, then by place there.
+    std::map<std::pair<int32_t, int32_t>, std::map<int32_t, const VoiceSymbol*>> _events;
     bool _hasDropped = false;
 };
 

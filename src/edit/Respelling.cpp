@@ -118,16 +118,17 @@ bool Respelling::Changes(const GenericNote* note) const {
     return chosen && !(*chosen == SpellingOf(note));
 }
 
-void Respelling::Write(WindowTarn& window) const {
+bool Respelling::Write(WindowTarn& window) const {
     std::vector<GenericNote*> changed;
     for (GenericNote* note : _notes)
         if (Changes(note)) changed.push_back(note);
-    if (changed.empty()) return;
+    if (changed.empty()) return false;
     const EditStep step(window);
     const MeasureRange range = SpanOf(changed);
     const SystemRedraw redraw(window, range.first, range.last);
     for (GenericNote* note : changed) WriteNote(note, *ChosenFor(note));
     FollowUp(changed);
+    return true;
 }
 
 }  // namespace corvane

@@ -21,8 +21,8 @@ public:
     // Takes the first of some ways to write a note on whose line no other head of its chord will stand. A
     // note that is tied to the one before and written alike follows it. False where no way is free.
     bool Choose(GenericNote* note, const std::vector<Spelling>& ways);
-    // One undoable step; none where nothing changes.
-    void Write(WindowTarn& window) const;
+    // One undoable step; none, and false, where nothing changes.
+    bool Write(WindowTarn& window) const;
 
 private:
     void Add(GenericNote* note);

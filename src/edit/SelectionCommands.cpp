@@ -12,6 +12,7 @@ Status SelectAll(WindowTarn& window, const CommandArguments&) {
     return Status::Ok();
 }
 Status SelectNothing(WindowTarn& window, const CommandArguments&) {
+    window.interaction.reset();
     window.TheSelection().Clear();
     window.Handles().SelectNothing();
     window.SelectionChanged();

@@ -25,6 +25,7 @@ constexpr struct {
     {IsClass<VoiceSymbolAttribute>, nullptr},
     {IsClass<Dinamiche>, DragSign},
     {IsClass<SimboliVari>, DragSign},
+    {IsClass<Arpeggio>, DragArpeggio},
     {IsClass<Coda>, DragSign},
     {IsClass<MarkEndings>, DragSign},
     {IsClass<MarkHairpin>, DragLine},

@@ -59,6 +59,7 @@ Status InsertCoda(WindowTarn& window, Measure* measure, std::string_view text);
 void DeleteCoda(WindowTarn& window, Coda* coda);
 
 void DeleteSimboliVari(WindowTarn& window, SimboliVari* sign);
+void DeleteArpeggio(WindowTarn& window, Arpeggio* arpeggio);
 void DeleteDinamiche(WindowTarn& window, Dinamiche* mark);
 // The stem gets its usual length back.
 void DeleteTremolo(WindowTarn& window, Tremolo* tremolo);

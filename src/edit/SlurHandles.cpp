@@ -63,9 +63,11 @@ public:
     void Find(const Page* page, std::vector<Handle>& handles) const override {
         for (const System* system : pageSystems.Of(page))
             for (const Measure* measure : systemMeasures.Of(system))
-                for (const MeasureStaff* crossing : measureStaffs.Of(measure))
+                for (const MeasureStaff* crossing : measureStaffs.Of(measure)) {
+                    if (!crossing->_staff) continue;
                     for (const StaffMeasureSymbol* symbol : staffSymbols.Of(crossing))
                         if (const auto* mark = As<MarkSlur>(symbol)) FindOn(*mark, handles);
+                }
     }
     std::vector<HandleMove> Moved(const std::vector<Handle>& handles, Point by) const override {
         std::vector<HandleMove> moves;

@@ -23,26 +23,17 @@ constexpr int32_t kSnap = 10;
 
 Stem* StemAt(const Handle& handle) { return static_cast<Stem*>(handle.target); }
 
-// The line of a beam over several staves runs where their notes leave it room.
 bool HasHandle(const Stem* stem) {
-    const Beam* beam = BeamOf(stem);
-    const bool isSeen = !IsHidden(stem) || Choices().hiddenStems.show;
-    return HasStemInk(stem) && isSeen && !(beam && As<CrossBeam>(beam));
+    return HasStemInk(stem) && (!IsHidden(stem) || Choices().hiddenStems.show);
 }
 
-// The end that is nearest to the heads.
-int32_t LimitOf(const Stem* stem) {
-    const bool up = IsUp(stem->_direction);
-    const StemLine line = LineOf(stem);
-    if (const Beam* beam = BeamOf(stem)) return line.end + (up ? RoomUnder(beam) : -RoomUnder(beam));
-    const int32_t heads = PlaceOf(NoteOuter(stem)).stem.y;
-    return up ? heads - 1 : heads + 1;
-}
-
+// Never across the heads. One that ends among them already stays until it is made longer.
 int32_t EndTowards(const Stem* stem, int32_t y) {
-    const int32_t end = LineOf(stem).end, limit = LimitOf(stem);
-    // One that is shorter already stays until it is made longer.
-    return IsUp(stem->_direction) ? std::min(y, std::max(end, limit)) : std::max(y, std::min(end, limit));
+    const int32_t end = LineOf(stem).end;
+    if (const Beam* beam = BeamOf(stem)) return end + WithinReach(beam, {y - end, y - end}).first;
+    const int32_t heads = PlaceOf(NoteOuter(stem)).stem.y;
+    return IsUp(stem->_direction) ? std::min(y, std::max(end, heads - 1))
+                                  : std::max(y, std::min(end, heads + 1));
 }
 
 // Under a beam all of it goes along.

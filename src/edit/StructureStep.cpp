@@ -12,6 +12,8 @@ StructureStep::StructureStep(WindowTarn& window)
       _step(window),
       _page(window.CurrentPage()),
       _firstSystem(FirstSystem(window.GetDocument())),
+      _firstLeft(_firstSystem ? _firstSystem->_left.Get() : 0),
+      _firstIndent(_firstSystem ? IndentOf(window.GetDocument(), _firstSystem) : 0),
       _lastSystem(window.GetDocument()),
       _pageNumber(_page ? _page->_pageNumber.Get() : 0),
       _pageCount(window.GetDocument()->_pageCount) {
@@ -48,13 +50,16 @@ void StructureStep::LookForPage() {
     _page = nearest;
 }
 
-// The first system is indented and no other. One that was the first may be gone, so where another one is now
-// it is looked for among all.
+// The first system is indented and no other; where a hand has drawn its edge it stays as long as nothing else
+// asks for another. One that was the first may be gone, so where another one is now it is looked for among
+// all.
 void StructureStep::SettleIndent() {
     const Document* document = _window.GetDocument();
     System* first = FirstSystem(document);
     if (!first) return;
-    if (first->_left != IndentOf(document, first)) FitWidth(first);
+    const int32_t indent = IndentOf(document, first);
+    const bool isAsBefore = first == _firstSystem && first->_left == _firstLeft && indent == _firstIndent;
+    if (!isAsBefore && first->_left != indent) FitWidth(first);
     if (first == _firstSystem) return;
     for (const Page* page : documentPages.Of(document))
         for (System* system : pageSystems.Of(page))

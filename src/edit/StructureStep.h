@@ -26,6 +26,7 @@ private:
     const EditStep _step;
     Page* _page;
     const System* const _firstSystem;
+    const int32_t _firstLeft, _firstIndent;  // where it begins, and where the score has it begin
     const LastSystem _lastSystem;
     const int _pageNumber, _pageCount;
     int32_t _caretPlace = 0;  // per mille of its measure

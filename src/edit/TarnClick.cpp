@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "edit/ControlPoints.h"
 #include "edit/Deletion.h"
 #include "edit/Insertion.h"
 #include "edit/Lyrics.h"
@@ -160,6 +161,7 @@ constexpr bool (*kEraserRows[])(const Press&, const DrawPatch&) = {
     EraseTuplet,
     EraseSpanner,
     Erase<SimboliVari, DeleteSimboliVari>,
+    Erase<Arpeggio, DeleteArpeggio>,
     EraseRest,
     Erase<Coda, DeleteCoda>,
     Erase<MeasureStaffText, DeleteMeasureStaffText>,
@@ -221,7 +223,8 @@ void MouseDown(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
 
 void MouseDoubleClick(WindowTarn& window, int32_t x, int32_t y, uint32_t modifiers) {
     const bool arrow = Tools().toolMode == ModeArrow && !IsPlaying() && window.CurrentPage();
-    if (!arrow || !BeginTextUnder(window, {x, y})) MouseDown(window, x, y, modifiers);
+    const bool isText = arrow && !window.Handles().At({x, y}) && BeginTextUnder(window, {x, y});
+    if (!isText) MouseDown(window, x, y, modifiers);
 }
 
 void MouseMove(WindowTarn& window, int32_t x, int32_t y) {

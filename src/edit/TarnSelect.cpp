@@ -328,6 +328,8 @@ std::vector<SimboliVari*> SelectedSimboliVari(const MeasureStaff* msc) {
     return OfStaffSymbols<SimboliVari>(msc);
 }
 
+std::vector<Arpeggio*> SelectedArpeggi(const MeasureStaff* msc) { return OfStaffSymbols<Arpeggio>(msc); }
+
 std::vector<PageText*> SelectedPageText() {
     std::vector<PageText*> found;
     ForEachSelected<PageText>([&](PageText* text) { found.push_back(text); });

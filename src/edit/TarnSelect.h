@@ -77,6 +77,7 @@ std::vector<Ottava*> SelectedOttave(const MeasureStaff* msc = nullptr);
 std::vector<Trillo*> SelectedTrilli(const MeasureStaff* msc = nullptr);
 std::vector<Pedale*> SelectedPedali(const MeasureStaff* msc = nullptr);
 std::vector<SimboliVari*> SelectedSimboliVari(const MeasureStaff* msc = nullptr);
+std::vector<Arpeggio*> SelectedArpeggi(const MeasureStaff* msc = nullptr);
 // Of no staff.
 std::vector<PageText*> SelectedPageText();
 std::vector<GraphicObj*> SelectedGraphicObjs();

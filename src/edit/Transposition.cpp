@@ -43,7 +43,7 @@ constexpr const char* kNoPitch = "None of these notes has a pitch";
 // One of some ways for a note, at a height in semitones.
 template <class Ways>
 Status Choose(Respelling& respelling, GenericNote* note, int height, Ways ways) {
-    if (height < 0 || height > kHighestKey) return In("There is no key for a note", note);
+    if (height < 0 || height > kHighestKey) return In("MIDI has no key so low or so high, for a note", note);
     if (!respelling.Choose(note, ways())) return In("Two notes of a chord would stand on one line", note);
     return Status::Ok();
 }
@@ -59,7 +59,7 @@ Status Move(WindowTarn& window, const std::vector<GenericNote*>& notes, int semi
         if (const Status status = Choose(respelling, note, HeightOf(from) + semitones, choice); !status)
             return status;
     }
-    respelling.Write(window);
+    (void)respelling.Write(window);
     return Status::Ok();
 }
 
@@ -76,7 +76,7 @@ Status Rewrite(WindowTarn& window, const std::vector<GenericNote*>& notes, const
         if (const Status status = Choose(respelling, note, HeightOf(way), choice); !status) return status;
     }
     if (!changes) return {Fault::Refused, unchanged};
-    respelling.Write(window);
+    (void)respelling.Write(window);
     return Status::Ok();
 }
 
@@ -110,12 +110,13 @@ Status AlterNotes(WindowTarn& window, const std::vector<GenericNote*>& notes, Al
 
 Status ChangeSpelling(WindowTarn& window, const std::vector<GenericNote*>& notes) {
     Respelling respelling(notes);
+    if (respelling.Notes().empty()) return {Fault::Refused, kNoPitch};
     // A note that finds no room stays, so that all lines count as taken until they are left.
     for (GenericNote* note : respelling.Notes()) (void)respelling.Choose(note, {SpellingOf(note)});
     for (GenericNote* note : respelling.Notes())
         if (const Spelling now = SpellingOf(note); !HasSmallStep(now))
             (void)respelling.Choose(note, {NextSpelling(now)});
-    respelling.Write(window);
+    if (!respelling.Write(window)) return {Fault::Refused, "These notes can be spelled in no other way here"};
     return Status::Ok();
 }
 

@@ -151,7 +151,9 @@ void SetUndoLevels(int levels) {
 }
 
 void WindowTarn::CommandBegins() {
+    interaction.reset();
     DropTextEntry();
+    _shell.Tell({});  // what was said of the command before
     _handles->Renew();
     _pool->Memo().before = _page;
     cutPending = false;
@@ -208,6 +210,7 @@ void WindowTarn::DropDeadPicks() {
 
 // `stepped`: it is another step than the one before.
 void WindowTarn::Exchange(bool redo, bool stepped) {
+    interaction.reset();
     DropTextEntry();
     const PoolScope scope(_pool);
     const StepMemo memo = _pool->Memo();

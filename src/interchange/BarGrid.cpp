@@ -12,9 +12,9 @@ constexpr int kMostMetronome = 32767, kMostDoublings = 7;
 constexpr int64_t kMicrosecondsOfMinute = 60000000;
 
 // Puts a tempo at its beat; one that stands there already yields.
-void Put(std::vector<TempoSpec>& tempos, TempoSpec tempo) {
+void Put(std::vector<TempoAt>& tempos, TempoAt tempo) {
     auto place = std::find_if(tempos.begin(), tempos.end(),
-                              [&](const TempoSpec& other) { return other.beat >= tempo.beat; });
+                              [&](const TempoAt& other) { return other.beat >= tempo.beat; });
     if (place != tempos.end() && place->beat == tempo.beat)
         *place = tempo;
     else
@@ -56,7 +56,7 @@ Status BarGrid::Read(MidiBytes tempoMap) {
     MidiTrackReader reader(tempoMap);
     for (MidiEvent event; reader.Next(event);) {
         if (event.status != 0xFF) continue;
-        KeySpec key{};
+        KeyAt key{};
         if (event.kind == MetaKind::Meter && !SetMeter(event)) return InvalidMidiFile();
         if (event.kind == MetaKind::Tempo && !SetTempo(event)) return InvalidMidiFile();
         if (event.kind == MetaKind::Key && ReadKey(event, key)) _keys.push_back(key);
@@ -70,7 +70,7 @@ bool BarGrid::SetMeter(const MidiEvent& event) {
     const Meter meter{{event.data[0]}, 1 << event.data[1], MeterKind::Normal};
     if (FaultOf(meter)) return true;
     if (BarAt(Fine(event.time)) < 0) return false;
-    std::vector<TempoSpec> tempos = std::move(_bars.back().tempos);
+    std::vector<TempoAt> tempos = std::move(_bars.back().tempos);
     _bars.pop_back();
     AddBar(meter.Num(), meter.den);
     _bars.back().tempos = std::move(tempos);
@@ -95,7 +95,7 @@ bool BarGrid::SetTempo(const MidiEvent& event) {
     return true;
 }
 
-bool ReadKey(const MidiEvent& event, KeySpec& key) {
+bool ReadKey(const MidiEvent& event, KeyAt& key) {
     if (event.data.empty()) return false;
     key = {event.time, static_cast<int8_t>(event.data[0])};
     return key.key >= -7 && key.key <= 7;

@@ -12,10 +12,10 @@ namespace corvane {
 
 inline constexpr size_t kMostMeasures = 32767;
 
-struct TempoSpec {
+struct TempoAt {
     int beat, metronome;
 };
-struct KeySpec {
+struct KeyAt {
     int32_t time;  // ticks
     int key;       // sharps less flats
 };
@@ -24,7 +24,7 @@ struct Bar {
     FineTime start = 0, length = 0;
     int16_t num = 4, den = 4;
     bool showsMeter = false;
-    std::vector<TempoSpec> tempos;  // by beat, each beat once
+    std::vector<TempoAt> tempos;  // by beat, each beat once
 
     FineTime End() const { return start + length; }
 };
@@ -45,7 +45,7 @@ public:
     // Of a time in ticks.
     FineTime Fine(int32_t ticks) const { return FineOf(ticks, _ticksPerQuarter); }
     int TicksPerQuarter() const { return _ticksPerQuarter; }
-    const std::vector<KeySpec>& Keys() const { return _keys; }
+    const std::vector<KeyAt>& Keys() const { return _keys; }
 
 private:
     void AddBar(int num, int den);
@@ -54,10 +54,10 @@ private:
 
     int _ticksPerQuarter;
     std::vector<Bar> _bars;
-    std::vector<KeySpec> _keys;
+    std::vector<KeyAt> _keys;
 };
 
 // What a key event says, if it says a key.
-bool ReadKey(const MidiEvent& event, KeySpec& key);
+bool ReadKey(const MidiEvent& event, KeyAt& key);
 
 }  // namespace corvane

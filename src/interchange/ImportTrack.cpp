@@ -18,7 +18,7 @@ std::string NameIn(MidiBytes data) {
 }
 
 void TakeMeta(const MidiEvent& event, ImportTrack& track) {
-    KeySpec key{};
+    KeyAt key{};
     if (event.kind == MetaKind::Key && ReadKey(event, key)) track.keys.push_back(key);
     if (event.kind != MetaKind::Text && event.kind != MetaKind::Name) return;
     // A title says more than a text, of which a file may hold hundreds.

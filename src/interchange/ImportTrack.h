@@ -40,7 +40,7 @@ struct ChannelSound {
 
 struct ImportTrack {
     std::string name;  // empty for none
-    std::vector<KeySpec> keys;
+    std::vector<KeyAt> keys;
     std::array<ChannelSound, 16> sounds;
     ChannelTable channels;
     std::vector<NoteEvent> events;

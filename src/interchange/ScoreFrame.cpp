@@ -62,19 +62,19 @@ int32_t FreeHeight(const Page* page) {
 
 std::vector<int> ScoreFrame::KeysOf(const StaffColumn& column, const ScorePlan& plan) {
     // The tempo map's hold until the track tells its own.
-    std::vector<KeySpec> specs = plan.bars.Keys();
+    std::vector<KeyAt> changes = plan.bars.Keys();
     if (column.track && !column.track->keys.empty()) {
-        const std::vector<KeySpec>& own = column.track->keys;
-        std::erase_if(specs, [&](const KeySpec& spec) { return spec.time >= own[0].time; });
-        specs.insert(specs.end(), own.begin(), own.end());
+        const std::vector<KeyAt>& own = column.track->keys;
+        std::erase_if(changes, [&](const KeyAt& change) { return change.time >= own[0].time; });
+        changes.insert(changes.end(), own.begin(), own.end());
     }
     std::vector<int> keys(plan.bars.Size());
     size_t next = 0;
     int key = 0;
     for (size_t bar = 0; bar < keys.size(); ++bar) {
         // A key told within a measure holds from the next one.
-        while (next < specs.size() && plan.bars.Fine(specs[next].time) <= plan.bars[bar].start)
-            key = specs[next++].key;
+        while (next < changes.size() && plan.bars.Fine(changes[next].time) <= plan.bars[bar].start)
+            key = changes[next++].key;
         keys[bar] = key;
     }
     return keys;
@@ -186,13 +186,13 @@ void ScoreFrame::MakeStaffs(System* system) {
 }
 
 void ScoreFrame::MakeMeasure(System* system, size_t bar) {
-    const Bar& spec = _plan.bars[bar];
+    const Bar& planned = _plan.bars[bar];
     auto* measure = Make<Measure>();
     const bool startsSystem = systemMeasures.IsEmpty(system);
     systemMeasures.Add(system, measure);
     system->_measureCount += 1;
-    measure->_num = spec.num;
-    measure->_den = spec.den;
+    measure->_num = planned.num;
+    measure->_den = planned.den;
     measure->_number = static_cast<int32_t>(bar) + 1;
     for (size_t i = 0; i < _columns.size(); ++i) {
         StaffColumn& column = _columns[i];
@@ -203,15 +203,15 @@ void ScoreFrame::MakeMeasure(System* system, size_t bar) {
         const bool isLow = column.track ? column.track->isLow : column.staff == 1;
         if (startsSystem) AddClef(crossing, isLow ? kBass : kTreble);
         if (startsSystem || key != _keys[i][bar - 1]) SetKey(crossing, key);
-        if (spec.showsMeter) AddTime(crossing);
+        if (planned.showsMeter) AddTime(crossing);
     }
     if (bar + 1 == _plan.bars.Size()) measure->_barline = BarlineKind::Final;
-    MakeTempos(measure, spec);
+    MakeTempos(measure, planned);
 }
 
 // A beat of the meter is what the metronome counts.
 void ScoreFrame::MakeTempos(Measure* measure, const Bar& bar) {
-    for (const TempoSpec& tempo : bar.tempos) {
+    for (const TempoAt& tempo : bar.tempos) {
         Time* mark = MakeTempoMark(measure, tempo.beat);
         mark->_figure = FigureCodeOf(bar.den);
         mark->_bpm = static_cast<int16_t>(tempo.metronome);

@@ -14,7 +14,7 @@ namespace corvane {
 
 struct TrackPlan {
     std::string name;
-    std::vector<KeySpec> keys;
+    std::vector<KeyAt> keys;
     std::array<ChannelSound, 16> sounds;
     ChannelTable channels;
     std::vector<VoicePlan> voices;

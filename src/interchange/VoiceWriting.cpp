@@ -7,6 +7,7 @@
 #include "layout/Frames.h"
 #include "layout/NotePitches.h"
 #include "layout/Spacing.h"
+#include "layout/SpacingHeader.h"
 #include "model/Clefs.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -123,6 +124,7 @@ void SettleCrossing(MeasureStaff* crossing) {
 }
 
 void RespaceMeasure(Measure* measure) {
+    const HeadersAtRest headers;
     ListaEventi list(measure, SpacingRoom());
     const int32_t noteArea = FrameOf(measure).NoteArea();
     // A full measure has room for what stands there, and the rest by duration.

@@ -1,7 +1,6 @@
 // The line of a beam, and the stems that reach it.
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 #include "base/Assert.h"
 #include "base/Rounding.h"
@@ -118,19 +117,18 @@ int32_t LeastNeed(const Stem* stem, const BeamMarker* marker, bool) {
     return BeamClearance(stem).Depth(marker->_leftValue) + kHeadRoom / 2;
 }
 
-// How far the line has to move away from the heads, so that every stem has what it needs; negative for room.
+// How far the line has to move away from the heads, so that every stem has what it needs.
 int32_t LackOf(const Beam* beam, const BeamLine& line, bool up,
                int32_t (*need)(const Stem*, const BeamMarker*, bool)) {
-    std::optional<int32_t> lack;
+    int32_t lack = 0;
     ForEachStem(beam, [&](const Stem* stem, const BeamMarker* marker) {
         const GenericNote* outer = OuterHead(stem, up);
         const int32_t wanted = need(stem, marker, up);
         const int32_t y = PlaceOf(outer).stem.y, end = line.YAt(BeamXOf(stem));
         const int32_t length = up ? y - end : end - y;
-        const int32_t missing = wanted * FrameOf(StaffPar(outer)).lineDistance / 100 - length;
-        lack = std::max(lack.value_or(missing), missing);
+        lack = std::max(lack, wanted * FrameOf(StaffPar(outer)).lineDistance / 100 - length);
     });
-    return lack.value_or(0);
+    return lack;
 }
 
 // The line moves to where a person's word has put the end of one of its stems, and turns where it has put
@@ -142,8 +140,7 @@ void MoveOff(BeamLine& line, const Beam* beam, bool up) {
         if (way) line.slope = static_cast<double>(LineOf(told.last).told - LineOf(told.first).told) / way;
     }
     if (told.first) line.b = LineOf(told.first).told - BeamXOf(told.first) * line.slope;
-    const int32_t lack = LackOf(beam, line, up, told.first ? LeastNeed : UsualNeed);
-    line.b += std::max(lack, 0) * (up ? -1 : 1);
+    line.b += LackOf(beam, line, up, told.first ? LeastNeed : UsualNeed) * (up ? -1 : 1);
 }
 
 // Under a beam a rest keeps its height unless the beam would run through it; then it moves by whole line
@@ -232,17 +229,6 @@ BeamLine ComputeBeam(const Beam* beam) {
     line.start = {startX, line.YAt(startX)};
     line.end = {endX, line.YAt(endX)};
     return line;
-}
-
-int32_t RoomUnder(const Beam* beam) {
-    const Heads heads = HeadsOf(beam);
-    if (!heads.count) return 0;
-    const Point first{BeamXOf(heads.firstStem), LineOf(heads.firstStem).told},
-        last{BeamXOf(heads.lastStem), LineOf(heads.lastStem).told};
-    BeamLine line;
-    if (last.x != first.x) line.slope = static_cast<double>(last.y - first.y) / (last.x - first.x);
-    line.b = first.y - first.x * line.slope;
-    return std::max(-LackOf(beam, line, beam->_direction == 'U', LeastNeed), 0);
 }
 
 void RefitBeam(Beam* beam) {

@@ -34,8 +34,6 @@ void SetAngledBeams(bool angled);
 // Computes direction, line and stem lengths of a beam, the stubs of its markers, and the heights of its
 // rests.
 void RefitBeam(Beam* beam);
-// How far the line of a beam on one staff may come nearer to the heads before its levels reach one; page units.
-int32_t RoomUnder(const Beam* beam);
 // The same for every beam over a voice's events, where their places have changed.
 void RefitBeamsOf(const Voice* voice);
 // What a person says of a beam and all its stems (PointChord); refits it.

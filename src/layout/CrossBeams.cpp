@@ -69,16 +69,6 @@ std::vector<Chords*> ChordsOnOtherStaffs(const ChordSymbol* column) {
     return chords;
 }
 
-// Thousandths of a whole note.
-double OnsetOf(const Chords* chord) {
-    double time = 0.0;
-    for (const VoiceSymbol* symbol : voiceSymbols.Of(VoicePar(chord))) {
-        if (symbol == chord) break;
-        if (!IsGrace(symbol)) time += Duration(symbol);
-    }
-    return time;
-}
-
 bool IsParted(const ChordSymbol* column) {
     constexpr double kSameTime = 0.001;
     const Chords* first = chordSymbolChords.First(column);

@@ -95,6 +95,9 @@ Rect InkOf(const Coda& coda);
 void Paint(GraphicPort& port, const Coda& coda, const DrawContext& context);
 Rect InkOf(const SimboliVari& sign);
 void Paint(GraphicPort& port, const SimboliVari& sign, const DrawContext& context);
+Rect InkOf(const Arpeggio& arpeggio);  // DrawArpeggio.cpp
+void Paint(GraphicPort& port, const Arpeggio& arpeggio, const DrawContext& context);
+std::vector<Point> OutlineOf(const Arpeggio& arpeggio);
 Rect InkOf(const Dinamiche& mark);
 void Paint(GraphicPort& port, const Dinamiche& mark, const DrawContext& context);
 Rect InkOf(const MultiPause& pause);

@@ -125,6 +125,7 @@ std::array<const PatchBehaviour*, kClasses> MakeTable() {
              RowOf<MarkEndings>(),
              RowOf<Coda>(),
              RowOf<SimboliVari>(),
+             RowOf<Arpeggio, Hits::Outline>(),
              RowOf<MultiPause>(),
              RowOf<PageText>(),
              RowOf<MeasureStaffText>(),

@@ -67,7 +67,7 @@ LastSystem::LastSystem(const Document* document)
 
 void LastSystem::Settle() const {
     const End now(_document);
-    if (_wasShort && now.last != _before.last) FillFormer();
+    if (_wasShort && _before.IsSparse() && now.last != _before.last) FillFormer();
     // Whoever fits a system to its page fills the line.
     const bool filled = _wasShort && !IsShort(now.last);
     if (now == _before && !filled) return;

@@ -42,10 +42,10 @@ int32_t HeadX(const GenericNote* note, const Column& column, const StaffFrame& s
 
 }  // namespace
 
-Column::Column(const Stem* theStem)
-    : stem(theStem),
-      measure(FrameOf(MeasurePar(theStem))),
-      x(StemX(theStem, measure) + VoiceShift(theStem)) {}
+Column::Column(const Stem* theStem) : Column(theStem, FrameOf(MeasurePar(theStem))) {}
+
+Column::Column(const Stem* theStem, const MeasureFrame& theMeasure)
+    : stem(theStem), measure(theMeasure), x(StemX(theStem, measure) + VoiceShift(theStem)) {}
 
 HeadPlace PlaceOf(const GenericNote* note) { return PlaceOf(note, Column(StemPar(note))); }
 

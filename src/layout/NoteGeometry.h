@@ -15,6 +15,7 @@ namespace corvane {
 // A stem with what all that hangs on it is placed by, found once for many questions.
 struct Column {
     explicit Column(const Stem* stem);
+    Column(const Stem* stem, const MeasureFrame& measure);  // as if its measure stood there
     const Stem* stem;
     MeasureFrame measure;
     int32_t
@@ -100,6 +101,7 @@ Rect RectOf(const Pause* pause);    // with its ledger line
 
 Point PlaceOf(const Accident* accident);  // where its symbol is drawn, with the side letter 'l'
 Rect RectOf(const Accident* accident);
+Rect RectOf(const Accident* accident, const MeasureFrame& measure);  // as if its measure stood there
 // Where each single dot is drawn, with the side letter 'l': from the highest head down, each row from the
 // left. An event with a Dot for each of its heads shows one row for each; a single Dot stands for all heads.
 std::vector<Point> PlacesOf(const Dot* dot);

@@ -50,17 +50,13 @@ int32_t DistanceOf(const Dot* dot) {
     return staff->_lineDistance;
 }
 
-}  // namespace
-
-Point PlaceOf(const Accident* accident) {
-    const GenericNote* note = noteAttributes.ParentOf(accident);
-    CORVANE_ASSERT_AS(note, "note");
-    const Column column(StemPar(note));
+Point PlaceIn(const MeasureFrame& measure, const Accident* accident, const GenericNote* note) {
+    const Column column(StemPar(note), measure);
     const StaffFrame staff = FrameOf(StaffPar(note));
     const int32_t distance = staff.lineDistance;
     int32_t right = HeadsOf(column).left;
     for (const Chords* beside : ChordsBeside(ChordPar(note)))
-        if (const Stem* stem = StemOf(beside)) right = std::min(right, HeadsOf(Column(stem)).left);
+        if (const Stem* stem = StemOf(beside)) right = std::min(right, HeadsOf(Column(stem, measure)).left);
     right -= AccidentalGap(DocumentPar(note)) * distance / 100;
     const LedgerLines ledgers = LedgerLinesOf(note, column);
     if (ledgers.count) right = std::min(right, ledgers.left - kLedgerGap * distance / 100);
@@ -69,9 +65,21 @@ Point PlaceOf(const Accident* accident) {
             staff.YOfLine(note->_line) + accident->_dy * distance / 1000};
 }
 
-Rect RectOf(const Accident* accident) {
+}  // namespace
+
+Point PlaceOf(const Accident* accident) {
     const GenericNote* note = noteAttributes.ParentOf(accident);
-    return InkOf(accident->_symbol, PlaceOf(accident), FrameOf(StaffPar(note)).lineDistance, 100);
+    CORVANE_ASSERT_AS(note, "note");
+    return PlaceIn(FrameOf(MeasurePar(StemPar(note))), accident, note);
+}
+Rect RectOf(const Accident* accident) {
+    return RectOf(accident, FrameOf(MeasurePar(StemPar(noteAttributes.ParentOf(accident)))));
+}
+
+Rect RectOf(const Accident* accident, const MeasureFrame& measure) {
+    const GenericNote* note = noteAttributes.ParentOf(accident);
+    const int32_t distance = FrameOf(StaffPar(note)).lineDistance;
+    return InkOf(accident->_symbol, PlaceIn(measure, accident, note), distance, 100);
 }
 
 std::vector<Point> PlacesOf(const Dot* dot) {

@@ -151,6 +151,11 @@ bool IsMeasureFull(const Voice* voice, double* sum) {
     return filled - MeasureFraction(MeasurePar(voice)) > kEpsilon;
 }
 
+bool HasRoomFor(const Measure* measure, const Voice* voice, uint8_t value) {
+    const double filled = (voice ? VoiceFraction(voice) : 0.0) + SpacingFraction(value);
+    return filled - MeasureFraction(measure) <= kEpsilon;
+}
+
 bool SpaceVoice(Voice* voice) {
     VoiceSymbol* first = voiceSymbols.First(voice);
     if (!first) return false;

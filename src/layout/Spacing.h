@@ -32,5 +32,7 @@ double MeasureFraction(const Measure* measure);
 double VoiceFraction(const Voice* voice);
 // More than the measure can hold, by more than 0.0001; `sum` is what the voice fills.
 bool IsMeasureFull(const Voice* voice, double* sum = nullptr);
+// An event of a value, without dots, would not make it so; null for a voice that is not there yet.
+bool HasRoomFor(const Measure* measure, const Voice* voice, uint8_t value);
 
 }  // namespace corvane

@@ -5,16 +5,22 @@
 
 #include "layout/BarlineShapes.h"
 #include "layout/Frames.h"
+#include "layout/NoteGeometry.h"
 #include "layout/Spacing.h"
 #include "layout/SymbolInk.h"
 #include "model/Clefs.h"
+#include "model/NoteOperations.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
 
 namespace corvane {
 namespace {
 
-constexpr int kColumns = 3;  // clefs, keys, time signatures
+constexpr int kColumns = 3;             // clefs, keys, time signatures
+constexpr int32_t kAccidentalAir = 20;  // hundredths of a line distance, between header and accidentals
+constexpr int32_t kMostPush = 4;        // accidentals take at most such a part of the note area
+
+constexpr int kMostHeads = 32;  // beyond, a chord comes from a bad file and is not measured
 
 struct Sign {
     int column = -1;  // -1 for a symbol that belongs to no header
@@ -37,6 +43,38 @@ Sign SignOf(const StaffMeasureSymbol* symbol) {
 // Around the point at which the sign is drawn.
 Rect InkOf(const Sign& sign, const Staff* staff) {
     return sign.symbol ? InkOf(sign.symbol, Point{}, staff ? staff->_lineDistance.Get() : 100, 100) : Rect{};
+}
+
+// Headers are also asked for while records come and go.
+bool IsPlaced(const GenericNote* note) {
+    const Stem* stem = StemPar(note);
+    if (!stem) return false;
+    for (const GenericNote* head : stemNotes.Of(stem))
+        if (!StaffPar(head)) return false;
+    return true;
+}
+
+// How far the accidentals of the first events reach left of the note area, where it would begin behind
+// `header`. What a hand has moved one by does not count.
+int64_t ReachOfFirstAccidentals(const Measure* measure, int32_t header) {
+    const MeasureFrame frame{-header, measure->Width(), header};
+    int64_t reach = 0;
+    const auto add = [&](const Chords* chord) {
+        if (chordNotes.Count(chord) > kMostHeads) return;
+        for (const GenericNote* note : chordNotes.Of(chord))
+            if (const Accident* accident = AccidentOf(note); accident && IsPlaced(note)) {
+                const int64_t distance = StaffPar(note)->_lineDistance;
+                const int64_t left = RectOf(accident, frame).left - accident->_dx * distance / 1000;
+                reach = std::max(reach, kAccidentalAir * distance / 100 - left);
+            }
+    };
+    for (const MeasureStaff* crossing : measureStaffs.Of(measure))
+        for (const Voice* voice : measureStaffVoices.Of(crossing))
+            for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
+                if (const auto* chord = As<Chords>(symbol)) add(chord);
+                if (!IsGrace(symbol)) break;
+            }
+    return reach;
 }
 
 // Widest ink of each column; 0 for a column without any, such as the keys of C.
@@ -64,7 +102,12 @@ HeaderPlaces WorkOutPlaces(const Measure* measure) {
     }
     const int32_t repeatWidth = StartRepeatWidth(measure);
     const int32_t repeat = x += x && repeatWidth ? gaps.keyTime : 0;
-    return {places[0], places[1], places[2], repeat, x + repeatWidth + gaps.firstNote};
+    const int32_t signs = x + repeatWidth, usual = signs + gaps.firstNote;
+    const int64_t most = (int64_t{measure->Width()} - usual) / kMostPush;
+    if (most <= 0) return {places[0], places[1], places[2], repeat, usual};
+    const int64_t push = ReachOfFirstAccidentals(measure, usual) - gaps.firstNote;
+    return {places[0], places[1], places[2], repeat,
+            usual + static_cast<int32_t>(std::clamp(push, int64_t{0}, most))};
 }
 
 // Headers worked out while nothing is written.

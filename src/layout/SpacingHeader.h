@@ -24,7 +24,9 @@ struct HeaderPlaces {
     int32_t clef = 0, key = 0, time = 0;
     int32_t repeat =
         0;  // of a repeat that starts: behind the signs, or the barline itself where there are none
-    int32_t noteArea = 0;  // where the note area begins
+    // Where the note area begins: the preferred gap behind all that, further where accidentals of the first
+    // events would reach into it.
+    int32_t noteArea = 0;
 };
 HeaderPlaces PlacesOf(const Measure* measure);
 

@@ -74,6 +74,15 @@ double Duration(const VoiceSymbol* symbol) {
     return BaseFraction(ValueOf(symbol)) * factor * TupletRatio(symbol);
 }
 
+double OnsetOf(const VoiceSymbol* symbol) {
+    double onset = 0.0;
+    for (const VoiceSymbol* before : voiceSymbols.Of(VoicePar(symbol))) {
+        if (before == symbol) break;
+        if (!IsGrace(before)) onset += Duration(before);
+    }
+    return onset;
+}
+
 int EffectiveDenominator(int denominator) {
     if (denominator < 1) return 1;
     const double log = std::log2(denominator);

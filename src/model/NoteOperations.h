@@ -18,6 +18,8 @@ int DotCount(const VoiceSymbol* symbol);
 double TupletRatio(const VoiceSymbol* symbol);
 // Thousandths of a whole note: a quarter is 250.0.
 double Duration(const VoiceSymbol* symbol);
+// Of all before it in its voice, in the same unit; grace chords take no time.
+double OnsetOf(const VoiceSymbol* symbol);
 // The denominator of a measure as timing takes it: itself where it is a power of two, else 2 to the truncated
 // log2.
 int EffectiveDenominator(int denominator);

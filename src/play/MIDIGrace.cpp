@@ -64,15 +64,6 @@ struct Group {
 // Whole notes.
 double WholeNotes(const VoiceSymbol* symbol) { return Duration(symbol) * 0.001; }
 
-double Onset(const VoiceSymbol* symbol) {
-    double sum = 0;
-    for (const VoiceSymbol* before : voiceSymbols.Of(VoicePar(symbol))) {
-        if (before == symbol) break;
-        if (!IsGrace(before)) sum += WholeNotes(before);
-    }
-    return sum;
-}
-
 // Place of a time counted in whole notes from the start of the measure.
 TimePlace PlaceAt(const Measure* measure, double time) {
     const double beats = measure->_den * time;
@@ -93,7 +84,7 @@ Theft TheftOf(const Group& group) {
     theft.stolen = std::clamp(
         std::min(group.first->_percentCut * most * 0.01, group.first->_percentAssigned * theft.total * 0.01),
         0.0, most);
-    theft.start = Onset(group.first) - (group.TakesFromBefore() ? theft.stolen : 0);
+    theft.start = OnsetOf(group.first) * 0.001 - (group.TakesFromBefore() ? theft.stolen : 0);
     return theft;
 }
 

@@ -40,6 +40,17 @@ int OptionFor(const FieldRow& row, const CommandArguments& values) {
     return -1;
 }
 
+// A command speaks of its arguments, a person knows the fields.
+std::string InWordsOfTheForm(const CommandForm& form, const std::string& message) {
+    for (const FieldRow& row : form.fields) {
+        const std::string name = std::string(row.name) + " ";
+        if (name.size() < 2 || !message.starts_with(name)) continue;
+        const QString label = QString(row.label).remove('&').remove(':');
+        return QString("\"%1\" ").arg(label).toStdString() + message.substr(name.size());
+    }
+    return message;
+}
+
 QWidget* MakeList(const FieldRow& row, const CommandArguments& values) {
     auto* list = new QComboBox;
     for (const FieldOption& option : row.options) list->addItem(option.label);
@@ -158,7 +169,7 @@ void FormDialog::accept() {
     const CommandArguments arguments = Arguments();
     if (!IsWanted(arguments)) return;
     if (const Status status = RunCommand(_window, _form.id, arguments); !status)
-        return ShowMessage(this, status.message());
+        return ShowMessage(this, InWordsOfTheForm(_form, status.message()));
     QDialog::accept();
 }
 

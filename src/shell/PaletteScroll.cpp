@@ -6,7 +6,8 @@
 namespace corvane {
 namespace {
 constexpr int kLeastHeight = 120;
-}
+constexpr int kMostWidth = 300;  // or the titles of many palettes in one place would take half the window
+}  // namespace
 
 PaletteScroll::PaletteScroll(QWidget* body) {
     setFrameShape(QFrame::NoFrame);
@@ -14,6 +15,7 @@ PaletteScroll::PaletteScroll(QWidget* body) {
     setFocusPolicy(Qt::NoFocus);
     setWidgetResizable(true);
     setWidget(body);
+    setMaximumWidth(std::max(kMostWidth, 2 * sizeHint().width()));
 }
 
 // With room for the bar, or it would cover the last column.

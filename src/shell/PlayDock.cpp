@@ -3,6 +3,8 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QSpinBox>
@@ -32,6 +34,27 @@ QHBoxLayout* RowOf(QWidget* widget) {
     return row;
 }
 
+// A row that does not hold the window to its width: in a narrower one it scrolls.
+class ScrolledRow : public QScrollArea {
+public:
+    explicit ScrolledRow(QWidget* body) {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setWidget(body);
+    }
+    QSize sizeHint() const override { return widget()->sizeHint(); }
+    QSize minimumSizeHint() const override { return {0, widget()->sizeHint().height()}; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QScrollArea::resizeEvent(event);
+        const bool scrolls = width() < widget()->minimumSizeHint().width();
+        setFixedHeight(widget()->sizeHint().height() +
+                       (scrolls ? horizontalScrollBar()->sizeHint().height() : 0));
+    }
+};
+
 void ShowNumber(QLabel* label, int number, int width = 1) {
     const QString text = QString("%1").arg(number, width, 10, QChar('0'));
     if (label->text() != text) label->setText(text);
@@ -44,7 +67,7 @@ PlayDock::PlayDock(MainFrame& frame) : QDockWidget("Accompany"), _frame(frame) {
     auto* body = new QWidget;
     auto* row = new QHBoxLayout(body);
     row->setContentsMargins(8, 4, 8, 4);
-    row->setSpacing(10);
+    row->setSpacing(6);
     for (const int id : {kPlayId, kStopId}) {
         auto* button = new QToolButton;
         button->setDefaultAction(frame.Actions().Of(id));
@@ -58,7 +81,7 @@ PlayDock::PlayDock(MainFrame& frame) : QDockWidget("Accompany"), _frame(frame) {
         row->addWidget(part);
     }
     row->addStretch();
-    setWidget(body);
+    setWidget(new ScrolledRow(body));
     ShowCounter(frame.Player().Report());
 }
 

@@ -70,6 +70,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     // Tab walks within the score; F6 leaves it.
     bool focusNextPrevChild(bool next) override;
@@ -79,8 +80,9 @@ protected:
 private:
     Rect PageUnits() const;
     QSize PagePixels() const;
-    Point PageCorner() const;                    // in the view, pixels
+    Point PageCorner() const;  // in the view, pixels
     void SelectUnder(Point p);
+    void ShowWhatIsUnder(Point p);
     void TakeEscape();
     Point UnitsAt(const QPointF& points) const;  // of a place in the view
     void FitScale();
@@ -97,7 +99,8 @@ private:
     Zoom _zoom;
     bool _margins = false;
     std::optional<Point> _hover;  // where the tool would act, page units
-    bool _movedByKeys = false;    // and not by the pointer
+    bool _isOverHandle = false;
+    bool _movedByKeys = false;  // and not by the pointer
     std::optional<CursorMark> _playMark;
     std::function<void()> _zoomed;
     TextEditor* _editor = nullptr;

@@ -138,6 +138,11 @@ void ToolStrip::AddZoom() {
     _zoom->addItems({kFitPage, kFitWidth});
     connect(_zoom, &QComboBox::textActivated, this, [this](const QString& text) { TakeZoom(text); });
     connect(_zoom->lineEdit(), &QLineEdit::returnPressed, this, [this] { TakeZoom(_zoom->currentText()); });
+    // What was typed and left is given up.
+    connect(_zoom->lineEdit(), &QLineEdit::editingFinished, this, [this] {
+        _zoom->lineEdit()->setModified(false);
+        ShowZoom();
+    });
     addWidget(_zoom);
     addAction(_frame.Actions().Of(kZoomInId));
 }
@@ -158,7 +163,9 @@ void ToolStrip::TakeZoom(const QString& text) {
     else if (percent > 0)
         view->SetZoom(Zoom::Percent, percent);
     else
-        ShowZoom();
+        _frame.Tell("A zoom is a number of percent.");
+    _zoom->lineEdit()->setModified(false);
+    ShowZoom();
     view->setFocus();
 }
 

@@ -1,6 +1,7 @@
 // Beams and stems over two staves.
 #include "beams_fixture.h"
 #include "edit/Clipboard.h"
+#include "edit/ControlPoints.h"
 #include "edit/MeasureRedraw.h"
 #include "layout/EventSymbols.h"
 
@@ -33,6 +34,24 @@ TEST_F(CrossBeamsTest, TheLineRunsBetweenTheStaves) {
     EXPECT_LT(LineY(beam), YOfLine(2, 9));
     ExpectOnLine(beam);
     ExpectSameAfterReload();
+}
+
+TEST_F(CrossBeamsTest, AHandleTakesTheWholeBeamAlong) {
+    const Beam* beam = Alternate();
+    const int32_t before = LineY(beam);
+    Do(33045, {});
+    const Stem* stem = StemNumber(1, 2, 2);
+    const std::vector<Handle> handles = window->Handles().All();
+    const auto own =
+        std::find_if(handles.begin(), handles.end(), [&](const Handle& each) { return each.target == stem; });
+    ASSERT_NE(own, handles.end());
+    Step([&] {
+        MouseDown(*window, own->place.x, own->place.y, 0);
+        MouseMove(*window, own->place.x, own->place.y + 60);
+        MouseUp(*window, own->place.x, own->place.y + 60);
+    });
+    EXPECT_EQ(LineY(beam), before + 60);
+    ExpectOnLine(beam);
 }
 
 TEST_F(CrossBeamsTest, AStemOverStavesIsPartedWhereItsNotesBeginTogetherNoMore) {

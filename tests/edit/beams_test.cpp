@@ -50,10 +50,7 @@ TEST_F(HandBeamsTest, WhatComesBetweenEndsABeam) {
 }
 
 TEST_F(HandBeamsTest, ABeamEndsAtTheBarlineAndAPersonIsTold) {
-    struct : EditorShell {
-        std::string told;
-        void Tell(std::string_view text) override { told = text; }
-    } shell;
+    HearingShell shell;
     window = std::make_unique<WindowTarn>(shell);
     window->Activate();
     window->Bind(BuildNewScore({3, 2}, "D"));

@@ -114,6 +114,22 @@ TEST_F(ClipSignsTest, WhatReachesInFromElsewhereStaysAndMovesNothing) {
     ExpectSound();
 }
 
+TEST_F(ClipSignsTest, SignsKeepToTheirNotesWhereverTheCaretStands) {
+    Select(1, 1);
+    Run(57634);
+    CaretAt(4, 2, 480);
+    ASSERT_TRUE(Paste(*window));
+    const auto* dynamic = First<Dinamiche>(4, 2);
+    ASSERT_TRUE(dynamic);
+    EXPECT_EQ(dynamic->_x - XOf(Event<>(4, 2, 1)), First<Dinamiche>(1, 1)->_x - XOf(Event<>(1, 1, 1)))
+        << "the notes stand where they are spaced, not at the caret";
+    const auto* mark = First<MarkHairpin>(4, 2);
+    ASSERT_TRUE(mark);
+    EXPECT_EQ(hairpinMarks.ParentOf(mark)->_from, 100);
+    EXPECT_EQ(hairpinMarks.ParentOf(mark)->_to, 600);
+    ExpectSound();
+}
+
 TEST_F(ClipSignsTest, ASlurComesWithBothItsNotesOrNotAtAll) {
     Select(1, 1, 240, 1010);  // the dynamic's second note on: the first slur has lost its beginning
     Run(57634);

@@ -178,16 +178,13 @@ TEST_F(Dispatch, SpacingAndBeamingAreTheScoresOwnAndNoUndoTakesThemBack) {
 }
 
 TEST_F(Dispatch, APressThatDoesNothingTellsWhy) {
-    struct : EditorShell {
-        std::string told;
-        void Tell(std::string_view text) override { told = text; }
-    } shell;
+    HearingShell shell;
     window = std::make_unique<WindowTarn>(shell);
     window->Activate();
     window->Bind(BuildNewScore({2, 1}, "D"));
     Enter(kQuarter, 1, 1, 5, 3);
+    // What is told of a press goes with the next one that does something.
     const auto toldAt = [&](Point p) {
-        shell.told.clear();
         MouseDown(*window, p.x, p.y, 0);
         MouseUp(*window, p.x, p.y);
         return shell.told;

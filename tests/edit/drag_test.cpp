@@ -167,6 +167,17 @@ TEST_F(DragTest, WhatGoesMeanwhileIsNoLongerDragged) {
     MouseUp(*window, at.x + 300, at.y);
     EXPECT_EQ(MiddleOf(PatchOf(Only<Dinamiche>()).Bounds()), at);
     ExpectFiled();
+
+    // So does a step taken back that is another's.
+    Fill(2, 1, "4:3");
+    Fill(3, 1, "4:3");
+    const Point from = MiddleOf(RectOf(Head(2, 1, 0)));
+    Take(from);
+    MouseMove(*window, from.x, from.y - 200);
+    window->Undo();
+    EXPECT_FALSE(window->interaction);
+    MouseUp(*window, from.x, from.y - 200);
+    EXPECT_EQ(Head(2, 1, 0)->_line, 3);
 }
 
 TEST_F(DragTest, AnArticulationPressedOnTheStemGoesToItsChord) {

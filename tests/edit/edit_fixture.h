@@ -16,6 +16,12 @@
 
 namespace corvane {
 
+// A shell that keeps the last thing it was told.
+struct HearingShell : EditorShell {
+    std::string told;
+    void Tell(std::string_view text) override { told = text; }
+};
+
 class EditTest : public ::testing::Test {
 protected:
     void SetUp() override {

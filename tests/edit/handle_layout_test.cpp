@@ -132,8 +132,16 @@ TEST_F(HandleLayoutTest, AnEndOfASystemMovesIt) {
     Move(HandleOf(last, 1), {-250, 0});
     EXPECT_EQ(FrameOf(last).left + last->Width(), right - 250);
     for (const Staff* staff : StaffsFromTop(system)) EXPECT_EQ(FrameOf(staff).right, right - 250);
+
+    // Measures that come, there or elsewhere, leave its ends where they are; a new indent does not.
+    for (const char* behind : {"2", "5"}) Do(32791, {{"count", "1"}, {"after", behind}});
+    EXPECT_EQ(system->_left, 400);
+    EXPECT_EQ(FrameOf(last).left + last->Width(), right - 250);
     Move(HandleOf(last, 1), {9000, 0});
     EXPECT_EQ(FrameOf(last).left + last->Width(), Document::pageWidth) << "as far as the paper";
+    Do(32787, {{"indent", "700"}});
+    EXPECT_EQ(system->_left, 700);
+    EXPECT_EQ(FrameOf(last).left + last->Width(), right);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // When control points are there, how they are selected, and what Clear makes of them.
+#include "edit/Texts.h"
 #include "handle_fixture.h"
 #include "layout/Engraving.h"
+#include "layout/TieShape.h"
 
 namespace corvane {
 namespace {
@@ -151,6 +153,44 @@ TEST_F(HandleLifeTest, KeysGoFromOneToTheNextAndMoveIt) {
     StateKeeper keeper(*window);
     EXPECT_TRUE(NudgeHandles(*window, {20, 0}));
     EXPECT_EQ(keeper.commands, 0) << "a stem stands upright";
+}
+
+TEST_F(HandleLifeTest, TheyGoBeforeWhatLiesUnderThem) {
+    const Measure* first = MeasureNumber(1);
+    Do(kBarlines, {});
+    const Point at = HandleOf(first, 1).place;
+    InsertMeasureStaffText(*window, Crossing(1, 1), {at.x - 100, at.y + 60}, "dolce", {});
+    ASSERT_TRUE(window->Sheet().HitSymbol(at).Record<MeasureStaffText>());
+    MouseDoubleClick(*window, at.x, at.y, 0);
+    EXPECT_EQ(window->textEntry, nullptr);
+    EXPECT_TRUE(window->Handles().IsSelected(HandleOf(first, 1)));
+    EXPECT_TRUE(window->TheSelection().IsEmpty());
+}
+
+TEST_F(HandleLifeTest, ACopyKeepsWhatAPersonHasTold) {
+    Fill(1, 1, "4:3 4:8 4:8");
+    ASSERT_TRUE(TieNotesOf(*window, {Head(1, 1, 1)}));
+    Do(kStems, {});
+    Do(kTies, {});
+    const Stem* stem = StemOf(Event(1, 1, 0));
+    Drag(HandleOf(stem), {0, -80});
+    for (const Handle& handle : window->Handles().All())
+        if (handle.kind == HandleKind::Tie) Drag(handle, {0, -120});
+    Lasso(1, -50, 1, 1000);
+    constexpr int kCopy = 57634, kPaste = 57637;
+    ASSERT_TRUE(RunCommand(*window, kCopy, {}));
+    window->caret = {MeasureNumber(2), StaffNumber(1), At(2, 1, 0, 5).x, true};
+    ASSERT_TRUE(RunCommand(*window, kPaste, {}));
+    const Stem* copy = StemOf(Event(2, 1, 0));
+    EXPECT_EQ(copy->_length, stem->_length);
+    EXPECT_TRUE(IsLengthTold(copy));
+    const auto told = [&](int measure) {
+        for (const NoteAttribute* attribute : noteAttributes.Of(Head(measure, 1, 1)))
+            if (const auto* mark = As<MarkValue>(attribute)) return ToldHeight(tieMarks.ParentOf(mark));
+        return 0;
+    };
+    EXPECT_NE(told(1), 0);
+    EXPECT_EQ(told(2), told(1));
 }
 
 TEST_F(HandleLifeTest, ClearTakesTupletsAndSlursAway) {

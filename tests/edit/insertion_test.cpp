@@ -43,6 +43,22 @@ TEST_F(Insertion, ANoteBetweenOthersMovesThoseBehindItInTime) {
     EXPECT_EQ(Notes(), "1 1 0 1 2 0 1 1 67 64\n1 2 0 1 2 16000 1 1 71 64\n1 2 16000 1 3 16000 1 1 69 64\n");
 }
 
+TEST_F(Insertion, APressLeftOfTheFirstEventGoesBeforeIt) {
+    Enter(kQuarter, 1, 1, 100, 3);
+    Enter(kEighth, 1, 1, -30, 5);
+    Enter(kHalfRest, 1, 1, -30, 5);
+    ToggleGrace();
+    Enter(kSixteenth, 1, 1, -30, 7);
+    const auto events = Events(1, 1);
+    ASSERT_EQ(events.size(), 4u);
+    EXPECT_TRUE(IsGrace(events[0]));
+    EXPECT_TRUE(As<Pause>(events[1]));
+    EXPECT_EQ(HeadOf(events[2])->_line, 5);
+    EXPECT_EQ(HeadOf(events[3])->_line, 3);
+    for (const VoiceSymbol* event : events) EXPECT_GE(XOf(event), 0);
+    ExpectSound();
+}
+
 TEST_F(Insertion, FullMeasuresRefuseWithoutATrace) {
     for (int i = 0; i < 4; ++i) Enter(kQuarter, 1, 1, 900, 3);
     const std::string before = Notes();

@@ -149,6 +149,9 @@ TEST_F(Transposing, SignsInBracketsAndSmallStepsGoAlong) {
     Step([&] { Do(kTranspose, In(1, {{"interval", "M2"}})); });
     EXPECT_EQ(Names(1, 1), "g a+");
     EXPECT_EQ(Accidentals(1, 1), "A(m");
+    Fill(4, 1, kQuarter, 1, 4);
+    Press(Head(4, 1, 1), 29);
+    EXPECT_EQ(Refusal(kEnharmonic, In(4)), "These notes can be spelled in no other way here");
     Step([&] { Do(kTranspose, In(1, {{"interval", "M3"}})); });
     EXPECT_EQ(Names(1, 1), "b c#5") << "a quarter tone does not fit beside a sharp";
     EXPECT_EQ(Accidentals(1, 1), "A(d");
@@ -174,13 +177,15 @@ TEST_F(Transposing, WhatMakesNoSenseIsRefusedAndTouchesNothing) {
         {{{"from", "9"}, {"interval", "M2"}}, "there is no measure 9"},
     };
     for (const auto& c : cases) EXPECT_EQ(Refusal(kTranspose, c.arguments), c.why);
+    EXPECT_EQ(Refusal(kEnharmonic, {{"from", "1"}, {"staff", "2"}}), "None of these notes has a pitch");
     EXPECT_EQ(PoolState::Of(*window->Pool()), before);
     EXPECT_FALSE(window->CanUndo());
     // Notes under percussion clefs stay where others move; below the lowest key there is nothing.
     const std::vector<int> drums = Lines(1, 2);
     Do(kTranspose, In(1, {{"semitones", "-48"}}));
     EXPECT_EQ(Lines(1, 2), drums);
-    EXPECT_EQ(Refusal(kTranspose, In(1, {{"semitones", "-48"}})), "There is no key for a note in measure 1");
+    EXPECT_EQ(Refusal(kTranspose, In(1, {{"semitones", "-48"}})),
+              "MIDI has no key so low or so high, for a note in measure 1");
 }
 
 TEST(Spelling, EveryKeyHasAWayInEveryKeySignature) {

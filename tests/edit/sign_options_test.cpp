@@ -1,6 +1,8 @@
 // Accidentals that selected notes show as a reminder, and articulations for many notes at once.
 #include "edit/Deletion.h"
+#include "layout/NoteGeometry.h"
 #include "layout/NoteSigns.h"
+#include "layout/SpacingHeader.h"
 #include "notes_fixture.h"
 
 namespace corvane {
@@ -55,6 +57,30 @@ TEST_F(SignOptionsTest, AReminderOutlivesTheNoteBefore) {
         DeleteNote(*window, Head(1, 1, 1), {});
     });
     EXPECT_EQ(Accidentals(1, 1), "A(");
+}
+
+TEST_F(SignOptionsTest, AccidentalsOfTheFirstEventsMoveTheNoteAreaOfAllStaves) {
+    Enter(kQuarter, 1, 2, 5, 5);
+    for (const int line : {3, 5, 7}) Enter(kQuarter, 1, 1, 5, line);
+    const auto left = [&](int staff) { return RectOf(Head(1, staff, 1)).left; };
+    const int32_t before = left(2);
+    for (const int note : {0, 1, 2}) {
+        GenericNote* head = chordNotes.First(As<Chords>(Events(1, 1)[0]));
+        for (int i = 0; i < note; ++i) head = chordNotes.Next(head);
+        Press(head, kSharp);
+        ExpectFiled();
+    }
+    EXPECT_EQ(Accidentals(1, 1), "ddd");
+    EXPECT_GT(left(2), before + 100) << "three columns do not fit in the usual gap";
+    EXPECT_EQ(left(1), left(2));
+    const HeaderPlaces places = PlacesOf(MeasurePar(Crossing(1, 1)));
+    int32_t reach = INT32_MAX;
+    for (const GenericNote* head : chordNotes.Of(As<Chords>(Events(1, 1)[0])))
+        reach = std::min(reach, RectOf(AccidentOf(head)).left);
+    EXPECT_NEAR(left(2) - reach, places.noteArea - places.repeat - 20, 3)
+        << "a fifth of a space from the header";
+    window->Undo();
+    ExpectFiled();
 }
 
 TEST_F(SignOptionsTest, AnotherOctaveIsRemindedOfInItsMeasure) {

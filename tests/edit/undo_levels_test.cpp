@@ -1,6 +1,7 @@
 // More than one step of undo, where a person asks for it.
 #include <random>
 
+#include "base/Notify.h"
 #include "edit/Clipboard.h"
 #include "edit/CommandTable.h"
 #include "spanner_fixture.h"
@@ -96,6 +97,34 @@ TEST_F(UndoLevels, EveryStateComesBackByteByByteAlsoOverManyBlocks) {
         for (int i = Pick(0, 20); i > 0 && window->CanUndo(); --i) window->Undo();
         if (HasFailure()) return;
     }
+}
+
+TEST_F(UndoLevels, ARefusalIsNoStepAndCostsNone) {
+    SetUndoLevels(10);
+    static std::string said;
+    SetNotifySink([](Severity, std::string_view text) { said = text; });
+    Fill(1, 1, "4:3 4:4 4:5 4:6");
+    Fill(2, 1, "2:7 4:5");
+    const PoolState before = Now();
+    Enter(kQuarter, 1, 1, 1000, 3);
+    Enter(kHalfRest, 1, 1, -30, 3);
+    EXPECT_EQ(Now(), before);
+    EXPECT_EQ(Events(1, 1).size(), 4u);
+    window->Undo();
+    EXPECT_EQ(Events(2, 1).size(), 1u) << "the last note entered goes";
+    window->Redo();
+
+    Lasso(1, -50, 1, 900);
+    Run(57634);
+    window->caret = {MeasureNumber(2), StaffNumber(1), At(2, 1, 900, 3).x, true};
+    (void)RunCommand(*window, 57637);
+    EXPECT_EQ(said, "Can't paste, the measure is full!");
+    EXPECT_EQ(Events(2, 1).size(), 3u);
+    ExpectSound();
+    window->Undo();
+    EXPECT_EQ(Events(2, 1).size(), 2u);
+    EXPECT_TRUE(window->CanUndo()) << "and all that was done before";
+    SetNotifySink(nullptr);
 }
 
 TEST_F(UndoLevels, ACutUndoneFromFarIsTheClipboardsNoMore) {

@@ -4,6 +4,7 @@
 #include "layout/NoteGeometry.h"
 #include "layout/PageLayout.h"
 #include "layout/SignRecords.h"
+#include "layout/Spacing.h"
 #include "layout/SpacingHeader.h"
 #include "model/Texts.h"
 #include "play/MIDIUtility.h"
@@ -193,6 +194,27 @@ TEST_F(MidiImport, EverySystemStandsWholeOnItsPage) {
                 }
             }
     }
+}
+
+TEST_F(MidiImport, ALastSystemOfFewMeasuresIsNotTornToTheMargin) {
+    MidiTrackWriter writer;
+    writer.Meta(0, MetaKind::Name, "Viola");  // the first system makes room for it
+    const Bytes map = MidiTrackWriter().Finish(), part = writer.Finish();
+    int shortOnes = 0;
+    for (int bars = 1; bars <= 12; ++bars) {
+        ASSERT_TRUE(Import(File({map, part, Track({{0, 1920 * bars, 60}})})));
+        const System* last = SystemPar(LastMeasure(score));
+        const Measure* before = PrevMeasure(systemMeasures.First(last));
+        const System* above = before ? SystemPar(before) : last;
+        const bool isShort = last->_right < above->_right;
+        EXPECT_EQ(isShort, 2 * last->_measureCount <= above->_measureCount) << bars;
+        EXPECT_EQ(LastMeasure(score)->_right, last->_right - last->_left) << bars;
+        if (!isShort) continue;
+        ++shortOnes;
+        const Measure *one = systemMeasures.Last(last), *other = systemMeasures.Last(above);
+        EXPECT_NEAR(one->Width() - NoteAreaLeft(one), other->Width() - NoteAreaLeft(other), 2) << bars;
+    }
+    EXPECT_GT(shortOnes, 1);
 }
 
 TEST_F(MidiImport, TheTitleAndTheNamesOfStavesAreShown) {

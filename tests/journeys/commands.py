@@ -32,16 +32,6 @@ def compose(program):
     return plan
 
 
-def by_dialog(desk, name, title, menu, keys):
-    desk.key(*menu.split())
-    desk.dialog(title + ".*")
-    desk.key(*keys.split())
-    desk.picture(name)
-    desk.key("Return")
-    wait_for(lambda: "score.cvm" in desk.active_window(), f"{title} to be done")
-    desk.settled()
-
-
 def refused(desk):
     """A meter that no measure can have leaves the dialog open with a message; nothing changes."""
     desk.key("alt+s", "t")
@@ -64,7 +54,7 @@ def journey(desk, corvane):
     desk.settled()
     for name, title, menu, keys, _ in BY_HAND:
         desk.key("ctrl+shift+a")
-        by_dialog(desk, name, title, menu, keys)
+        desk.by_dialog(name, title, menu, keys)
         desk.key("ctrl+z", "ctrl+shift+z")
     refused(desk)
     desk.key("ctrl+shift+a", "ctrl+e", "ctrl+d")  # other spellings, stems down

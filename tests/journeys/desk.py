@@ -204,6 +204,18 @@ class Desk:
         wait_for(lambda: re.fullmatch(title, self.active_window()), f'the box "{title}"')
         time.sleep(0.15)
 
+    def by_dialog(self, name, title, menu, keys="", fill=lambda: None):
+        """Opens a dialog by its menu keys, types keys into it or has it filled, and closes it with Return."""
+        self.key(*menu.split())
+        self.dialog(title + ".*")
+        if keys:
+            self.key(*keys.split())
+        fill()
+        self.picture(name)
+        self.key("Return")
+        wait_for(lambda: "score.cvm" in self.active_window(), f"{title} to be done")
+        self.settled()
+
     def picture(self, name):
         time.sleep(0.25)
         path = os.path.join(self.pictures, name + ".png")

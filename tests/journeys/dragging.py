@@ -1,5 +1,5 @@
-"""A dynamic, a head and the handles of a stem and a barline dragged with the arrow, seen on the way; the score then is as a
-script makes it."""
+"""A dynamic, a head, the end and the opening of a hairpin, a beam and the handles of a stem and a barline dragged with the
+arrow, seen on the way; the score then is as a script makes it."""
 import sys
 
 from commands import compose
@@ -18,12 +18,24 @@ def is_number(word):
     return word.lstrip("-").isdigit()
 
 
+def rect_of(geometry, name):
+    """Of the first object of a class."""
+    return next([int(n) for n in line.split()[-4:]] for line in geometry.splitlines() if line.startswith(name))
+
+
 def journey(desk, corvane):
     program = Program(corvane, desk.env)
     plan = compose(program)
     _, left, right = plan.measures[1, 1]
     x, y = (left + right) // 2, plan.y(1, -5)
-    plan.add("item 3 8", f"press {x} {y}", "tool arrow")
+    plan.add("item 3 8", f"press {x} {y}", "key 4")
+    for line in (4, 5):
+        plan.append(3, 1, line)
+    wedge = right + 200, plan.y(1, -4)
+    plan.add("item 3 18", f"drag {wedge[0]} {wedge[1]} {wedge[0] + 1000} {wedge[1]}", "tool arrow")
+    geometry = program.script(*plan.steps, "dump geometry")
+    beam, hairpin = rect_of(geometry, "BeamMarker"), rect_of(geometry, "MarkHairpin")
+    beam_x, beam_y = (beam[0] + beam[2]) // 2, (beam[1] + beam[3]) // 2
     path = desk.path("score.cvm")
     program.script(*plan.steps, f'save "{path}"')
     process, _ = desk.start(corvane, path)
@@ -32,6 +44,9 @@ def journey(desk, corvane):
     place = [left + at * (right - left) // 1000 for at in plan.events(1, 1, 1)]
     stem, end, top = place[0] + 112, plan.y(1, 3) - 300, plan.y(1, 9)
     moves = [
+        ("hairpin", "", "", (hairpin[2] - 20, wedge[1], hairpin[2] + 1080, wedge[1] + 40)),
+        ("opening", "", "", (hairpin[2] + 1075, hairpin[1] + 8, hairpin[2] + 1075, hairpin[1] - 72)),
+        ("beam", "", "", (beam_x, beam_y, beam_x, beam_y - 200)),
         ("dynamic", "", "", (x, y, x + 800, y + 300)),
         ("head", "", "", (place[1] + 50, plan.y(1, 4), place[1] + 50, plan.y(1, 11))),
         ("stem", "u", "command 33045", (stem, end, stem, end - 250)),

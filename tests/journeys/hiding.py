@@ -14,17 +14,6 @@ STEPS = [
 ]
 
 
-def by_dialog(desk, name, title, menu, keys):
-    desk.key(*menu.split())
-    desk.dialog(title + ".*")
-    if keys:
-        desk.key(*keys.split())
-    desk.picture(name)
-    desk.key("Return")
-    wait_for(lambda: "score.cvm" in desk.active_window(), f"{title} to be done")
-    desk.settled()
-
-
 def page(desk, name):
     """The pixels of the page's upper part."""
     left, top, _ = (round(float(word)) for word in desk.words("view")[0])
@@ -34,12 +23,12 @@ def page(desk, name):
 
 def by_hand(desk):
     desk.key("ctrl+shift+a")
-    by_dialog(desk, "articulations", "Apply Articulations", "alt+n y", "alt+a Home Down")
-    by_dialog(desk, "accidentals", "Accidentals Options", "ctrl+a", "alt+a End")
+    desk.by_dialog("articulations", "Apply Articulations", "alt+n y", "alt+a Home Down")
+    desk.by_dialog("accidentals", "Accidentals Options", "ctrl+a", "alt+a End")
     desk.key("alt+u")
     desk.settled()
     desk.picture("hidden")
-    by_dialog(desk, "options", "Show-Hide Options", "alt+v h o", "alt+s Down")
+    desk.by_dialog("options", "Show-Hide Options", "alt+v h o", "alt+s Down")
     desk.key("alt+v", "g")
     desk.key("Escape")
     desk.settled()

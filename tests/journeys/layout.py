@@ -19,18 +19,12 @@ BY_HAND = [
 ]
 
 
-def fill(desk, name, title, menu, fields):
-    desk.key(*menu.split())
-    desk.dialog(title + ".*")
+def fill(desk, fields):
     for field, text in fields:
         desk.key(field)
         if text.isdigit():
             desk.key("ctrl+a")
         desk.type(text)
-    desk.picture(name)
-    desk.key("Return")
-    wait_for(lambda: "score.cvm" in desk.active_window(), f"{title} to be done")
-    desk.settled()
 
 
 def too_small(desk):
@@ -67,7 +61,7 @@ def journey(desk, corvane):
     process, _ = desk.start(corvane, path)
     desk.settled()
     for name, title, keys, fields, _ in BY_HAND:
-        fill(desk, name, title, keys, fields)
+        desk.by_dialog(name, title, keys, fill=lambda: fill(desk, fields))
     too_small(desk)
     desk.picture("all")
     steps = [step for *_, step in BY_HAND]

@@ -90,6 +90,34 @@ TEST_F(View, TabWalksInTheScoreAndEscapeLeavesStepByStep) {
         << "the menu's shortcut takes it away, not the view";
 }
 
+TEST_F(View, EscapeEndsADragWithoutATrace) {
+    EnterSome();
+    SetToolMode(ModeArrow);
+    const GenericNote* note = nullptr;
+    for (const DrawPatch& patch : window->Sheet().AllPatches())
+        if (const auto* column = patch.Record<ChordSymbol>())
+            note = stemNotes.First(chordSymbolStems.First(column));
+    ASSERT_NE(note, nullptr);
+    const int line = note->_line;
+    const Rect head = RectOf(note);
+    const QPointF at = On({(head.left + head.right) / 2, (head.top + head.bottom) / 2}),
+                  to = at - QPointF(0, 40);
+    const auto escapeIsTheMenus = [&] {
+        QKeyEvent asked(QEvent::ShortcutOverride, Qt::Key_Escape, Qt::NoModifier);
+        asked.ignore();
+        QApplication::sendEvent(&view, &asked);
+        return !asked.isAccepted();
+    };
+    EXPECT_TRUE(escapeIsTheMenus());
+    Send(QEvent::MouseButtonPress, at);
+    Send(QEvent::MouseMove, to);
+    EXPECT_FALSE(escapeIsTheMenus());
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(&view, &escape);
+    Send(QEvent::MouseButtonRelease, to);
+    EXPECT_EQ(note->_line, line);
+}
+
 TEST_F(View, WithHandlesShownTabAndArrowKeysAreForThem) {
     const auto key = [&](int code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QKeyEvent event(QEvent::KeyPress, code, modifiers);
@@ -207,6 +235,10 @@ TEST_F(View, HandlesAreSeenAndPressedAtEveryZoom) {
         const QImage without = grab();
         ASSERT_TRUE(RunCommand(*window, kBarlines));
         const QImage with = grab();
+        Send(QEvent::MouseMove, On(handle.place), Qt::NoButton);
+        EXPECT_EQ(view.viewport()->cursor().shape(), Qt::SizeAllCursor);
+        Send(QEvent::MouseMove, On(handle.place) + QPointF(30, 30), Qt::NoButton);
+        EXPECT_NE(view.viewport()->cursor().shape(), Qt::SizeAllCursor);
         const QPoint middle = On(handle.place).toPoint();
         int changed = 0;
         for (int dy = -15; dy <= 15; ++dy) {
@@ -218,6 +250,8 @@ TEST_F(View, HandlesAreSeenAndPressedAtEveryZoom) {
         Send(QEvent::MouseButtonPress, QPointF(middle + QPoint(3, -3)));
         Send(QEvent::MouseButtonRelease, QPointF(middle + QPoint(3, -3)));
         EXPECT_TRUE(window->Handles().IsSelected(handle));
+        Send(QEvent::MouseButtonPress, QPointF(middle), Qt::RightButton);
+        EXPECT_TRUE(window->Handles().IsSelected(handle)) << "the menu is about it";
         EXPECT_NE(grab().pixel(middle), with.pixel(middle)) << "a selected one is filled";
         ASSERT_TRUE(RunCommand(*window, kHide));
         window->caret.visible = false;
