@@ -9,6 +9,7 @@
 #include "edit/TarnClick.h"
 #include "edit/TarnDestroy.h"
 #include "layout/NoteGeometry.h"
+#include "layout/SlurSigns.h"
 #include "layout/SpannerLines.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -82,18 +83,35 @@ void Tell(WindowTarn& window, const Status& status) {
     if (!status) window.Shell().Tell(status.message());
 }
 
+std::vector<Corona*> FermatasUnder(const std::vector<StaffMeasureSymbol*>& marks) {
+    std::vector<Corona*> fermatas;
+    for (const StaffMeasureSymbol* mark : marks)
+        for (Corona* fermata : FermatasUnder(mark)) fermatas.push_back(fermata);
+    return fermatas;
+}
+
+// Of those that the sheet shows: they stand outside slurs.
+void Refile(WindowTarn& window, const std::vector<Corona*>& fermatas) {
+    for (Corona* fermata : fermatas)
+        if (const DrawPatch patch = PatchOf(fermata); window.Sheet().IsFiled(patch))
+            window.Sheet().AddObject(patch, VoicePar(noteAttributes.ParentOf(fermata))->_number);
+}
+
 }  // namespace
 
 void FileMarks(WindowTarn& window, const StaffMeasureSymbol* mark) {
     for (StaffMeasureSymbol* each : MarksOf(mark))
         if (PagePar(MeasurePar(each)) == window.Sheet().CurrentPage())
             window.Sheet().AddObject(PatchOf(each), 0);
+    Refile(window, FermatasUnder(MarksOf(mark)));
 }
 
 void DeleteSpanner(WindowTarn& window, StaffMeasureSymbol* mark) {
     const std::vector<StaffMeasureSymbol*> marks = MarksOf(mark);
+    const std::vector<Corona*> fermatas = FermatasUnder(marks);
     for (StaffMeasureSymbol* each : marks) TakeOff(window, each);
     if (!marks.empty()) DestroyStaffMeasureSymbol(marks.front());
+    Refile(window, fermatas);
 }
 
 Status InsertHairpin(WindowTarn& window, const LineRange& range, HairpinKind kind) {

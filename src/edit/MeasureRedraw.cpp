@@ -34,6 +34,13 @@ std::vector<const MeasureStaff*> CrossingsWith(const MeasureStaff* crossing) {
     return crossings;
 }
 
+// A sign on a note that an outer one will file.
+bool IsTaken(const DrawPatch& patch) {
+    const auto* fermata = patch.Record<Corona>();
+    const MeasureStaff* crossing = fermata ? MeasureStaffPar(noteAttributes.ParentOf(fermata)) : nullptr;
+    return crossing && std::find(taken.begin(), taken.end(), crossing) != taken.end();
+}
+
 }  // namespace
 
 MeasureRedraw::MeasureRedraw(WindowTarn& window, const MeasureStaff* measureStaff)
@@ -60,7 +67,9 @@ MeasureRedraw::~MeasureRedraw() {
     for (const MeasureStaff* crossing : _crossings) {
         if (PagePar(MeasurePar(crossing)) != _window.Sheet().CurrentPage()) continue;
         ForEachPatch(crossing, add);
-        ForEachSpannerOver(crossing, add);
+        ForEachSpannerOver(crossing, [&](const DrawPatch& patch, int voice) {
+            if (!IsTaken(patch)) add(patch, voice);
+        });
     }
     if (!_crossings.empty() && NoteAreaLeft(_measure) != _header) RedrawMoved();
 }

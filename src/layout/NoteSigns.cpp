@@ -4,6 +4,7 @@
 
 #include "layout/Engraving.h"
 #include "layout/NoteGeometry.h"
+#include "layout/SlurSigns.h"
 #include "layout/SymbolInk.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -150,14 +151,24 @@ int32_t TopBehind(const Seen& seen, const SymbolAttribute* sign, SignSide side, 
     return stays ? std::max(top, seen.staff.Bottom() + out) : top;
 }
 
+// Where the chord ends for a sign that stands outside slurs too.
+int32_t BeyondSlurs(const Seen& seen, SignSide side, int32_t edge, int32_t left, int32_t right) {
+    const bool above = side == SignSide::Above;
+    const auto slur = SlurEdgeOver(seen.chord, above, left, right);
+    if (!slur) return edge;
+    return above ? std::min(edge, *slur) : std::max(edge, *slur);
+}
+
 Point PlaceInStack(const Seen& seen, const SymbolAttribute* wanted, SignSide side, int32_t percent) {
     const Rect head = RectOf(seen.OuterHead(side), seen.column);
     int32_t edge = seen.EdgeOf(side);
     bool first = true;
     for (const SymbolAttribute* sign : SignsOn(seen, side)) {
         const Rect ink = InkOf(sign->_symbol, Point{}, seen.staff.lineDistance, percent);
+        const int32_t left = (head.left + head.right - ink.Width()) / 2;
+        if (As<Corona>(sign)) edge = BeyondSlurs(seen, side, edge, left, left + ink.Width());
         const int32_t top = TopBehind(seen, sign, side, edge, ink.Height(), first);
-        if (sign == wanted) return {(head.left + head.right - ink.Width()) / 2 - ink.left, top - ink.top};
+        if (sign == wanted) return {left - ink.left, top - ink.top};
         edge = side == SignSide::Above ? top : top + ink.Height();
         first = false;
     }

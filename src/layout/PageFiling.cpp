@@ -2,6 +2,7 @@
 
 #include "layout/Lyrics.h"
 #include "layout/PageLayout.h"
+#include "layout/SlurSigns.h"
 #include "layout/SpannerMarks.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -81,6 +82,11 @@ void VisitMarksOver(const MeasureStaff* crossing, const PatchVisitor& visit) {
             if (!marks.empty() && MeasurePar(marks.front())->_number <= measure->_number &&
                 MeasurePar(marks.back())->_number >= measure->_number)
                 Visit(symbol, 0, visit);
+            // What stands outside a slur moves with it.
+            for (Corona* fermata : FermatasUnder(symbol))
+                if (const Voice* voice = VoicePar(noteAttributes.ParentOf(fermata));
+                    MeasureStaffPar(voice) != crossing)
+                    Visit(fermata, voice->_number, visit);
         }
 }
 

@@ -6,6 +6,7 @@
 #include "base/Rounding.h"
 #include "layout/Engraving.h"
 #include "layout/NoteGeometry.h"
+#include "layout/NoteSigns.h"
 #include "layout/PageFiling.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -15,8 +16,8 @@ namespace {
 
 // Hundredths of a line distance: what a tip keeps from a head, from a stem's end and from a rest; what the
 // curve keeps from notes; tips of a piece that goes on, from the system's edge and outside the staff.
-constexpr int32_t kFromHead = 40, kFromStem = 35, kClear = 40, kFromEdge = 30, kBeforeNotes = 130,
-                  kOutside = 100;
+constexpr int32_t kFromHead = 40, kFromStem = 35, kFromSign = 30, kBesideStem = 20, kClear = 40,
+                  kFromEdge = 30, kBeforeNotes = 130, kOutside = 100;
 constexpr int32_t kTip = 7, kMiddle = 26, kShoulder = 280;
 // The arch's usual height: towards the highest with growing length, half of it at the half length (line
 // distances).
@@ -30,6 +31,14 @@ constexpr int kMostLifts = 60;
 const VoiceSymbol* EventOf(const void* object) {
     if (!object || !VoiceSymbol::IsHeir(ClassNumberOf(object))) return nullptr;
     return static_cast<const VoiceSymbol*>(object);
+}
+
+// From a grace chord to the event that it ornaments.
+bool LeadsToMainNote(const VoiceSymbol* first, const VoiceSymbol* last) {
+    if (!first || !last || !IsGrace(first) || !As<Chords>(last)) return false;
+    const VoiceSymbol* main = first;
+    while (main && IsGrace(main)) main = voiceSymbols.Next(main);
+    return main == last;
 }
 
 class SlurShape {
@@ -55,13 +64,37 @@ private:
     int32_t Out(int32_t hundredths) const { return _out * _part.Hundredths(hundredths); }
     bool IsFarther(int32_t y, int32_t than) const { return _above ? y < than : y > than; }
 
+    // Beyond articulations that stand there.
     Point TipAt(const VoiceSymbol* event) const {
         const auto* chord = As<Chords>(event);
         const Stem* stem = chord ? StemOf(chord) : nullptr;
-        if (!stem) {
-            const Rect ink = RectOf(As<Pause>(event));
-            return {(ink.left + ink.right) / 2, (_above ? ink.top : ink.bottom) + Out(kFromHead)};
-        }
+        if (!stem) return TipAtRest(event);
+        const bool atMain = event == _last && _first && LeadsToMainNote(_first, _last);
+        Point tip =
+            atMain && HasStemInk(stem) && IsUp(stem->_direction) == _above ? TipBeside(stem) : TipAt(stem);
+        for (const GenericNote* note : chordNotes.Of(chord))
+            for (const NoteAttribute* attribute : noteAttributes.Of(note)) {
+                const auto* sign = As<Articolazione>(attribute);
+                if (const Rect ink = sign ? PlaceOf(sign).Ink() : Rect{}; !ink.IsEmpty())
+                    if (const int32_t y = (_above ? ink.top : ink.bottom) + Out(kFromSign);
+                        IsFarther(y, tip.y) && tip.x > ink.left - _space && tip.x < ink.right + _space)
+                        tip.y = y;
+            }
+        return tip;
+    }
+
+    // At the head of a main note whose stem goes where the slur runs: before that.
+    Point TipBeside(const Stem* stem) const {
+        const Rect heads = HeadsOf(Column(stem));
+        return {heads.left - _part.Hundredths(kBesideStem), _above ? heads.top : heads.bottom};
+    }
+
+    Point TipAtRest(const VoiceSymbol* event) const {
+        const Rect ink = RectOf(As<Pause>(event));
+        return {(ink.left + ink.right) / 2, (_above ? ink.top : ink.bottom) + Out(kFromHead)};
+    }
+
+    Point TipAt(const Stem* stem) const {
         const Column column(stem);
         const Rect heads = HeadsOf(column);
         if (HasStemInk(stem) && IsUp(stem->_direction) == _above) {
@@ -109,7 +142,8 @@ private:
                 if (!IsEnd(column)) add(patch.Bounds());
             } else if (const auto* pause = patch.Record<Pause>()) {
                 if (pause != _first && pause != _last) add(patch.Bounds());
-            } else if (patch.Record<Accident>() || patch.Record<SymbolAttribute>() ||
+            } else if (patch.Record<Accident>() ||
+                       (patch.Record<SymbolAttribute>() && !patch.Record<Corona>()) ||
                        patch.Record<MarkIrreg>() || patch.Record<BeamMarker>() || patch.Record<Tremolo>()) {
                 add(patch.Bounds());
             }
@@ -206,6 +240,7 @@ bool IsAbove(const Slur* slur) {
     if (slur->_side != static_cast<int32_t>(SlurSide::ByStems))
         return slur->_side == static_cast<int32_t>(SlurSide::Above);
     const VoiceSymbol *first = FirstEventOf(slur), *last = LastEventOf(slur);
+    if (LeadsToMainNote(first, last)) return !IsUp(StemOf(As<Chords>(first))->_direction);
     if (const Voice* voice = VoicePar(first); StemsAreForced(voice)) return ForcedStemsUp(voice);
     const int32_t end = MeasurePar(last)->_number;
     const VoiceSymbol* event = first;
