@@ -30,6 +30,41 @@ void LiftBracket(Endings* endings) {
     endings->_long[0] = -lift;
 }
 
+Endings* EndingsIn(const Measure* measure) {
+    const MarkEndings* mark = measure ? MarkIn(measure) : nullptr;
+    return mark ? endingsMarks.ParentOf(mark) : nullptr;
+}
+
+bool AreInOneSystem(const Measure* a, const Measure* b) { return a && b && SystemPar(a) == SystemPar(b); }
+
+// A run of measures with the endings that adjoin it in its systems, and further ones that adjoin those.
+MeasureRange WithNeighbours(MeasureRange range) {
+    for (const Measure* before = PrevMeasure(range.first); AreInOneSystem(before, range.first);
+         before = PrevMeasure(range.first)) {
+        const Endings* endings = EndingsIn(before);
+        if (!endings) break;
+        range.first = MeasurePar(endingsMarks.First(endings));
+    }
+    for (const Measure* behind = NextMeasure(range.last); AreInOneSystem(behind, range.last);
+         behind = NextMeasure(range.last)) {
+        const Endings* endings = EndingsIn(behind);
+        if (!endings) break;
+        range.last = MeasurePar(endingsMarks.Last(endings));
+    }
+    return range;
+}
+
+// Brackets that adjoin each other stand at one height, as high as any of them has to.
+void LevelBrackets(const MeasureRange& range) {
+    int32_t highest = 0;
+    const Measure* behind = NextMeasure(range.last);
+    for (const Measure* each = range.first; each != behind; each = NextMeasure(each))
+        if (const Endings* endings = EndingsIn(each)) highest = std::min(highest, endings->_long[0].Get());
+    for (const Measure* each = range.first; each != behind; each = NextMeasure(each))
+        if (Endings* endings = EndingsIn(each); endings && endings->_long[0] != highest)
+            endings->_long[0] = highest;
+}
+
 void ReleaseEndings(Endings* endings) {
     while (MarkEndings* mark = endingsMarks.First(endings)) {
         endingsMarks.Remove(mark);
@@ -77,7 +112,8 @@ Status InsertEndings(WindowTarn& window, const MeasureRange& range, std::string_
     for (Measure* measure = range.first; measure != behind; measure = NextMeasure(measure))
         if (MarkEndings* mark = MarkIn(measure)) DeleteEndings(window, endingsMarks.ParentOf(mark));
     if (text.empty()) return Status::Ok();
-    const SystemRedraw redraw(window, range.first, range.last);
+    const MeasureRange level = WithNeighbours(range);
+    const SystemRedraw redraw(window, level.first, level.last);
     auto* endings = Make<Endings>();
     SetText(endings->_text, text);
     for (Measure* measure = range.first; measure != behind; measure = NextMeasure(measure)) {
@@ -86,6 +122,7 @@ Status InsertEndings(WindowTarn& window, const MeasureRange& range, std::string_
         endingsMarks.Add(endings, mark);
     }
     LiftBracket(endings);
+    LevelBrackets(level);
     return Status::Ok();
 }
 

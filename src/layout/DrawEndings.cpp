@@ -9,6 +9,7 @@
 #include "layout/Frames.h"
 #include "layout/LineWeights.h"
 #include "layout/SpacingHeader.h"
+#include "layout/TextFaces.h"
 #include "model/Par.h"
 #include "model/Preferences.h"
 
@@ -70,7 +71,7 @@ Piece PieceOf(const MarkEndings& mark) {
 void UseTextFont(GraphicPort& port, const MarkEndings& mark, int32_t size) {
     const auto* preferences = Preferences<RipetitionPref>(DocumentPar(MeasurePar(&mark)));
     const TarnFont* font = preferences ? preferences->_endingFont.Get() : nullptr;
-    port.SetFontName(font ? TextOf(font->_name) : "Times New Roman");
+    port.SetFontName(FaceOfFigures(font));
     port.SetFontSize(size);
     port.SetFontStyle(font ? font->_style.Get() : uint8_t{0});
 }

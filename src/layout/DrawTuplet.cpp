@@ -11,6 +11,7 @@
 #include "layout/HiddenInk.h"
 #include "layout/LineWeights.h"
 #include "layout/NoteGeometry.h"
+#include "layout/TextFaces.h"
 #include "layout/TupletShape.h"
 #include "model/NoteOperations.h"
 #include "model/Par.h"
@@ -28,7 +29,6 @@ constexpr double kSteepest = 0.2;
 constexpr uint8_t kItalic = 2;
 // The face that new scores tell for figures is of equal widths, as on a typewriter; figures are set as texts
 // are until somebody chooses another one.
-constexpr std::string_view kUsualFace = "Courier New", kTextFace = "Times New Roman";
 
 Rect InkOf(const VoiceSymbol* symbol) {
     if (const auto* pause = As<Pause>(symbol)) return RectOf(pause);
@@ -174,8 +174,7 @@ public:
     static void UseFigureFont(GraphicPort& port, const VoiceSymbol* event, int32_t size) {
         const auto* preferences = Preferences<IrregPref>(DocumentPar(event));
         const TarnFont* font = preferences ? preferences->_font.Get() : nullptr;
-        const std::string_view name = font ? TextOf(font->_name) : kTextFace;
-        port.SetFontName(name == kUsualFace ? kTextFace : name);
+        port.SetFontName(FaceOfFigures(font));
         port.SetFontSize(size);
         port.SetFontStyle(font && font->_style ? font->_style.Get() : kItalic);
     }

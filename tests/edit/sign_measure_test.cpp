@@ -116,6 +116,20 @@ TEST_F(MeasureSignTest, EndingsHangInEveryMeasureAndGoAsOne) {
               "The text of an ending has at most 200 bytes");
 }
 
+TEST_F(MeasureSignTest, EndingsThatAdjoinStandAtOneHeight) {
+    Enter(kQuarter, 2, 1, 10, 19);
+    ASSERT_EQ(SystemPar(MeasureNumber(1)), SystemPar(MeasureNumber(2)));
+    const auto top = [&](int measure) { return PatchOf(The<MarkEndings>(measure)).Bounds().top; };
+    Do(kEndings, {{"from", "1"}, {"to", "1"}, {"text", "1."}});
+    const int32_t low = top(1);
+    Step([&] { Do(kEndings, {{"from", "2"}, {"to", "2"}, {"text", "2."}}); });
+    EXPECT_LT(top(2), low) << "over the note";
+    EXPECT_EQ(top(1), top(2));
+    // Also where the lower one comes later.
+    Step([&] { Do(kEndings, {{"from", "1"}, {"to", "1"}, {"text", "1.,3."}}); });
+    EXPECT_EQ(top(1), top(2));
+}
+
 TEST_F(MeasureSignTest, ATempoMarkIsPlayedFromItsBeat) {
     for (const int measure : {1, 2}) Fill(measure, 1, kQuarter, 4, 0);
     const auto ticks = [&] {
