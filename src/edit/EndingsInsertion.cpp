@@ -126,6 +126,35 @@ Status InsertEndings(WindowTarn& window, const MeasureRange& range, std::string_
     return Status::Ok();
 }
 
+void RaiseEndings(WindowTarn& window, MeasureRange range, const Rect& ink) {
+    if (const Endings* endings = EndingsIn(range.first))
+        range.first = MeasurePar(endingsMarks.First(endings));
+    if (const Endings* endings = EndingsIn(range.last)) range.last = MeasurePar(endingsMarks.Last(endings));
+    const MeasureRange level = WithNeighbours(range);
+    int32_t lift = 0;
+    std::vector<MarkEndings*> marks;
+    const Measure* behind = NextMeasure(level.last);
+    for (const Measure* each = level.first; each != behind; each = NextMeasure(each)) {
+        MarkEndings* mark = MarkIn(each);
+        if (!mark) continue;
+        marks.push_back(mark);
+        const Rect bracket = InkOfMark(mark);
+        const int32_t distance = TopStaffOf(each) ? TopStaffOf(each)->_lineDistance.Get() : 0;
+        if (distance > 0 && bracket.left < ink.right && ink.left < bracket.right)
+            lift =
+                std::max(lift, ((bracket.bottom + distance / 2 - ink.top) * 100 + distance - 1) / distance);
+    }
+    if (lift == 0) return;
+    const Endings* last = nullptr;
+    for (MarkEndings* mark : marks)
+        if (Endings* endings = endingsMarks.ParentOf(mark); endings != last) {
+            endings->_long[0] = endings->_long[0] - lift;
+            last = endings;
+        }
+    for (MarkEndings* mark : marks)
+        if (window.Sheet().IsFiled(PatchOf(mark))) window.Sheet().AddObject(PatchOf(mark), 0);
+}
+
 void EndingsStroke(WindowTarn& window, const PaletteItem&, Point from, Point to, int) {
     MeasureRange range{MeasureUnder(window, from), MeasureUnder(window, to)};
     if (!range.first || !range.last) return;

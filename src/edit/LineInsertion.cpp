@@ -4,10 +4,12 @@
 #include <utility>
 
 #include "edit/DeletionSteps.h"
+#include "edit/Signs.h"
 #include "edit/SpannerSteps.h"
 #include "edit/Spanners.h"
 #include "edit/TarnClick.h"
 #include "edit/TarnDestroy.h"
+#include "layout/AboveStaff.h"
 #include "layout/NoteGeometry.h"
 #include "layout/SlurSigns.h"
 #include "layout/SpannerLines.h"
@@ -27,6 +29,19 @@ bool IsRun(const LineRange& range) {
     return first < last || (first == last && range.from < range.to);
 }
 
+// Brackets of endings stand outside lines over the top staff.
+void RaiseEndingsOver(WindowTarn& window, const StaffMeasureSymbol* mark) {
+    for (StaffMeasureSymbol* each : MarksOf(mark)) {
+        const SpannerPart part = PartOf(each);
+        const std::vector<const MeasureStaff*> crossings =
+            part ? part.Crossings() : std::vector<const MeasureStaff*>();
+        if (crossings.empty() || TopStaffOf(MeasurePar(crossings.front())) != crossings.front()->_staff)
+            continue;
+        RaiseEndings(window, {MeasurePar(crossings.front()), MeasurePar(crossings.back())},
+                     PatchOf(each).Bounds());
+    }
+}
+
 // Makes a line of a class within a step of its own; `dress` gives it what its class alone has.
 template <class Spanner, class Mark, class Rel, class Dress>
 Status InsertLine(WindowTarn& window, const LineRange& range, const Rel& relation, LineKind kind,
@@ -42,6 +57,7 @@ Status InsertLine(WindowTarn& window, const LineRange& range, const Rel& relatio
     SettleMarks(mark);
     spanner->_y = range.y ? *range.y : ClearY(mark, range.from, range.to, kind);
     FileMarks(window, mark);
+    if (kind == LineKind::OctaveAbove) RaiseEndingsOver(window, mark);
     return Status::Ok();
 }
 

@@ -39,6 +39,9 @@ Status ChangeBarline(WindowTarn& window, Measure* measure, BarlineChange change,
 // A bracket over measures; brackets that it meets go.
 Status InsertEndings(WindowTarn& window, const MeasureRange& range, std::string_view text);
 void DeleteEndings(WindowTarn& window, Endings* endings);
+// Lifts the brackets over what has come to stand above the top staff of some measures, and their neighbours
+// with them.
+void RaiseEndings(WindowTarn& window, MeasureRange range, const Rect& ink);
 
 struct TempoValue {
     static constexpr int kMostDots = 3, kMostBpm = 999;

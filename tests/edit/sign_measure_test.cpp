@@ -5,7 +5,7 @@
 namespace corvane {
 namespace {
 
-constexpr int kBarline = 32783, kEndings = 32796, kTempo = 32778, kCoda = 32797;
+constexpr int kBarline = 32783, kEndings = 32796, kTempo = 32778, kCoda = 32797, kOctave = 40023;
 
 class MeasureSignTest : public SignTest {
 protected:
@@ -124,6 +124,18 @@ TEST_F(MeasureSignTest, EndingsThatAdjoinStandAtOneHeight) {
     const int32_t low = top(1);
     Step([&] { Do(kEndings, {{"from", "2"}, {"to", "2"}, {"text", "2."}}); });
     EXPECT_LT(top(2), low) << "over the note";
+    EXPECT_EQ(top(1), top(2));
+    // An octave line that comes under one lifts both.
+    const Point from = At(2, 1, -30, 30), to = At(2, 1, 900, -10);
+    SetToolMode(ModeArrow);
+    MouseDown(*window, from.x, from.y, 0);
+    MouseUp(*window, to.x, to.y);
+    Step([&] { Do(kOctave, {{"kind", "8up"}}); });
+    for (const StaffMeasureSymbol* symbol : staffSymbols.Of(Crossing(2, 1)))
+        if (As<MarkOttava>(symbol)) {
+            EXPECT_LT(PatchOf(The<MarkEndings>(2)).Bounds().bottom,
+                      PatchOf(const_cast<StaffMeasureSymbol*>(symbol)).Bounds().top);
+        }
     EXPECT_EQ(top(1), top(2));
     // Also where the lower one comes later.
     Step([&] { Do(kEndings, {{"from", "1"}, {"to", "1"}, {"text", "1.,3."}}); });
