@@ -81,7 +81,7 @@ GenericNote* TiedFromBefore(const GenericNote* note);
 GenericNote* TiedToAfter(const GenericNote* note);
 // Takes the first's NoteOff and the second's NoteOn. Both sound at the same height.
 void TieNotes(GenericNote* first, GenericNote* second);
-// Puts them back, the notes in either order; nothing where either is still there.
+// Puts them back but where another tie holds, the notes in either order; nothing where either is still there.
 void UntieNotes(GenericNote* note1, GenericNote* note2);
 
 // A Tempo at the mark's beat, clock 0, the two joined.

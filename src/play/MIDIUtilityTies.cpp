@@ -61,8 +61,9 @@ void UntieNotes(GenericNote* note1, GenericNote* note2) {
     CORVANE_ASSERT_AS(note1 && note2, "firstNote && secondNote");
     if (StandsBefore(note2, note1)) std::swap(note1, note2);
     if (NoteOffOf(note1) || NoteOnOf(note2)) return;
-    MakeNoteOff(note1, CoarseEnd(note1));
-    MakeNoteOn(note2, NotePosition(note2));
+    // Over the barline notes of several voices may meet in one note: another tie may still hold either end.
+    if (!TiedToAfter(note1)) MakeNoteOff(note1, CoarseEnd(note1));
+    if (!TiedFromBefore(note2)) MakeNoteOn(note2, NotePosition(note2));
     UpdateNoteHeight(note2);
     // What gave time to grace notes does so again.
     for (const GenericNote* note : {note1, note2}) RenewAroundGraceNotes(VoicePar(note));

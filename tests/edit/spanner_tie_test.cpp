@@ -2,6 +2,7 @@
 #include "edit/Deletion.h"
 #include "model/Ties.h"
 #include "play/MIDIUtility.h"
+#include "rebuilt_events.h"
 #include "spanner_fixture.h"
 
 namespace corvane {
@@ -9,7 +10,15 @@ namespace {
 
 constexpr int kTieNotes = 32804, kTranspose = 32819, kTieItem = 19;
 
-class TieTest : public SpannerTest {};
+class TieTest : public SpannerTest {
+protected:
+    // What is kept to be played, as the notation read anew says it.
+    void ExpectEventsOfNotation() {
+        RoundedVoices rounded;
+        rounded.Watch(Score(), true);
+        ExpectTheEventsOfTheNotation(*window, rounded);
+    }
+};
 
 TEST_F(TieTest, OverTheBarlineTwoNotesSoundOnceAndShowOneAccidental) {
     Fill(1, 1, "2:5 4:5 4:3");
@@ -133,6 +142,53 @@ TEST_F(TieTest, AnEventThatComesBetweenPartsThem) {
         window->Undo();
         ASSERT_TRUE(TieNotesOf(*window, {Head(1, 1, 0), Head(1, 1, 1)}));  // parts them
     }
+}
+
+TEST_F(TieTest, OfTwoVoicesHeldIntoOneNoteTheTieThatStaysHoldsIt) {
+    Fill(1, 1, "1:5");
+    SetCurrentVoice(2);
+    for (const int measure : {1, 2}) Fill(measure, 1, "1:5");
+    GenericNote *upper = Head(1, 1, 0), *lower = chordNotes.First(As<Chords>(Events(1, 1, 2)[0])),
+                *held = chordNotes.First(As<Chords>(Events(2, 1, 2)[0]));
+    ASSERT_TRUE(TieNotesOf(*window, {upper, lower, held}));
+    ASSERT_TRUE(AreTied(upper, held) && AreTied(lower, held));
+    // A rest behind the first voice's note parts that one alone.
+    SetCurrentVoice(1);
+    Step([&] { Enter(kEighthRest, 2, 1, 20, 5); });
+    EXPECT_TRUE(!AreTied(upper, held) && AreTied(lower, held));
+    EXPECT_TRUE(NoteOffOf(upper) && !NoteOffOf(lower) && !NoteOnOf(held));
+    ExpectEventsOfNotation();
+    Step([&] { ASSERT_TRUE(TieNotesOf(*window, {lower})); });
+    EXPECT_TRUE(NoteOffOf(lower) && NoteOnOf(held)) << "the last tie gives both ends back";
+    ExpectEventsOfNotation();
+}
+
+TEST_F(TieTest, OfOneNoteHeldIntoTwoVoicesTheTieThatStaysHoldsIt) {
+    Fill(1, 1, "1:5");
+    Fill(2, 1, "1:7");
+    SetCurrentVoice(2);
+    Fill(2, 1, "1:5");
+    SetCurrentVoice(1);
+    GenericNote *first = Head(1, 1, 0), *lower = chordNotes.First(As<Chords>(Events(2, 1, 2)[0]));
+    ASSERT_TRUE(TieNotesOf(*window, {first}));
+    ASSERT_TRUE(AreTied(first, lower));
+    // The first voice's chord gets the same head: now that one is nearer.
+    Item(kWhole);
+    MouseDown(*window, RectOf(Head(2, 1, 0)).left + 40, At(2, 1, 0, 5).y, 0);
+    GenericNote* upper = NoteToTie(first);
+    ASSERT_TRUE(upper && ChordPar(upper) == Event(2, 1, 0));
+    ASSERT_TRUE(TieNotesOf(*window, {first}));
+    ASSERT_TRUE(AreTied(first, upper) && AreTied(first, lower));
+    Step([&] { ASSERT_TRUE(TieNotesOf(*window, {first})); });
+    EXPECT_TRUE(!AreTied(first, upper) && AreTied(first, lower));
+    EXPECT_TRUE(!NoteOffOf(first) && NoteOnOf(upper) && !NoteOnOf(lower));
+    ExpectEventsOfNotation();
+    Step([&] {
+        const EditStep step(*window);
+        DeleteNote(*window, lower, {});
+    });
+    EXPECT_TRUE(NoteOffOf(first)) << "the last tie gives the end back";
+    ExpectEventsOfNotation();
 }
 
 TEST_F(TieTest, ThePencilTiesAndTheEraserParts) {
