@@ -131,11 +131,10 @@ TEST_F(MeasureSignTest, EndingsThatAdjoinStandAtOneHeight) {
     MouseDown(*window, from.x, from.y, 0);
     MouseUp(*window, to.x, to.y);
     Step([&] { Do(kOctave, {{"kind", "8up"}}); });
-    for (const StaffMeasureSymbol* symbol : staffSymbols.Of(Crossing(2, 1)))
-        if (As<MarkOttava>(symbol)) {
-            EXPECT_LT(PatchOf(The<MarkEndings>(2)).Bounds().bottom,
-                      PatchOf(const_cast<StaffMeasureSymbol*>(symbol)).Bounds().top);
-        }
+    Rect line;  // the mark at its end draws nothing
+    for (StaffMeasureSymbol* symbol : staffSymbols.Of(Crossing(2, 1)))
+        if (As<MarkOttava>(symbol) && line.IsEmpty()) line = PatchOf(symbol).Bounds();
+    EXPECT_LT(PatchOf(The<MarkEndings>(2)).Bounds().bottom, line.top);
     EXPECT_EQ(top(1), top(2));
     // Also where the lower one comes later.
     Step([&] { Do(kEndings, {{"from", "1"}, {"to", "1"}, {"text", "1.,3."}}); });
