@@ -68,7 +68,6 @@ void LeaveRest(Chords* chord, int32_t x) {
 // True if its voice went with it.
 bool DestroyChord(WindowTarn& window, Chords* chord) {
     Voice* voice = VoicePar(chord);
-    DeleteSlursAt(window, chord);
     for (VoiceSymbolAttribute* attribute : voiceSymbolAttributes.Of(chord))
         DeleteVoiceSymbolAttribute(window, attribute);
     voiceSymbols.Remove(chord);
@@ -114,6 +113,8 @@ bool DeleteNote(WindowTarn& window, GenericNote* note, const DeletionChoice& cho
     GenericNote* later = NoteBehind(note);
     VoiceSymbol* neighbour = voiceSymbols.Next(chord) ? voiceSymbols.Next(chord) : voiceSymbols.Prev(chord);
 
+    // While the chord is whole: where their curves run is asked for once more.
+    if (last) DeleteSlursAt(window, chord);
     DeleteTiesOf(window, note);
     if (grace)
         RemoveGraceEvents(static_cast<GraceChord*>(chord));

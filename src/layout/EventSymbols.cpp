@@ -116,8 +116,10 @@ int32_t MusicSymbol::RoomOfDots(const ListaEventi& list) const {
     const int32_t own = RightOfColumn();
     int32_t right = own;
     for (const Chords* chord : _beside) {
-        std::vector<const Chords*> others = _beside;
-        std::replace(others.begin(), others.end(), chord, static_cast<const Chords*>(As<Chords>(_symbol)));
+        std::vector<const Chords*> others;
+        for (const Chords* each : _beside)
+            if (each != chord) others.push_back(each);
+        if (const auto* mine = As<Chords>(_symbol)) others.push_back(mine);
         const Stem* stem = StemOf(chord);
         if (const int32_t shift = stem ? VoiceShift(stem, others) : 0)
             right = std::max(right, shift + HeadWidth(stem));

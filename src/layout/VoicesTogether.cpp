@@ -115,7 +115,8 @@ std::vector<const Chords*> ChordsBeside(const Chords* chord) {
         if (voice == own) continue;
         for (const VoiceSymbol* symbol : voiceSymbols.Of(voice)) {
             const auto* other = As<Chords>(symbol);
-            if (other && !IsGrace(other) && std::abs(XOf(other) - x) <= kSamePlace) beside.push_back(other);
+            // Places are also asked for while a chord goes, whose stem is the first to.
+            if (other && !IsGrace(other) && StemOf(other) && std::abs(XOf(other) - x) <= kSamePlace) beside.push_back(other);
         }
     }
     return beside;

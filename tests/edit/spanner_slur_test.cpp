@@ -1,4 +1,5 @@
 // Slurs and the signs on their notes: what stands inside, what outside, and that the sheet follows.
+#include "edit/CommandTable.h"
 #include "layout/SlurShape.h"
 #include "spanner_fixture.h"
 
@@ -76,6 +77,23 @@ TEST_F(SlurTest, FromAGraceNoteToItsMainNoteASlurRunsFromHeadToHead) {
         EXPECT_LE(Curve().to.y, to.bottom + 60) << "at the head, not at the end of its stem";
         EXPECT_LE(Curve().to.x, to.right);
     }
+}
+
+TEST_F(SlurTest, GoesWithItsNoteBesideAnotherVoiceThatBeginsWithAnAccidental) {
+    Fill(1, 1, "4:7 4:9");
+    GenericNote *first = Head(1, 1, 0), *last = Head(1, 1, 1);
+    Tools().currentVoice = 2;
+    Fill(1, 1, "4:2");
+    Sign(1, 23, chordNotes.First(As<Chords>(Events(1, 1, 2).front())));
+    Tools().currentVoice = 1;
+    Slur(first, last);
+    ASSERT_TRUE(First<MarkSlur>(1, 1));
+    Step([&] {
+        Lasso(1, -60, 1, 60);
+        EXPECT_TRUE(RunCommand(*window, 32774));
+    });
+    EXPECT_FALSE(First<MarkSlur>(1, 1));
+    EXPECT_TRUE(As<Pause>(Events(1, 1).front()));
 }
 
 }  // namespace

@@ -419,5 +419,20 @@ TEST_F(EngraverSpacing, WhatVoicesOfOneStaffMakeRoomForCounts) {
     }
 }
 
+TEST_F(EngraverSpacing, ADottedRestBesideChordsOfOtherVoicesHasRoomForItsDot) {
+    const auto widthOfFirst = [&](int dots) {
+        Open("S");
+        Pause* rest = AddRest(VoiceOn(0), 4, 0);
+        if (dots) AddDot(rest, dots);
+        for (const int16_t number : {2, 3})
+            AddChord(MakeVoice(MeasureStaffPar(VoiceOn(0)), number),
+                     {4, {static_cast<int16_t>(number)}, 0, StemDirection::Down});
+        ListaEventi list(measure, {});
+        list.LayOut(SpacingTable());
+        return list.events[0].rightExtent - list.events[0].leftExtent;
+    };
+    EXPECT_GT(widthOfFirst(1), widthOfFirst(0));
+}
+
 }  // namespace
 }  // namespace corvane::draw
